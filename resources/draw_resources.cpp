@@ -1,0 +1,77 @@
+// Draws the pictures that the program carries. It is run by hand when a drawing changes, and what
+// it draws is kept beside this file: lookfar-draw-resources resources
+
+#include "resources/drawing/emblem.h"
+#include "resources/drawing/splash.h"
+#include "resources/drawing/test_card.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+#include <QStringList>
+
+#include <exception>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+
+namespace lookfar::resources {
+
+namespace {
+
+constexpr int icon_sizes[] = {16, 24, 32, 48, 64, 128, 256};
+constexpr int jpeg_quality = 90;
+
+QImage draw_icon(int pixels) {
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    draw_emblem(painter, image.rect());
+    return image;
+}
+
+void write(const QImage& image, QImageWriter& writer) {
+    if (!writer.write(image))
+        throw std::runtime_error(writer.fileName().toStdString() + ": " +
+                                 writer.errorString().toStdString());
+}
+
+void write_png(const QImage& image, const QString& path) {
+    QImageWriter writer(path, "png");
+    write(image, writer);
+}
+
+void write_jpeg(const QImage& image, const QString& path) {
+    QImageWriter writer(path, "jpg");
+    writer.setQuality(jpeg_quality);
+    write(image, writer);
+}
+
+void draw_all(const QDir& folder) {
+    for (const int pixels : icon_sizes)
+        write_png(draw_icon(pixels), folder.filePath(QString("icon-%1.png").arg(pixels)));
+    write_jpeg(draw_test_card(), folder.filePath("test-card.jpg"));
+    write_png(draw_splash(), folder.filePath("splash.png"));
+}
+
+} // namespace
+
+} // namespace lookfar::resources
+
+int main(int argument_count, char** arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argument_count, arguments);
+    const QStringList words = QGuiApplication::arguments();
+    if (words.size() != 2) {
+        std::cerr << "Usage: lookfar-draw-resources FOLDER\n";
+        return 2;
+    }
+    try {
+        lookfar::resources::draw_all(QDir(words.at(1)));
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+}
