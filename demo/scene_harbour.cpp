@@ -1,0 +1,91 @@
+#include "demo/props.h"
+#include "demo/scenes.h"
+#include "demo/sky.h"
+
+#include <array>
+#include <cmath>
+
+namespace lookfar::demo {
+namespace {
+
+constexpr double waterline = 60.0;
+constexpr std::array house_colours{0xC8553DU, 0xE9C46AU, 0xF1E3CBU, 0x6D9DC5U,
+                                   0xD98C5FU, 0x8AA67EU, 0xB56576U};
+constexpr std::array hull_colours{0xA63D40U, 0x2F5D8AU, 0x2D6A4FU, 0xE0E0DCU};
+
+void paint_house(Stage& stage, double left, double width, unsigned house) {
+    const double height = 15.0 + 9.0 * scattered(41, house);
+    const double eaves = waterline - 2.0 - height;
+    const QColor wall(house_colours[house % house_colours.size()]);
+    stage.fill(QRectF(left, eaves, width, height), wall);
+    stage.fill(QPolygonF({{left - 0.4, eaves},
+                          {left + width / 2.0, eaves - width * 0.65},
+                          {left + width + 0.4, eaves}}),
+               QColor(0x7A4136));
+    stage.fill(QRectF(left + width * 0.72, eaves - width * 0.55, 1.2, 4.0), QColor(0x5F4A42));
+    paint_windows(
+        stage, {QRectF(left, eaves + 0.5, width, height - 5.0), 3, height > 19.0 ? 4 : 3, house});
+    stage.fill(QRectF(left + width * 0.4, waterline - 6.0, width * 0.2, 4.0), QColor(0x4B362C));
+}
+
+void paint_quay(Stage& stage) {
+    unsigned house = 0;
+    for (double left = -3.0; left < stage.width(); ++house) {
+        const double width = 9.0 + 4.0 * scattered(42, house);
+        paint_house(stage, left, width, house);
+        left += width + 0.2;
+    }
+    stage.fill(QRectF(0.0, waterline - 2.2, stage.width(), 2.2), QColor(0x8C8478));
+    stage.fill(QRectF(0.0, waterline - 2.2, stage.width(), 0.5), QColor(0xB9B1A2));
+}
+
+void paint_quay_lamps(Stage& stage) {
+    for (const double x : positions(8.0, stage.width(), 17.0)) {
+        stage.line({x, waterline - 2.0}, {x, waterline - 9.0}, 0.3, QColor(0x2E3238));
+        if (stage.light().darkness > 0.3) {
+            stage.glow({x, waterline - 9.4}, 6.0, QColor(0xFFCB74), 0.95);
+        }
+    }
+}
+
+void paint_walkers(Stage& stage) {
+    for (unsigned walker = 0; walker < 5; ++walker) {
+        const double way = progress(stage.moment(), 50.0 + 7.0 * walker, scattered(43, walker));
+        paint_walker(stage, {way * stage.width(), waterline - 2.0}, 3.6,
+                     QColor(hull_colours[walker % hull_colours.size()]));
+    }
+}
+
+void paint_moored_boats(Stage& stage) {
+    unsigned boat = 0;
+    for (const double x : positions(12.0, stage.width() - 6.0, 23.0)) {
+        const double bobbing = 0.35 * std::sin(stage.moment().frame * 0.9 + x);
+        paint_sailing_boat(stage, {x, waterline + 3.5 + bobbing}, 8.0,
+                           QColor(hull_colours[boat % hull_colours.size()]));
+        ++boat;
+    }
+}
+
+void paint_passing_boats(Stage& stage) {
+    const double far = progress(stage.moment(), 26.0, 0.3) * (stage.width() + 30.0) - 15.0;
+    paint_sailing_boat(stage, {far, 74.0}, 12.0, QColor(0x7B2D26));
+    const double near = progress(stage.moment(), 17.0, 0.75) * (stage.width() + 44.0) - 22.0;
+    paint_sailing_boat(stage, {stage.width() - near, 90.0}, 18.0, QColor(0x284B63));
+}
+
+} // namespace
+
+QImage draw_harbour(QSize size, const Moment& moment) {
+    Stage stage(size, moment);
+    paint_sky(stage, waterline);
+    paint_hills(stage, waterline, 26.0, 5, QColor(0x6B8F71));
+    paint_quay(stage);
+    paint_quay_lamps(stage);
+    paint_walkers(stage);
+    stage.mirror_in_water(waterline, QColor(0x2F5F7A));
+    paint_moored_boats(stage);
+    paint_passing_boats(stage);
+    return stage.take_picture();
+}
+
+} // namespace lookfar::demo
