@@ -1,0 +1,64 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+
+#include <string>
+
+namespace lookfar {
+
+/// The design values of a command button.
+struct CommandButtonDesign {
+    /// `&` marks the access key.
+    std::string Caption = {};
+    Bounds At = {};
+    bool Visible = true;
+    /// Whether Enter presses it from anywhere on the window.
+    bool Default = false;
+    lookfar::Font Font = {};
+    int TabIndex = 0;
+    std::string ToolTipText = {};
+    /// What assistive technology calls the button; empty for the caption.
+    std::string AccessibleName = {};
+};
+
+class CommandButton : public BoxControl {
+  public:
+    CommandButton(Form& owner, const CommandButtonDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    Property<std::string> Caption;
+    Event<> Click;
+
+    const bool Default;
+    const lookfar::Font Font;
+    const int TabIndex;
+    const std::string ToolTipText;
+    const std::string AccessibleName;
+};
+
+/// The design values of a check box.
+struct CheckBoxDesign {
+    std::string Caption = {};
+    Bounds At = {};
+    bool Visible = true;
+    short Value = 0;
+    int TabIndex = 0;
+};
+
+/// A box whose `Value` is 1 when it is ticked and 0 when it is not. A change of the value raises
+/// `Click`, by whomever it is made.
+class CheckBox : public BoxControl {
+  public:
+    CheckBox(Form& owner, const CheckBoxDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    Property<std::string> Caption;
+    Property<short> Value;
+    Event<> Click;
+
+    const int TabIndex;
+};
+
+} // namespace lookfar

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "runtime/element.h"
+#include "runtime/event.h"
+#include "runtime/look.h"
+#include "runtime/property.h"
+
+namespace lookfar {
+
+class ControlVisitor;
+class Form;
+
+/// Anything that is seen on a window. Controls are members of their window, declared front to
+/// back: the order of declaration is the stacking order.
+class Control : public Element {
+  public:
+    Control(Form& owner, bool visible);
+    ~Control() override;
+
+    virtual void accept(ControlVisitor& visitor) = 0;
+
+    Form& form;
+    Property<bool> Visible;
+};
+
+/// A control with a rectangle, in twips from the window's top left corner.
+class BoxControl : public Control {
+  public:
+    BoxControl(Form& owner, const Bounds& bounds, bool visible);
+
+    Bounds bounds() const { return {Left, Top, Width, Height}; }
+
+    Property<float> Left;
+    Property<float> Top;
+    Property<float> Width;
+    Property<float> Height;
+};
+
+/// The buttons of `MouseDown`.
+namespace mouse_button {
+inline constexpr short left = 1;
+inline constexpr short right = 2;
+inline constexpr short middle = 4;
+} // namespace mouse_button
+
+/// What the mouse does to a window or to a drawn control.
+struct MouseEvents {
+    Event<> Click;
+    Event<> DblClick;
+    /// With the button that was pressed.
+    Event<short> MouseDown;
+    Event<> MouseMove;
+};
+
+} // namespace lookfar

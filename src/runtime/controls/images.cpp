@@ -1,0 +1,32 @@
+#include "runtime/controls/images.h"
+
+#include "runtime/controls/visitor.h"
+
+namespace lookfar {
+
+Image::Image(Form& owner, const ImageDesign& design)
+    : BoxControl(owner, design.At, design.Visible),
+      Picture(*this, design.Picture, {.refuse = {}, .changed = [this] { take_natural_size(); }}),
+      Stretch(*this, design.Stretch, {.refuse = {}, .changed = [this] { take_natural_size(); }}),
+      ToolTipText(design.ToolTipText),
+      AccessibleName(design.AccessibleName) {}
+
+void Image::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+void Image::take_natural_size() {
+    if (Stretch || !Picture.get())
+        return;
+    Width = static_cast<float>(Picture.get()->width()) * twips_per_pixel;
+    Height = static_cast<float>(Picture.get()->height()) * twips_per_pixel;
+}
+
+PictureBox::PictureBox(Form& owner, const PictureBoxDesign& design)
+    : BoxControl(owner, design.At, design.Visible), Picture(*this, nullptr) {}
+
+void PictureBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+} // namespace lookfar

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+#include "runtime/picture.h"
+
+#include <string>
+
+namespace lookfar {
+
+/// The design values of an image.
+struct ImageDesign {
+    PictureReference Picture = {};
+    Bounds At = {};
+    bool Visible = true;
+    bool Stretch = false;
+    std::string ToolTipText = {};
+    /// What assistive technology calls the image.
+    std::string AccessibleName = {};
+};
+
+/// A picture on a window. With `Stretch` it is scaled into the control's rectangle; without,
+/// the control takes the picture's natural size, fifteen twips a pixel, as soon as it gets a
+/// picture or loses its stretch.
+class Image : public BoxControl, public MouseEvents {
+  public:
+    Image(Form& owner, const ImageDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    Property<PictureReference> Picture;
+    Property<bool> Stretch;
+
+    const std::string ToolTipText;
+    const std::string AccessibleName;
+
+  private:
+    void take_natural_size();
+};
+
+/// The design values of a picture box.
+struct PictureBoxDesign {
+    Bounds At = {};
+    bool Visible = true;
+};
+
+/// A control that holds a picture to work on.
+class PictureBox : public BoxControl, public MouseEvents {
+  public:
+    PictureBox(Form& owner, const PictureBoxDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    Property<PictureReference> Picture;
+};
+
+} // namespace lookfar

@@ -1,0 +1,61 @@
+#include "runtime/controls/inet.h"
+
+#include "runtime/form.h"
+#include "runtime/platform.h"
+#include "runtime/runtime.h"
+
+#include <chrono>
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+
+class BusyMark {
+  public:
+    explicit BusyMark(bool& mark) : mark_(mark) { mark_ = true; }
+    BusyMark(const BusyMark&) = delete;
+    BusyMark& operator=(const BusyMark&) = delete;
+    ~BusyMark() { mark_ = false; }
+
+  private:
+    bool& mark_;
+};
+
+Bytes body_of(TransferOutcome outcome) {
+    if (const auto* failure = std::get_if<Failure>(&outcome))
+        throw *failure;
+    Bytes body = std::get<Bytes>(std::move(outcome));
+    if (body.empty())
+        throw Failure(failure_number::transfer_without_bytes,
+                      "The camera's answer holds no bytes.");
+    return body;
+}
+
+} // namespace
+
+Inet::Inet(Form& owner, const InetDesign& design)
+    : Element(owner.runtime),
+      AccessType(*this, 0),
+      Protocol(*this, 0),
+      RemotePort(design.RemotePort),
+      RequestTimeout(*this, design.RequestTimeout) {}
+
+Bytes Inet::OpenURL(const std::string& url, DataType) {
+    if (is_busy_)
+        throw Failure(failure_number::transfer_busy, "Still executing last request");
+    const BusyMark busy(is_busy_);
+    outcome_.reset();
+    const auto transfer = runtime.platform().start_transfer(
+        {.url = url, .timeout = std::chrono::seconds(RequestTimeout)},
+        [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
+    runtime.platform().wait_until([this] { return outcome_.has_value(); });
+    return body_of(*std::exchange(outcome_, std::nullopt));
+}
+
+void Inet::Cancel() {
+    if (is_busy_)
+        outcome_ = Failure(failure_number::transfer_cancelled, "The request was cancelled.");
+}
+
+} // namespace lookfar

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "runtime/element.h"
+#include "runtime/property.h"
+#include "runtime/transfer.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace lookfar {
+
+class Form;
+
+/// The design values of a transfer control.
+struct InetDesign {
+    short RemotePort = 80;
+    /// Seconds.
+    short RequestTimeout = 60;
+};
+
+/// What `OpenURL` is asked for.
+enum class DataType : short { icString = 0, icByteArray = 1 };
+
+/// Fetches what stands behind a URL, one request at a time.
+class Inet : public Element {
+  public:
+    Inet(Form& owner, const InetDesign& design);
+
+    /// Performs a whole HTTP GET and gives back the body, while the message loop runs on.
+    /// Throws a `Failure`: 35764 at once while another request is running, which is left alone;
+    /// one with a text of its own for a body without a byte; otherwise that of the transfer.
+    Bytes OpenURL(const std::string& url, DataType type);
+    /// Ends the request in progress with a failure.
+    void Cancel();
+
+    Property<short> AccessType;
+    Property<short> Protocol;
+    const short RemotePort;
+    /// Seconds that a request may take as a whole.
+    Property<short> RequestTimeout;
+
+  private:
+    bool is_busy_ = false;
+    std::optional<TransferOutcome> outcome_;
+};
+
+} // namespace lookfar

@@ -1,0 +1,46 @@
+#include "runtime/controls/list_entries.h"
+
+#include "runtime/failure.h"
+#include "runtime/text.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace lookfar {
+
+short ListEntries::add(const std::string& text) {
+    if (count() == std::numeric_limits<short>::max())
+        throw Failure(failure_number::list_is_full, "The list is full: it holds 32767 entries.");
+    Entry entry{.text = text, .sort_key = sorted_ ? caseless_key(text) : std::u32string()};
+    const auto place = place_of(entry);
+    const auto position = static_cast<short>(place - order_.begin());
+    order_.insert(place, static_cast<std::uint16_t>(entries_.size()));
+    entries_.push_back(std::move(entry));
+    return position;
+}
+
+void ListEntries::clear() {
+    entries_.clear();
+    order_.clear();
+}
+
+const std::string& ListEntries::text(short position) const {
+    return entries_[order_[static_cast<std::size_t>(position)]].text;
+}
+
+short ListEntries::find(const std::string& text) const {
+    const auto found = std::ranges::find_if(
+        order_, [&](std::uint16_t index) { return entries_[index].text == text; });
+    return found == order_.end() ? short{-1} : static_cast<short>(found - order_.begin());
+}
+
+std::vector<std::uint16_t>::iterator ListEntries::place_of(const Entry& entry) {
+    if (!sorted_)
+        return order_.end();
+    return std::upper_bound(order_.begin(), order_.end(), entry,
+                            [this](const Entry& added, std::uint16_t index) {
+                                return added.sort_key < entries_[index].sort_key;
+                            });
+}
+
+} // namespace lookfar

@@ -1,0 +1,79 @@
+#include "runtime/controls/lists.h"
+
+#include "runtime/controls/visitor.h"
+#include "runtime/failure.h"
+
+namespace lookfar {
+
+namespace {
+constexpr short nothing_selected = -1;
+}
+
+ListControl::ListControl(Form& owner, const Bounds& bounds, bool visible, bool sorted)
+    : BoxControl(owner, bounds, visible),
+      ListIndex(*this, nothing_selected,
+                {.refuse = [this](const short& index) { refuse_index(index); },
+                 .changed = [this] { Click.raise(); }}),
+      Text([this] { return List(ListIndex); }, [this](const std::string& text) { select(text); }),
+      entries_(sorted) {}
+
+void ListControl::AddItem(const std::string& text) {
+    const short position = entries_.add(text);
+    ++entries_revision_;
+    if (position <= ListIndex)
+        ListIndex.follow(static_cast<short>(ListIndex + 1));
+    else
+        changed();
+}
+
+void ListControl::Clear() {
+    entries_.clear();
+    ++entries_revision_;
+    ListIndex.follow(nothing_selected);
+}
+
+std::string ListControl::List(short index) const {
+    return index >= 0 && index < ListCount() ? entries_.text(index) : std::string();
+}
+
+short ListControl::ListCount() const {
+    return entries_.count();
+}
+
+void ListControl::refuse_index(short index) const {
+    if (index < nothing_selected || index >= ListCount())
+        throw Failure(failure_number::invalid_property_value,
+                      "The list has no entry " + std::to_string(index) + ".");
+}
+
+void ListControl::select(const std::string& text) {
+    if (ListIndex != nothing_selected && List(ListIndex) == text)
+        return;
+    const short index = entries_.find(text);
+    if (index == nothing_selected)
+        throw Failure(failure_number::no_such_entry, "The list has no entry '" + text + "'.");
+    ListIndex = index;
+}
+
+ListBox::ListBox(Form& owner, const ListBoxDesign& design)
+    : ListControl(owner, design.At, true, design.Sorted),
+      TabIndex(design.TabIndex),
+      AccessibleName(design.AccessibleName) {}
+
+void ListBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+ComboBox::ComboBox(Form& owner, const ComboBoxDesign& design)
+    : ListControl(owner, design.At, true, design.Sorted),
+      BackColor(*this, design.BackColor),
+      ForeColor(design.ForeColor),
+      Font(design.Font),
+      TabIndex(design.TabIndex),
+      AccessibleName(design.AccessibleName) {}
+
+void ComboBox::accept(ControlVisitor& visitor) {
+    visitor.visit(*this);
+}
+
+} // namespace lookfar

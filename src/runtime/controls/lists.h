@@ -1,0 +1,89 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+#include "runtime/controls/list_entries.h"
+
+#include <cstdint>
+#include <string>
+
+namespace lookfar {
+
+/// What list boxes and drop-down lists have in common: entries, of which one or none is
+/// selected.
+class ListControl : public BoxControl {
+  public:
+    ListControl(Form& owner, const Bounds& bounds, bool visible, bool sorted);
+
+    /// Appends an entry, or puts it in its place where the list is sorted; the selected entry
+    /// stays selected. Refused beyond 32,767 entries.
+    void AddItem(const std::string& text);
+    /// Takes all entries out; nothing is selected then. Raises nothing.
+    void Clear();
+    /// The text of an entry; empty for an index without one, -1 included.
+    std::string List(short index) const;
+    short ListCount() const;
+
+    /// Moves whenever the entries change.
+    std::uint64_t entries_revision() const { return entries_revision_; }
+
+    /// The selected entry, -1 for none. Indices without an entry are refused.
+    Property<short> ListIndex;
+    /// The selected entry's text, empty for none. A write selects the first entry with exactly
+    /// that text, and is refused where there is none.
+    DerivedProperty<std::string> Text;
+
+    /// The selection has changed, by whomever it was made.
+    Event<> Click;
+
+  private:
+    void refuse_index(short index) const;
+    void select(const std::string& text);
+
+    ListEntries entries_;
+    std::uint64_t entries_revision_ = 0;
+};
+
+/// The design values of a list box.
+struct ListBoxDesign {
+    Bounds At = {};
+    bool Sorted = false;
+    int TabIndex = 0;
+    std::string AccessibleName = {};
+};
+
+class ListBox : public ListControl {
+  public:
+    ListBox(Form& owner, const ListBoxDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    const int TabIndex;
+    const std::string AccessibleName;
+};
+
+/// The design values of a drop-down list.
+struct ComboBoxDesign {
+    Bounds At = {};
+    bool Sorted = false;
+    Colour BackColor = colour::window_background;
+    Colour ForeColor = colour::window_text;
+    lookfar::Font Font = {};
+    int TabIndex = 0;
+    std::string AccessibleName = {};
+};
+
+/// A drop-down list: its text can be picked, not typed.
+class ComboBox : public ListControl {
+  public:
+    ComboBox(Form& owner, const ComboBoxDesign& design);
+
+    void accept(ControlVisitor& visitor) override;
+
+    Property<Colour> BackColor;
+    const Colour ForeColor;
+    const lookfar::Font Font;
+    const int TabIndex;
+    const std::string AccessibleName;
+};
+
+} // namespace lookfar

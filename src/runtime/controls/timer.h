@@ -1,0 +1,43 @@
+#pragma once
+
+#include "runtime/element.h"
+#include "runtime/event.h"
+#include "runtime/property.h"
+
+namespace lookfar {
+
+class Form;
+
+/// The design values of a timer.
+struct TimerDesign {
+    bool Enabled = true;
+    /// Milliseconds.
+    long Interval = 0;
+};
+
+/// Raises its event at an interval while it is enabled. It runs as long as its window is loaded,
+/// whether the window is shown or not.
+class Timer : public Element {
+  public:
+    Timer(Form& owner, const TimerDesign& design);
+    ~Timer() override;
+
+    /// A write of the value that it has does not restart the count.
+    Property<bool> Enabled;
+    /// Milliseconds from 0 to 65535; anything else is refused. Every write restarts the count,
+    /// that of the same value too. Nothing ticks at 0.
+    DerivedProperty<long> Interval;
+
+    Event<> Tick;
+
+  private:
+    friend class Form;
+
+    void set_interval(long milliseconds);
+    void restart();
+
+    Form& form_;
+    long interval_;
+};
+
+} // namespace lookfar

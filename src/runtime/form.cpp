@@ -1,0 +1,80 @@
+#include "runtime/form.h"
+
+#include "runtime/controls/timer.h"
+#include "runtime/platform.h"
+#include "runtime/runtime.h"
+
+#include <ranges>
+
+namespace lookfar {
+
+Form::Form(Runtime& host, const FormDesign& design)
+    : Element(host),
+      Caption(*this, design.Caption),
+      Visible(*this, false, {.refuse = {}, .changed = [this] { raise_first_resize(); }}),
+      Left(*this, 0.0F),
+      Top(*this, 0.0F),
+      Width(*this, design.Client.Width, {.refuse = {}, .changed = [this] { Resize.raise(); }}),
+      Height(*this, design.Client.Height, {.refuse = {}, .changed = [this] { Resize.raise(); }}),
+      WindowState(*this, window_state::normal,
+                  {.refuse = {}, .changed = [this] { Resize.raise(); }}),
+      MousePointer(*this, design.MousePointer),
+      Border(design.Border),
+      ControlBox(design.ControlBox),
+      MinButton(design.MinButton),
+      ShowInTaskbar(design.ShowInTaskbar),
+      CentredOnScreen(design.CentredOnScreen),
+      HasIcon(design.HasIcon),
+      BackColor(design.BackColor) {}
+
+Form::~Form() = default;
+
+void Form::Show() {
+    Visible = true;
+    runtime.platform().bring_forward(*this);
+}
+
+void Form::Hide() {
+    Visible = false;
+}
+
+void Form::PopupMenu(lookfar::PopupMenu& menu, const MenuItem* default_entry) {
+    runtime.platform().pop_up(*this, menu, default_entry);
+}
+
+void Form::request_close() {
+    constexpr short by_the_control_box = 0;
+    short cancel = 0;
+    QueryUnload.raise(cancel, by_the_control_box);
+    if (cancel != 0)
+        return;
+    Unload.raise();
+    Hide();
+    stop_timers();
+    release_();
+}
+
+void Form::remove(Control& control) {
+    std::erase(controls_, &control);
+}
+
+void Form::start_timers() {
+    runs_timers_ = true;
+    for (Timer* const timer : std::views::reverse(timers_))
+        timer->restart();
+}
+
+void Form::stop_timers() {
+    runs_timers_ = false;
+    for (Timer* const timer : timers_)
+        timer->restart();
+}
+
+void Form::raise_first_resize() {
+    if (!Visible || was_displayed_)
+        return;
+    was_displayed_ = true;
+    Resize.raise();
+}
+
+} // namespace lookfar

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+#include "runtime/controls/popup_menu.h"
+#include "runtime/element.h"
+#include "runtime/event.h"
+#include "runtime/look.h"
+#include "runtime/property.h"
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace lookfar {
+
+class Timer;
+
+/// The design values of a window. Its size is that of the client area: the frame around it is
+/// the window manager's and is not counted.
+struct FormDesign {
+    std::string Caption = {};
+    Size Client = {};
+    FormBorder Border = FormBorder::fixed_single;
+    bool ControlBox = true;
+    bool MinButton = true;
+    bool ShowInTaskbar = true;
+    bool CentredOnScreen = false;
+    bool HasIcon = true;
+    Colour BackColor = colour::button_face;
+    short MousePointer = mouse_pointer::standard;
+};
+
+/// A window: the base of the window classes, which declare their controls as members, front to
+/// back, and wire their handlers in their constructors. It is made and loaded through a
+/// `Window`, hidden at first.
+class Form : public Element, public MouseEvents {
+  public:
+    Form(Runtime& host, const FormDesign& design);
+    ~Form() override;
+
+    /// Makes the window visible and brings it before the others; returns at once.
+    void Show();
+    void Hide();
+    /// Shows a menu at the pointer, the default entry, if any, set off.
+    void PopupMenu(lookfar::PopupMenu& menu, const MenuItem* default_entry = nullptr);
+
+    /// The user or the window manager asks for the window to close: raises `QueryUnload`, and
+    /// unloads the window unless a handler cancels that.
+    void request_close();
+
+    /// The controls front to back.
+    std::span<Control* const> controls() const { return controls_; }
+
+    Property<std::string> Caption;
+    Property<bool> Visible;
+    Property<float> Left;
+    Property<float> Top;
+    /// A change of size or of window state raises `Resize` inside the write; so does the first
+    /// display.
+    Property<float> Width;
+    Property<float> Height;
+    Property<short> WindowState;
+    Property<short> MousePointer;
+
+    Event<> Initialize;
+    Event<> Load;
+    Event<> Resize;
+    /// With a flag that a handler sets to keep the window, and the reason of the request.
+    Event<short&, short> QueryUnload;
+    Event<> Unload;
+
+    const FormBorder Border;
+    const bool ControlBox;
+    const bool MinButton;
+    const bool ShowInTaskbar;
+    const bool CentredOnScreen;
+    const bool HasIcon;
+    const Colour BackColor;
+
+  private:
+    friend class Control;
+    friend class Timer;
+    template <class Kind>
+    friend class Window;
+
+    void add(Control& control) { controls_.push_back(&control); }
+    void remove(Control& control);
+    void raise_first_resize();
+    /// Loads or unloads: the timers run in between. They start back to front, as the window is
+    /// built up on the screen, so that on ties the one further back ticks first.
+    void start_timers();
+    void stop_timers();
+
+    std::vector<Control*> controls_;
+    std::vector<Timer*> timers_;
+    bool runs_timers_ = false;
+    bool was_displayed_ = false;
+    /// Set by the `Window` that holds this instance; lets it go.
+    std::function<void()> release_;
+};
+
+} // namespace lookfar

@@ -1,0 +1,93 @@
+#include "runtime/numbers.h"
+
+#include "runtime/failure.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+namespace lookfar {
+
+namespace {
+
+bool is_blank(char character) {
+    return character == ' ' || character == '\t';
+}
+
+std::string_view without_leading_blanks(std::string_view text) {
+    while (!text.empty() && is_blank(text.front()))
+        text.remove_prefix(1);
+    return text;
+}
+
+/// A number at the start of a text, and what stands behind it.
+struct Reading {
+    bool found = false;
+    double value = 0;
+    std::string_view rest;
+};
+
+Reading read_number(std::string_view text) {
+    text = without_leading_blanks(text);
+    const bool is_negative = text.starts_with('-');
+    if (is_negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    // std::from_chars takes words such as "inf" and a sign of its own, which are no number here.
+    const bool starts_well =
+        !text.empty() && (text.front() == '.' || (text.front() >= '0' && text.front() <= '9'));
+    if (!starts_well)
+        return {.found = false, .value = 0, .rest = text};
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::invalid_argument)
+        return {.found = false, .value = 0, .rest = text};
+    if (error == std::errc::result_out_of_range)
+        value = HUGE_VAL;
+    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+    return {.found = true, .value = is_negative ? -value : value, .rest = text};
+}
+
+template <class Whole>
+Whole round_to(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<Whole>::min() &&
+          rounded <= std::numeric_limits<Whole>::max()))
+        throw Failure(failure_number::overflow, "The number is too large.");
+    return static_cast<Whole>(rounded);
+}
+
+} // namespace
+
+double Val(const std::string& text) {
+    return read_number(text).value;
+}
+
+double strict_number(const std::string& text) {
+    const Reading reading = read_number(text);
+    if (!reading.found || !without_leading_blanks(reading.rest).empty())
+        throw Failure(failure_number::type_mismatch, "The text is not a number.");
+    return reading.value;
+}
+
+std::int16_t round_to_short(double value) {
+    return round_to<std::int16_t>(value);
+}
+
+std::int32_t round_to_long(double value) {
+    return round_to<std::int32_t>(value);
+}
+
+std::string number_text(double value) {
+    std::array<char, 32> text{};
+    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value);
+    return {text.data(), end};
+}
+
+std::string number_text_with_blank(double value) {
+    const std::string text = number_text(value);
+    return text.starts_with('-') ? text : " " + text;
+}
+
+} // namespace lookfar

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+
+namespace lookfar {
+
+/// The pixels of one decoded picture: `height` rows of three bytes a pixel (red, green, blue),
+/// top row first, each row padded to `stride` bytes, a multiple of four. `opacity`, where there
+/// is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
+struct Pixels {
+    int width = 0;
+    int height = 0;
+    int stride = 0;
+    std::shared_ptr<std::uint8_t[]> bytes;
+    std::shared_ptr<std::uint8_t[]> opacity;
+};
+
+/// The bytes from one row to the next for a width in pixels.
+int stride_of(int width);
+
+/// One picture object. Controls hold it by reference, so an edit reaches all that hold it.
+/// Objects made from the same pixels share them until one of them is edited.
+class Picture {
+  public:
+    explicit Picture(Pixels pixels);
+
+    int width() const { return pixels_.width; }
+    int height() const { return pixels_.height; }
+    int stride() const { return pixels_.stride; }
+
+    /// height() * stride() bytes.
+    std::span<const std::uint8_t> bytes() const;
+    /// width() * height() bytes, or none for a picture that is opaque everywhere.
+    std::span<const std::uint8_t> opacity() const;
+
+    /// The bytes for changing in place; moves the revision.
+    std::span<std::uint8_t> edit();
+
+    /// Moves with every edit, so that a view knows when to paint again.
+    std::uint64_t revision() const { return revision_; }
+
+  private:
+    std::size_t byte_count() const;
+
+    Pixels pixels_;
+    std::uint64_t revision_ = 0;
+};
+
+using PictureReference = std::shared_ptr<Picture>;
+
+} // namespace lookfar

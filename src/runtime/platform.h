@@ -1,0 +1,92 @@
+#pragma once
+
+#include "runtime/look.h"
+#include "runtime/message_box.h"
+#include "runtime/transfer.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace lookfar {
+
+class Control;
+class Disk;
+class Element;
+class Form;
+class MenuItem;
+class PopupMenu;
+class RemoteAccessService;
+
+using Instant = std::chrono::steady_clock::time_point;
+
+/// The screen's size in twips and its colour depth in bits per pixel.
+struct ScreenMetrics {
+    Size size;
+    short bits_per_pixel = 32;
+};
+
+/// What a machine must give for the runtime to live on it. Everything but `post` is called on
+/// the one thread that runs the handlers.
+class Platform {
+  public:
+    virtual ~Platform() = default;
+
+    // Time.
+
+    /// A clock that only goes forward.
+    virtual Instant now() const = 0;
+    /// The time since local midnight.
+    virtual std::chrono::milliseconds time_of_day() const = 0;
+    /// Sets what `wake_at` calls.
+    virtual void set_wake_handler(std::function<void()> handler) = 0;
+    /// Calls the wake handler once, from the message loop, as soon as the instant has come;
+    /// replaces the instant set before. Nothing is called for an empty one.
+    virtual void wake_at(std::optional<Instant> instant) = 0;
+
+    // Waiting.
+
+    /// Runs the message loop until the program ends.
+    virtual void run() = 0;
+    /// Delivers the events that are there, and returns.
+    virtual void deliver_pending() = 0;
+    /// Runs the message loop until `done` says true, asked after every event.
+    virtual void wait_until(const std::function<bool()>& done) = 0;
+    /// Has `work` called from the message loop. May be called on any thread.
+    virtual void post(std::function<void()> work) = 0;
+    /// Ends the program on the spot: no handler runs after it.
+    [[noreturn]] virtual void end() = 0;
+
+    // The machine.
+
+    virtual ScreenMetrics screen() const = 0;
+    virtual Disk& disk() = 0;
+    /// Starts a transfer and reports its outcome from the message loop.
+    virtual std::unique_ptr<Transfer> start_transfer(TransferRequest request,
+                                                     TransferDone done) = 0;
+
+    /// The service that knows of dial-up connections; none on most platforms.
+    virtual RemoteAccessService* remote_access() { return nullptr; }
+
+    // Asking and showing.
+
+    /// Shows a modal box, runs the message loop under it, and gives back the button pressed.
+    virtual short ask(const MessageBox& box) = 0;
+    /// A property of the element has changed; shown at the next opportunity.
+    virtual void changed(Element& element) = 0;
+    /// The element is about to go; nothing may refer to it any more.
+    virtual void forget(Element& element) = 0;
+    /// Puts a visible window before the others.
+    virtual void bring_forward(Form& form) = 0;
+    virtual void set_focus(Control& control) = 0;
+    /// Shows a menu at the pointer, the default entry set off; returns at once.
+    virtual void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) = 0;
+    /// The room that a text takes, in twips; lines are parted by line feeds.
+    virtual Size text_size(const std::string& text, const Font& font) const = 0;
+    /// An untrapped failure has ended a handler.
+    virtual void report_untrapped(const Failure& failure) = 0;
+};
+
+} // namespace lookfar

@@ -1,0 +1,96 @@
+#include "runtime/runtime.h"
+
+#include "runtime/element.h"
+#include "runtime/form.h"
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace lookfar {
+
+/// Counts the handlers on the stack; with the last one the unloaded windows go.
+class Runtime::RunningHandler {
+  public:
+    explicit RunningHandler(Runtime& runtime) : runtime_(runtime) { ++runtime_.running_handlers_; }
+    RunningHandler(const RunningHandler&) = delete;
+    RunningHandler& operator=(const RunningHandler&) = delete;
+    ~RunningHandler() {
+        if (--runtime_.running_handlers_ == 0)
+            runtime_.retired_.clear();
+    }
+
+  private:
+    Runtime& runtime_;
+};
+
+Runtime::Runtime(Platform& platform)
+    : platform_(platform),
+      files_(platform.disk()),
+      timers_([this] { return platform_.now(); },
+              [this](std::optional<Instant> instant) { platform_.wake_at(instant); }) {
+    platform_.set_wake_handler([this] { timers_.serve_due(); });
+}
+
+Runtime::~Runtime() {
+    platform_.wake_at(std::nullopt);
+    platform_.set_wake_handler({});
+}
+
+void Runtime::DoEvents() {
+    platform_.deliver_pending();
+    timers_.serve_due();
+}
+
+void Runtime::End() {
+    platform_.end();
+    std::abort();
+}
+
+short Runtime::MsgBox(const std::string& text, int flags, const std::string& title) {
+    return platform_.ask({.text = text, .flags = flags, .title = title});
+}
+
+PictureReference Runtime::LoadPicture(const std::string& path) {
+    return decoder_.decode(read_whole_file(platform_.disk(), path));
+}
+
+Size Runtime::Screen() const {
+    return platform_.screen().size;
+}
+
+float Runtime::SecondsSinceMidnight() const {
+    return std::chrono::duration<float>(platform_.time_of_day()).count();
+}
+
+std::string Runtime::TimeOfDay() const {
+    const std::chrono::hh_mm_ss time(
+        std::chrono::floor<std::chrono::seconds>(platform_.time_of_day()));
+    std::array<char, 16> text{};
+    const int length = std::snprintf(
+        text.data(), text.size(), "%02d:%02d:%02d", static_cast<int>(time.hours().count()),
+        static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
+    return {text.data(), static_cast<std::size_t>(length)};
+}
+
+void Runtime::deliver(const std::function<void()>& handler) {
+    const RunningHandler running(*this);
+    try {
+        handler();
+    } catch (const Failure& failure) {
+        platform_.report_untrapped(failure);
+    }
+}
+
+void Runtime::element_changed(Element& element) {
+    timers_.count_change();
+    platform_.changed(element);
+}
+
+void Runtime::retire(std::unique_ptr<Form> form) {
+    retired_.push_back(std::move(form));
+}
+
+} // namespace lookfar

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "runtime/files.h"
+#include "runtime/picture.h"
+#include "runtime/picture_decoder.h"
+#include "runtime/platform.h"
+#include "runtime/random.h"
+#include "runtime/timer_queue.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lookfar {
+
+class Form;
+
+/// What every handler leans on: the message loop, the timers, the files, numbers and clocks,
+/// message boxes and pictures. One runtime serves one program on one platform.
+class Runtime {
+  public:
+    explicit Runtime(Platform& platform);
+    ~Runtime();
+
+    Platform& platform() { return platform_; }
+    TimerQueue& timers() { return timers_; }
+    NumberedFiles& files() { return files_; }
+    RandomNumbers& random() { return random_; }
+
+    /// Lets the message loop deliver what is pending, due ticks included, then returns.
+    void DoEvents();
+    /// Stops the program on the spot.
+    [[noreturn]] void End();
+
+    /// Shows a modal box and gives back the button pressed (`message_box_answer`). The message
+    /// loop runs meanwhile.
+    short MsgBox(const std::string& text, int flags, const std::string& title = {});
+
+    /// Decodes a picture file; every call yields a picture object of its own. Throws a `Failure`
+    /// when the file can't be read or is no picture.
+    PictureReference LoadPicture(const std::string& path);
+
+    /// In twips.
+    Size Screen() const;
+    /// Seconds since local midnight, in single precision.
+    float SecondsSinceMidnight() const;
+    /// The time of day as hh:mm:ss, on a 24-hour clock.
+    std::string TimeOfDay() const;
+
+    /// Runs a handler for the message loop. A failure that the handler doesn't trap ends it, and
+    /// is reported to the platform.
+    void deliver(const std::function<void()>& handler);
+
+    /// Called by every element whose property has changed.
+    void element_changed(Element& element);
+
+    /// Keeps an unloaded window until no handler runs any more, then destroys it.
+    void retire(std::unique_ptr<Form> form);
+
+  private:
+    class RunningHandler;
+
+    Platform& platform_;
+    NumberedFiles files_;
+    RandomNumbers random_;
+    PictureDecoder decoder_;
+    int running_handlers_ = 0;
+    TimerQueue timers_;
+    std::vector<std::unique_ptr<Form>> retired_;
+};
+
+} // namespace lookfar

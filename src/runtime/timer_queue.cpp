@@ -1,0 +1,113 @@
+#include "runtime/timer_queue.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+constexpr std::chrono::milliseconds next_opportunity{1};
+}
+
+TimerQueue::TimerQueue(std::function<Instant()> now,
+                       std::function<void(std::optional<Instant>)> arm)
+    : now_(std::move(now)), arm_(std::move(arm)) {}
+
+void TimerQueue::start(Identity timer, std::chrono::milliseconds interval,
+                       std::function<void()> tick) {
+    std::erase_if(entries_, [timer](const Entry& entry) { return entry.timer == timer; });
+    entries_.push_back({.timer = timer,
+                        .interval = interval,
+                        .tick = std::move(tick),
+                        .due = now_() + interval,
+                        .order = ++order_,
+                        .changes_at_last_tick = std::nullopt});
+    arm();
+}
+
+void TimerQueue::stop(Identity timer) {
+    if (std::erase_if(entries_, [timer](const Entry& entry) { return entry.timer == timer; }) > 0)
+        arm();
+}
+
+void TimerQueue::serve_due() {
+    wake_up_is_set_ = false;
+    const Instant now = now_();
+    for (Entry* entry = next(); entry && entry->due <= now; entry = next()) {
+        settle(*entry, now);
+        arm();
+        const auto tick = entry->tick;
+        tick();
+    }
+    arm();
+}
+
+void TimerQueue::count_change() {
+    if (some_are_held_)
+        release_held();
+    ++changes_;
+    if (std::exchange(some_are_held_, false))
+        arm();
+}
+
+void TimerQueue::tick_blindly() {
+    holds_back_ = false;
+    arm();
+}
+
+bool TimerQueue::wants_next_opportunity(const Entry& entry) {
+    return entry.interval <= next_opportunity;
+}
+
+bool TimerQueue::is_held(const Entry& entry) const {
+    return holds_back_ && wants_next_opportunity(entry) && entry.changes_at_last_tick == changes_;
+}
+
+/// Lets the ticks that were held back be due now, as if they had come all the while.
+void TimerQueue::release_held() {
+    const Instant now = now_();
+    for (Entry& entry : entries_)
+        if (is_held(entry))
+            entry.due = std::max(entry.due, now);
+}
+
+bool TimerQueue::is_before(const Entry& left, const Entry& right) {
+    const auto rank = [](const Entry& entry) {
+        return std::tuple(entry.due, wants_next_opportunity(entry), entry.order);
+    };
+    return rank(left) < rank(right);
+}
+
+TimerQueue::Entry* TimerQueue::next() {
+    Entry* first = nullptr;
+    for (Entry& entry : entries_) {
+        if (is_held(entry))
+            continue;
+        if (!first || is_before(entry, *first))
+            first = &entry;
+    }
+    return first;
+}
+
+void TimerQueue::settle(Entry& entry, Instant now) {
+    entry.due += entry.interval;
+    if (entry.due <= now)
+        entry.due = now + entry.interval;
+    if (!wants_next_opportunity(entry))
+        entry.order = ++order_;
+    entry.changes_at_last_tick = changes_;
+}
+
+void TimerQueue::arm() {
+    const Entry* const first = next();
+    some_are_held_ = std::ranges::any_of(entries_, [this](const Entry& e) { return is_held(e); });
+    const auto instant = first ? std::optional(first->due) : std::nullopt;
+    if (wake_up_is_set_ && instant == armed_)
+        return;
+    wake_up_is_set_ = true;
+    armed_ = instant;
+    arm_(instant);
+}
+
+} // namespace lookfar

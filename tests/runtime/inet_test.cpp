@@ -1,0 +1,58 @@
+#include "runtime/controls/inet.h"
+#include "runtime/form.h"
+#include "runtime/runtime.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+namespace lookfar::testing {
+namespace {
+
+struct Transfers : ::testing::Test {
+    ScriptedPlatform platform;
+    Runtime runtime{platform};
+    Form form{runtime, {}};
+    Inet Inet1{form, {.RequestTimeout = 2}};
+
+    int number_of(const std::string& url) {
+        try {
+            Inet1.OpenURL(url, DataType::icByteArray);
+        } catch (const Failure& failure) {
+            return failure.Number;
+        }
+        return 0;
+    }
+};
+
+TEST_F(Transfers, GiveTheBodyOrTheFailure) {
+    using std::chrono::milliseconds;
+    platform.cameras = {{"good", {.outcome = Bytes{1, 2, 3}}},
+                        {"empty", {.outcome = Bytes{}}},
+                        {"broken", {.outcome = Failure(56, "reset")}},
+                        {"slow", {.outcome = Bytes{1}, .after = milliseconds(2001)}}};
+    EXPECT_EQ(Inet1.OpenURL("good", DataType::icByteArray), (Bytes{1, 2, 3}));
+    EXPECT_EQ(number_of("empty"), failure_number::transfer_without_bytes);
+    EXPECT_EQ(number_of("broken"), 56);
+    EXPECT_EQ(number_of("slow"), 28) << "the whole wait is bounded by the time-out";
+    EXPECT_EQ(number_of("good"), 0) << "a failure leaves nothing behind";
+}
+
+TEST_F(Transfers, RefuseASecondOneAtOnceAndLeaveTheRunningOneAlone) {
+    platform.cameras["good"] = {.outcome = Bytes{7}};
+    int second = 0;
+    platform.after(std::chrono::milliseconds(50), [&] { second = number_of("good"); });
+    EXPECT_EQ(Inet1.OpenURL("good", DataType::icByteArray), Bytes{7});
+    EXPECT_EQ(second, 35764);
+    EXPECT_EQ(platform.requests.size(), 1U);
+}
+
+TEST_F(Transfers, EndWithAFailureWhenTheyAreCancelled) {
+    platform.cameras["good"] = {.outcome = Bytes{7}};
+    platform.after(std::chrono::milliseconds(50), [&] { Inet1.Cancel(); });
+    EXPECT_EQ(number_of("good"), failure_number::transfer_cancelled);
+    EXPECT_EQ(platform.abandoned_transfers, 1);
+    EXPECT_EQ(number_of("good"), 0);
+}
+
+} // namespace
+} // namespace lookfar::testing

@@ -1,0 +1,127 @@
+#include "runtime/failure.h"
+#include "runtime/numbers.h"
+#include "runtime/random.h"
+#include "runtime/runtime.h"
+#include "runtime/text.h"
+#include "support/scripted_platform.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <optional>
+
+namespace lookfar::testing {
+namespace {
+
+struct ReadingCase {
+    const char* text;
+    double lenient;
+    std::optional<double> strict;
+};
+
+TEST(Numbers, AreReadStrictlyAndLeniently) {
+    const ReadingCase cases[] = {
+        {"10", 10, 10},
+        {"  7 ", 7, 7},
+        {"-5", -5, -5},
+        {"+5", 5, 5},
+        {".5", 0.5, 0.5},
+        {"5.", 5, 5},
+        {"1e2", 100, 100},
+        {"1E2", 100, 100},
+        {"1e", 1, std::nullopt},
+        {"", 0, std::nullopt},
+        {"x", 0, std::nullopt},
+        {"-", 0, std::nullopt},
+        {".", 0, std::nullopt},
+        {"7x", 7, std::nullopt},
+        {"1.2.3", 1.2, std::nullopt},
+        {"--1", 0, std::nullopt},
+        {"+-1", 0, std::nullopt},
+        {"inf", 0, std::nullopt},
+        {"nan", 0, std::nullopt},
+        {"0x10", 0, std::nullopt},
+        {"1 2", 1, std::nullopt},
+        {"1e999", HUGE_VAL, HUGE_VAL},
+    };
+    for (const auto& [text, lenient, strict] : cases) {
+        EXPECT_EQ(Val(text), lenient) << text;
+        if (strict)
+            EXPECT_EQ(strict_number(text), *strict) << text;
+        else
+            EXPECT_THROW(strict_number(text), Failure) << text;
+    }
+}
+
+TEST(Numbers, RoundHalvesToTheEvenNeighbourAndRefuseWhatDoesNotFit) {
+    EXPECT_EQ(round_to_short(0.5), 0);
+    EXPECT_EQ(round_to_short(1.5), 2);
+    EXPECT_EQ(round_to_short(2.5), 2);
+    EXPECT_EQ(round_to_short(-2.5), -2);
+    EXPECT_EQ(round_to_short(2.51), 3);
+    EXPECT_EQ(round_to_short(32767.4), 32767);
+    EXPECT_THROW(round_to_short(32767.5), Failure);
+    EXPECT_THROW(round_to_long(HUGE_VAL), Failure);
+    EXPECT_THROW(round_to_long(std::nan("")), Failure);
+}
+
+TEST(Numbers, AreWrittenWithAndWithoutALeadingBlank) {
+    EXPECT_EQ(number_text(10), "10");
+    EXPECT_EQ(number_text(1.5), "1.5");
+    EXPECT_EQ(number_text(-3), "-3");
+    EXPECT_EQ(number_text_with_blank(0), " 0");
+    EXPECT_EQ(number_text_with_blank(-3), "-3");
+}
+
+TEST(Numbers, ThatAreRandomLieBelowOneAndRepeatWithTheirSeed) {
+    RandomNumbers random;
+    random.Randomize(43200.5F);
+    const float first = random.Rnd();
+    float smallest = 1;
+    float largest = 0;
+    for (int draw = 0; draw < 100000; ++draw) {
+        const float number = random.Rnd();
+        smallest = std::min(smallest, number);
+        largest = std::max(largest, number);
+    }
+    EXPECT_GE(smallest, 0);
+    EXPECT_LT(smallest, 0.001F);
+    EXPECT_LT(largest, 1);
+    EXPECT_GT(largest, 0.999F);
+    random.Randomize(43200.5F);
+    EXPECT_EQ(random.Rnd(), first);
+    random.Randomize(43201.5F);
+    EXPECT_NE(random.Rnd(), first);
+}
+
+TEST(Clocks, TellTheTimeOfDay) {
+    ScriptedPlatform platform;
+    Runtime runtime(platform);
+    using namespace std::chrono;
+    platform.set_time_of_day(hours(9) + minutes(5) + seconds(7) + milliseconds(999));
+    EXPECT_EQ(runtime.TimeOfDay(), "09:05:07");
+    EXPECT_FLOAT_EQ(runtime.SecondsSinceMidnight(), 32707.999F);
+    platform.set_time_of_day({});
+    EXPECT_EQ(runtime.TimeOfDay(), "00:00:00");
+}
+
+TEST(Texts, AreShownAsUtf8WhereTheyAreAndAsWindows1252Otherwise) {
+    EXPECT_EQ(as_utf8("M\xC3\xBCnchen"), "M\xC3\xBCnchen");
+    EXPECT_EQ(as_utf8("M\xFCnchen"), "M\xC3\xBCnchen");
+    EXPECT_EQ(as_utf8("\x80 5"), "\xE2\x82\xAC 5");
+    const char* const broken[] = {"\xC3",     "\xC0\x80", "\xED\xA0\x80", "\xF5\x80\x80\x80",
+                                  "\xE2\x82", "\x81",     "a\xFF"};
+    for (const char* text : broken)
+        EXPECT_EQ(as_code_points(text).size(), std::string(text).size()) << "a byte, a character";
+}
+
+TEST(Texts, SortWithoutRegardToCase) {
+    EXPECT_EQ(caseless_key("ABC z"), caseless_key("abc Z"));
+    EXPECT_EQ(caseless_key("\xC3\x84RGER"), caseless_key("\xE4rger")) << "across encodings";
+    EXPECT_EQ(caseless_key("\xC5\x81\xC3\xB3"), caseless_key("\xC5\x82\xC3\x93"));
+    EXPECT_EQ(caseless_key("\xD0\x96"), caseless_key("\xD0\xB6"));
+    EXPECT_NE(caseless_key("\xC3\x97"), caseless_key("\xC3\xB7")) << "times and divide are no case";
+}
+
+} // namespace
+} // namespace lookfar::testing

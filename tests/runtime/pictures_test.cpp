@@ -1,0 +1,114 @@
+#include "runtime/failure.h"
+#include "runtime/jpeg_end.h"
+#include "runtime/picture_decoder.h"
+#include "support/pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+namespace lookfar::testing {
+namespace {
+
+std::string refusal_of(const Bytes& bytes) {
+    try {
+        PictureDecoder().decode(bytes);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Number, failure_number::invalid_picture);
+        return failure.Description;
+    }
+    return "none";
+}
+
+Bytes bytes_of(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+/// A JPEG whose frame header claims a size in pixels.
+Bytes claiming_size(std::uint16_t side) {
+    Bytes bytes = picture_file(16, 16);
+    const Bytes frame_marker{0xFF, 0xC0};
+    const auto frame = std::ranges::search(bytes, frame_marker).begin();
+    for (const int offset : {5, 7}) {
+        frame[offset] = static_cast<std::uint8_t>(side >> 8U);
+        frame[offset + 1] = static_cast<std::uint8_t>(side & 0xFFU);
+    }
+    return bytes;
+}
+
+TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
+    const auto picture = PictureDecoder().decode(picture_file(5, 3, 0x102030, "png"));
+    EXPECT_EQ(picture->width(), 5);
+    EXPECT_EQ(picture->height(), 3);
+    EXPECT_EQ(picture->stride(), 16);
+    ASSERT_EQ(picture->bytes().size(), 48U);
+    EXPECT_EQ(picture->bytes()[16], 0x10);
+    EXPECT_EQ(picture->bytes()[17], 0x20);
+    EXPECT_EQ(picture->bytes()[18], 0x30);
+    EXPECT_TRUE(picture->opacity().empty());
+}
+
+TEST(Pictures, DecodedFromTheSameBytesAreObjectsOfTheirOwnThatShareTheirPixels) {
+    PictureDecoder decoder;
+    const Bytes file = picture_file(40, 30);
+    const auto first = decoder.decode(file);
+    const auto second = decoder.decode(file);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->bytes().data(), second->bytes().data());
+
+    const std::uint8_t before = first->bytes()[0];
+    second->edit()[0] = static_cast<std::uint8_t>(before + 1);
+    EXPECT_EQ(first->bytes()[0], before) << "an edit reaches one object only";
+    EXPECT_EQ(first->revision(), 0U);
+    EXPECT_EQ(second->revision(), 1U);
+    EXPECT_EQ(decoder.decode(file)->bytes()[0], before);
+    EXPECT_EQ(decoder.decode(picture_file(41, 30))->width(), 41);
+}
+
+TEST(Pictures, EndWhereTheyEndWhateverFollows) {
+    Bytes file = picture_file(40, 30);
+    const Bytes tail = detailed_jpeg(100, 100);
+    file.insert(file.end(), tail.begin() + 500, tail.end());
+    EXPECT_EQ(PictureDecoder().decode(file)->width(), 40);
+}
+
+TEST(Pictures, AreRefusedWithAReason) {
+    const std::string too_large = "The picture is too large: 60000 x 60000 pixels.";
+    const Bytes whole = detailed_jpeg(64, 64);
+    Bytes wrecked = picture_file(40, 30, 0x336699, "png");
+    std::fill(wrecked.end() - 40, wrecked.end(), std::uint8_t{0});
+    const struct {
+        const char* name;
+        Bytes bytes;
+        std::string reason;
+    } cases[] = {
+        {"nothing", {}, "not a picture"},
+        {"a page", bytes_of("<html><body>404</body></html>"), "not a picture"},
+        {"a drawing", bytes_of("<svg xmlns='http://www.w3.org/2000/svg'/>"), "not a picture"},
+        {"a huge picture", claiming_size(60000), too_large},
+        {"half a JPEG",
+         {whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2)},
+         "ends too early"},
+        {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, ""},
+        {"a wrecked PNG", wrecked, "can't be decoded"},
+    };
+    for (const auto& [name, bytes, reason] : cases) {
+        EXPECT_NE(refusal_of(bytes), "none") << name;
+        EXPECT_NE(refusal_of(bytes).find(reason), std::string::npos) << name << refusal_of(bytes);
+    }
+}
+
+TEST(Pictures, OfTheJpegKindAreCompleteOnlyWithTheirLastMarker) {
+    const Bytes whole = detailed_jpeg(64, 64);
+    EXPECT_TRUE(jpeg_is_complete(whole));
+    for (std::size_t length = 0; length + 1 < whole.size(); length += 97)
+        EXPECT_FALSE(jpeg_is_complete({whole.data(), length})) << length;
+    // An end marker inside a segment, such as a thumbnail's, ends nothing.
+    const Bytes thumbnail{0xFF, 0xD8, 0xFF, 0xE1, 0x00, 0x06, 0xFF, 0xD9, 0xFF, 0xD9};
+    EXPECT_FALSE(jpeg_is_complete(thumbnail));
+}
+
+} // namespace
+} // namespace lookfar::testing

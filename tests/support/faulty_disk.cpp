@@ -1,0 +1,83 @@
+#include "support/faulty_disk.h"
+
+#include "runtime/failure.h"
+
+#include <filesystem>
+#include <utility>
+
+namespace lookfar::testing {
+
+namespace {
+
+class FaultyFile : public DiskFile {
+  public:
+    FaultyFile(FaultyDisk& disk, std::string name, std::unique_ptr<DiskFile> file)
+        : disk_(disk), name_(std::move(name)), file_(std::move(file)) {}
+
+    std::size_t read(std::span<std::uint8_t> buffer) override {
+        disk_.note("read " + name_);
+        return file_->read(buffer);
+    }
+    void write(std::span<const std::uint8_t> bytes) override {
+        disk_.note("write " + name_);
+        file_->write(bytes);
+    }
+    void sync() override {
+        disk_.note("sync " + name_);
+        file_->sync();
+    }
+
+  private:
+    FaultyDisk& disk_;
+    std::string name_;
+    std::unique_ptr<DiskFile> file_;
+};
+
+std::string name_of(const std::string& path) {
+    return std::filesystem::path(path).filename().string();
+}
+
+std::string word_for(OpenMode mode) {
+    switch (mode) {
+    case OpenMode::read:
+        return "open-read ";
+    case OpenMode::write:
+        return "open-write ";
+    case OpenMode::overwrite:
+        return "open-overwrite ";
+    }
+    return {};
+}
+
+} // namespace
+
+void FaultyDisk::fail(const std::string& operation, int error) {
+    before = [operation, error](const std::string& next) {
+        if (next.starts_with(operation))
+            throw Failure(error, next + " fails");
+    };
+}
+
+std::unique_ptr<DiskFile> FaultyDisk::open(const std::string& path, OpenMode mode) {
+    const std::string name = name_of(path);
+    note(word_for(mode) + name);
+    return std::make_unique<FaultyFile>(*this, name, disk_->open(path, mode));
+}
+
+void FaultyDisk::remove(const std::string& path) {
+    note("remove " + name_of(path));
+    disk_->remove(path);
+}
+
+void FaultyDisk::rename(const std::string& from, const std::string& to) {
+    note("rename " + name_of(from) + " " + name_of(to));
+    disk_->rename(from, to);
+}
+
+void FaultyDisk::note(const std::string& operation) {
+    operations.push_back(operation);
+    if (before)
+        before(operation);
+}
+
+} // namespace lookfar::testing

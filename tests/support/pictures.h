@@ -1,0 +1,16 @@
+#pragma once
+
+#include "runtime/transfer.h"
+
+#include <cstdint>
+
+namespace lookfar::testing {
+
+/// A picture file of one colour (0xRRGGBB), in a format of Qt's writers such as "jpg" or "png".
+Bytes picture_file(int width, int height, std::uint32_t colour = 0x336699,
+                   const char* format = "jpg");
+
+/// A JPEG full of detail, as large as a camera's; another seed gives another one.
+Bytes detailed_jpeg(int width, int height, std::uint32_t seed = 1);
+
+} // namespace lookfar::testing

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "runtime/platform.h"
+#include "support/faulty_disk.h"
+
+#include <chrono>
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace lookfar::testing {
+
+/// Thrown where the program ends, so that a test goes on behind it.
+struct ProgramEnded {};
+
+/// How a scripted camera answers.
+struct ScriptedAnswer {
+    TransferOutcome outcome = Bytes();
+    std::chrono::milliseconds after{100};
+};
+
+/// A machine made of virtual time and scripted answers: an hour passes as quickly as its events
+/// are run. Time moves only while the program waits or the test lets it run.
+class ScriptedPlatform : public Platform {
+  public:
+    // The script.
+
+    /// Lets the message loop run for some virtual time.
+    void run_for(std::chrono::milliseconds duration);
+    /// Has an action come from the user or the machine after some virtual time.
+    void after(std::chrono::milliseconds delay, std::function<void()> action);
+    void set_time_of_day(std::chrono::milliseconds time);
+
+    ScreenMetrics metrics{.size = {15360, 11520}, .bits_per_pixel = 32};
+    FaultyDisk faulty_disk;
+
+    /// Answers by URL; a URL without one has no host. Every transfer ends at its time-out.
+    std::map<std::string, ScriptedAnswer> cameras;
+    /// The URLs that were asked for, in order.
+    std::vector<std::string> requests;
+    int abandoned_transfers = 0;
+
+    /// Answers message boxes, in order; runs while the box is up.
+    std::deque<std::function<short(const MessageBox&)>> box_answers;
+    std::vector<MessageBox> boxes;
+
+    std::vector<Failure> untrapped;
+    std::vector<const PopupMenu*> menus;
+    const MenuItem* default_menu_entry = nullptr;
+    std::vector<const Form*> brought_forward;
+    std::set<const Element*> changed_elements;
+    const Control* focus = nullptr;
+    /// How often the wake handler was called.
+    int wake_ups = 0;
+
+    RemoteAccessService* remote_access_service = nullptr;
+
+    // The platform.
+
+    Instant now() const override { return now_; }
+    std::chrono::milliseconds time_of_day() const override;
+    void set_wake_handler(std::function<void()> handler) override;
+    void wake_at(std::optional<Instant> instant) override { wake_ = instant; }
+    void run() override;
+    void deliver_pending() override;
+    void wait_until(const std::function<bool()>& done) override;
+    void post(std::function<void()> work) override { after({}, std::move(work)); }
+    [[noreturn]] void end() override { throw ProgramEnded{}; }
+    ScreenMetrics screen() const override { return metrics; }
+    Disk& disk() override { return faulty_disk; }
+    std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
+    RemoteAccessService* remote_access() override { return remote_access_service; }
+    short ask(const MessageBox& box) override;
+    void changed(Element& element) override { changed_elements.insert(&element); }
+    void forget(Element& element) override { changed_elements.erase(&element); }
+    void bring_forward(Form& form) override { brought_forward.push_back(&form); }
+    void set_focus(Control& control) override { focus = &control; }
+    void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
+    Size text_size(const std::string& text, const Font& font) const override;
+    void report_untrapped(const Failure& failure) override { untrapped.push_back(failure); }
+
+  private:
+    std::optional<Instant> next_event() const;
+    void run_next_event();
+
+    Instant now_{std::chrono::hours(1)};
+    std::chrono::milliseconds time_of_day_at_start_{std::chrono::hours(12)};
+    std::optional<Instant> wake_;
+    std::function<void()> wake_handler_;
+    std::multimap<Instant, std::function<void()>> events_;
+};
+
+} // namespace lookfar::testing
