@@ -1,0 +1,38 @@
+#pragma once
+
+#include "runtime/files.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace lookfar::catalogue {
+
+/// The camera list, in the current directory: a camera is two lines, its title and its URL.
+inline constexpr const char* list_name = "Cams.inf";
+/// The copy that a rewrite makes beside it.
+inline constexpr const char* copy_name = "C1.DAT";
+
+/// The file numbers of the two.
+inline constexpr int list_number = 1;
+inline constexpr int copy_number = 2;
+
+/// Gives the titles of a well-formed list in the order of the file, skipping blank lines where a
+/// title is expected. A list that is missing or has no line at all is written anew with the one
+/// default camera first. Whatever else ends the reading early, the titles given so far are the
+/// list, and the file is left alone.
+///
+/// Throws a `Failure` when the list can't be opened, or the default camera not be written.
+void read_at_start(NumberedFiles& files, const std::function<void(const std::string&)>& add_title);
+
+/// Gives every line of the list, titles, URLs and blank lines alike. The step may read further
+/// lines under `list_number`. The first read always happens: a list without a line fails.
+///
+/// Throws a `Failure` when the list can't be opened or read; it is closed in every case.
+void scan_lines(NumberedFiles& files, const std::function<void(const std::string&)>& step);
+
+/// The line behind the first line that equals the title; nothing where there is none. Throws as
+/// `scan_lines` does.
+std::optional<std::string> find_url(NumberedFiles& files, const std::string& title);
+
+} // namespace lookfar::catalogue

@@ -1,0 +1,120 @@
+#include "catalogue/rewrite.h"
+
+#include "catalogue/list_file.h"
+#include "runtime/failure.h"
+
+#include <cerrno>
+
+namespace lookfar::catalogue {
+
+namespace {
+
+void print_camera(NumberedFiles& files, const Camera& camera) {
+    files.Print(copy_number, camera.title);
+    files.Print(copy_number, camera.url);
+}
+
+void copy_without(NumberedFiles& files, const std::string& title) {
+    do {
+        const std::string line = files.LineInput(list_number);
+        if (line.empty())
+            continue;
+        const std::string url = files.LineInput(list_number);
+        if (line != title)
+            print_camera(files, {.title = line, .url = url});
+    } while (!files.EndOfFile(list_number));
+}
+
+/// The copy that an editor makes, each failing step skipped.
+class EditorCopy {
+  public:
+    EditorCopy(NumberedFiles& files, const Save& save) : files_(files), save_(save) {}
+
+    SaveOutcome run() {
+        read([&] { files_.OpenForInput(list_number, list_name); });
+        attempt([&] { files_.OpenForOutput(copy_number, copy_name); });
+        do {
+            if (copy_line() == SaveOutcome::refused)
+                return SaveOutcome::refused;
+        } while (more_lines_follow());
+        attempt([&] { files_.Close(list_number); });
+        if (!is_placed_)
+            print_record();
+        attempt([&] { files_.Close(copy_number); });
+        if (!has_lost_input_)
+            attempt([&] { files_.Replace(copy_name, list_name); });
+        return SaveOutcome::done;
+    }
+
+  private:
+    SaveOutcome copy_line() {
+        std::string line;
+        read([&] { line = files_.LineInput(list_number); });
+        if (save_.replaced_title && line == *save_.replaced_title) {
+            place_record();
+        } else if (!save_.replaced_title && line == save_.camera.title && !is_placed_) {
+            if (!save_.may_overwrite())
+                return SaveOutcome::refused;
+            place_record();
+        } else {
+            attempt([&] { files_.Print(copy_number, line); });
+        }
+        return SaveOutcome::done;
+    }
+
+    void place_record() {
+        read([&] { files_.LineInput(list_number); });
+        print_record();
+        is_placed_ = true;
+    }
+
+    void print_record() {
+        attempt([&] { files_.Print(copy_number, save_.camera.title); });
+        attempt([&] { files_.Print(copy_number, save_.camera.url); });
+    }
+
+    bool more_lines_follow() {
+        bool follow = false;
+        read([&] { follow = !files_.EndOfFile(list_number); });
+        return follow;
+    }
+
+    /// Drops a failing step, but remembers one that has cost a part of the old list: all but a
+    /// list that is missing, and its end.
+    template <class Step>
+    void read(Step step) {
+        try {
+            step();
+        } catch (const Failure& failure) {
+            const bool nothing_is_lost = failure.Number == ENOENT ||
+                                         failure.Number == failure_number::past_end_of_file ||
+                                         failure.Number == failure_number::bad_file_number;
+            has_lost_input_ = has_lost_input_ || !nothing_is_lost;
+        }
+    }
+
+    NumberedFiles& files_;
+    const Save& save_;
+    bool is_placed_ = false;
+    bool has_lost_input_ = false;
+};
+
+} // namespace
+
+void remove_cameras(NumberedFiles& files, const std::string& title) {
+    files.OpenForInput(list_number, list_name);
+    const FileCloser list_closer(files, list_number);
+    files.OpenForOutput(copy_number, copy_name);
+    const FileCloser copy_closer(files, copy_number);
+    copy_without(files, title);
+    files.CloseAll();
+    files.Replace(copy_name, list_name);
+}
+
+SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
+    const FileCloser list_closer(files, list_number);
+    const FileCloser copy_closer(files, copy_number);
+    return EditorCopy(files, save).run();
+}
+
+} // namespace lookfar::catalogue

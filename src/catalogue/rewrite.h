@@ -1,0 +1,43 @@
+#pragma once
+
+#include "runtime/files.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace lookfar::catalogue {
+
+/// One camera of the list.
+struct Camera {
+    std::string title;
+    std::string url;
+};
+
+/// Leaves every record with this title out of the list; blank lines between records go too.
+/// Throws a `Failure` when a file step fails; the list then stays as it was.
+void remove_cameras(NumberedFiles& files, const std::string& title);
+
+/// What an editor saves.
+struct Save {
+    Camera camera;
+    /// The title whose records the camera replaces, in place; nothing to add the camera.
+    std::optional<std::string> replaced_title;
+    /// Asked once when a camera is added under a title that exists: whether to overwrite it.
+    std::function<bool()> may_overwrite;
+};
+
+enum class SaveOutcome {
+    /// The list was rewritten, or a failing step kept the old one.
+    done,
+    /// The user refused to overwrite; the list is as it was, the copy stays behind.
+    refused,
+};
+
+/// Puts a camera into the list: in the place of the records that it replaces, or of the first
+/// line with its title, or else at the end. Every other line is kept as it stands. A step that
+/// fails is skipped and the next one runs, but a copy that lacks anything of the old list or of
+/// the new record never takes the list's place.
+SaveOutcome save_camera(NumberedFiles& files, const Save& save);
+
+} // namespace lookfar::catalogue
