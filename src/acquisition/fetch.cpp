@@ -1,0 +1,152 @@
+#include "acquisition/main_window.h"
+
+#include "acquisition/picture_file.h"
+#include "pipeline/fullscreen_window.h"
+#include "runtime/numbers.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+
+void store(NumberedFiles& files, const std::string& path, const Bytes& bytes) {
+    constexpr int picture_number = 1;
+    files.OpenForBinary(picture_number, path);
+    const FileCloser closer(files, picture_number);
+    files.Put(picture_number, bytes);
+}
+
+/// Scales an image of its picture's natural size into an area, as large as it fits whole, and
+/// centres it there. No step rounds.
+void fit(Image& image, const Bounds& area) {
+    const float width_ratio = area.Width / image.Width;
+    const float height_ratio = area.Height / image.Height;
+    image.Stretch = true;
+    if (width_ratio < height_ratio) {
+        image.Width = image.Width * width_ratio;
+        image.Height = image.Height * width_ratio;
+    } else {
+        image.Height = image.Height * height_ratio;
+        image.Width = image.Width * height_ratio;
+    }
+    image.Left = area.Width / 2 - image.Width / 2 + area.Left;
+    image.Top = area.Height / 2 - image.Height / 2 + area.Top;
+}
+
+/// Whole seconds between two readings of the clock, midnight in between or not.
+short whole_seconds(float start, float end) {
+    constexpr float seconds_a_day = 86400;
+    const float duration = end < start ? end - start + seconds_a_day : end - start;
+    constexpr float longest = std::numeric_limits<short>::max();
+    return round_to_short(std::min(duration, longest));
+}
+
+} // namespace
+
+void MainWindow::GetRESOURCE(std::string url) {
+    const float start = runtime.SecondsSinceMidnight();
+    try {
+        MousePointer = mouse_pointer::hourglass;
+        runtime.DoEvents();
+        const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
+        const std::string path = picture_path(runtime.platform().disk());
+        store(runtime.files(), path, bytes);
+
+        show_in_fullscreen_window(path);
+        show_in_main_window(path);
+        Form2->Picture1.Picture = runtime.LoadPicture(path);
+
+        Image1.Visible = false;
+        Label2.Visible = false;
+        Label3.Visible = false;
+        ImagNT1.Visible = true;
+        Form2->Image2.Visible = false;
+        Form2->Timer2.Enabled = false;
+        Form2->Label2.Visible = false;
+        Form2->Label3.Visible = false;
+    } catch (const Failure& failure) {
+        if (failure.Number == failure_number::transfer_busy)
+            clear_error_display();
+        else
+            show_error(failure);
+    }
+    report_duration(start);
+}
+
+void MainWindow::show_in_fullscreen_window(const std::string& path) {
+    Form2->Image3.Visible = false;
+    Form2->Picture1.Picture = runtime.LoadPicture(path);
+    Form2->Image3.Picture = Form2->Picture1.Picture;
+    Form2->Image3.Stretch = false;
+    Form2->Image3.Left = 0;
+    Form2->Image3.Top = 0;
+    fit(Form2->Image3, {.Left = 0, .Top = 0, .Width = Form2->Width, .Height = Form2->Height});
+    Form2->Image3.Visible = true;
+}
+
+void MainWindow::show_in_main_window(const std::string& path) {
+    ImagNT1.Visible = false;
+    ImagNT1.Stretch = false;
+    ImagNT1.Picture = runtime.LoadPicture(path);
+    ImagNT1.Stretch = true;
+    fit(ImagNT1, Label4.bounds());
+}
+
+void MainWindow::clear_error_display() {
+    Label2.Visible = false;
+    Label3.Visible = false;
+    ImagNT1.Visible = true;
+    Form2->Image3.Visible = true;
+    Form2->Timer2.Enabled = false;
+    Form2->Label2.Visible = false;
+    Form2->Label3.Visible = false;
+}
+
+void MainWindow::show_error(const Failure& failure) {
+    write_error_captions(failure);
+    Label2.Visible = true;
+    Label3.Visible = true;
+    Form2->Label3.Visible = true;
+    ImagNT1.Visible = false;
+    Form2->Image3.Visible = false;
+    Form2->Timer2.Enabled = true;
+    Form2->Picture1.Picture = ImagNT1.Picture;
+}
+
+void MainWindow::write_error_captions(const Failure& failure) {
+    const std::string number = "Error #" + number_text_with_blank(failure.Number).substr(1) + " ";
+    Label2.Caption = number;
+    Label3.Caption = failure.Description;
+    Form2->Label2.Caption = number;
+    Form2->Label3.Caption = failure.Description;
+}
+
+void MainWindow::report_duration(float start) {
+    const short seconds = whole_seconds(start, runtime.SecondsSinceMidnight());
+    Form2->Label7.Caption = number_text(seconds);
+    Form2->Label4.Caption = "Screenshot taken: " + runtime.TimeOfDay() + " (" +
+                            number_text_with_blank(seconds) + " Sec/Pic )";
+}
+
+std::string MainWindow::GetHTML(const std::string& WWW_Adresse) {
+    try {
+        Inet1.AccessType = 1;
+        Inet1.Protocol = 4;
+        const Bytes bytes = Inet1.OpenURL(WWW_Adresse, DataType::icString);
+        return {bytes.begin(), bytes.end()};
+    } catch (const Failure& failure) {
+        write_error_captions(failure);
+        Label2.Visible = true;
+        Label3.Visible = true;
+        Form2->Timer2.Enabled = true;
+        ImagNT1.Visible = false;
+        Form2->Image3.Visible = false;
+        Form2->Picture1.Picture = ImagNT1.Picture;
+        return {};
+    }
+}
+
+} // namespace lookfar

@@ -1,0 +1,61 @@
+#include "acquisition/main_window.h"
+
+#include "acquisition/picture_file.h"
+#include "program.h"
+
+namespace lookfar {
+
+MainWindow::MainWindow(Program& program)
+    : Form(program.runtime, {.Caption = "Lookfar", .Client = {4935, 5190}}),
+      Form2(program.Form2),
+      Form3(program.Form3) {
+    Load.connect(this, &MainWindow::Form_Load);
+    QueryUnload.connect(this, &MainWindow::Form_QueryUnload);
+    Unload.connect(this, &MainWindow::Form_Unload);
+
+    Timer1.Tick.connect(this, &MainWindow::Timer1_Timer);
+    Command2.Click.connect(this, &MainWindow::Command2_Click);
+    ImgReload.Click.connect(this, &MainWindow::ImgReload_Click);
+
+    Check1.Click.connect(this, &MainWindow::Check1_Click);
+    Timer2.Tick.connect(this, &MainWindow::Timer2_Timer);
+    Combo1.Click.connect(this, &MainWindow::Combo1_Click);
+
+    Text1.Change.connect(this, &MainWindow::Text1_Change);
+    Text1.KeyDown.connect(this, &MainWindow::Text1_KeyDown);
+    Text1.GotFocus.connect(this, &MainWindow::Text1_GotFocus);
+    Text2.Change.connect(this, &MainWindow::Text2_Change);
+    Text2.KeyDown.connect(this, &MainWindow::Text2_KeyDown);
+    UpDown1.Change.connect(this, &MainWindow::UpDown1_Change);
+
+    Check2.Click.connect(this, &MainWindow::Check2_Click);
+
+    ImagNT1.MouseDown.connect(this, &MainWindow::ImagNT1_MouseDown);
+    Label4.MouseDown.connect(this, &MainWindow::Label4_MouseDown);
+}
+
+void MainWindow::ImagNT1_MouseDown(short Button) {
+    if (Button == mouse_button::right)
+        PopupMenu(PopUpMenu1);
+}
+
+void MainWindow::Label4_MouseDown(short Button) {
+    if (Button == mouse_button::right)
+        PopupMenu(PopUpMenu1, &GoToFull);
+}
+
+void MainWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
+    Cancel = -1;
+    attempt([this] {
+        runtime.files().Kill(picture_path(runtime.platform().disk()));
+        Visible = false;
+        Hide();
+    });
+    runtime.End();
+}
+
+void MainWindow::Form_Unload() {
+    Inet1.Cancel();
+}
+
+} // namespace lookfar

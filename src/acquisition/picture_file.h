@@ -1,0 +1,18 @@
+#pragma once
+
+#include "runtime/disk.h"
+
+#include <string>
+
+namespace lookfar {
+
+/// The path of the file that holds the last answer's bytes: "data.dat" in the current directory.
+/// It is made anew for every use, since the directory may have changed.
+inline std::string picture_path(Disk& disk) {
+    std::string path = disk.current_directory();
+    if (!path.ends_with('/'))
+        path += '/';
+    return path + "data.dat";
+}
+
+} // namespace lookfar

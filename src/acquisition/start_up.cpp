@@ -1,0 +1,44 @@
+#include "acquisition/main_window.h"
+
+#include "catalogue/list_file.h"
+#include "catalogue/selector_lists.h"
+#include "catalogue/windows/camera_list_window.h"
+#include "pipeline/fullscreen_window.h"
+#include "runtime/numbers.h"
+
+#include <cmath>
+
+namespace lookfar {
+
+void MainWindow::Form_Load() {
+    warn_of_colour_depth();
+    runtime.random().Randomize(runtime.SecondsSinceMidnight());
+    Form2->Width = runtime.Screen().Width;
+    Form2->Height = runtime.Screen().Height;
+    try {
+        fill_selector_lists();
+        draw_first_camera();
+        Text1.Text = number_text(static_cast<double>(Timer1.Interval) / 1000);
+        Timer1_Timer();
+    } catch (const Failure& failure) {
+        show_error(failure);
+    }
+}
+
+void MainWindow::fill_selector_lists() {
+    catalogue::read_at_start(runtime.files(),
+                             [this](const std::string& title) { Form3->List1.AddItem(title); });
+    catalogue::copy_titles(
+        {.titles = Form3->List1, .main_selector = Combo1, .fullscreen_selector = Form2->Combo1});
+}
+
+void MainWindow::draw_first_camera() {
+    if (Form3->List1.ListCount() == 0)
+        return;
+    const float draw = runtime.random().Rnd() * static_cast<float>(Form3->List1.ListCount());
+    const auto c = static_cast<short>(std::floor(draw));
+    Combo1.Text = Combo1.List(c);
+    Form2->Combo1.Text = Form2->Combo1.List(c);
+}
+
+} // namespace lookfar

@@ -1,0 +1,27 @@
+#include "program.h"
+
+#include "acquisition/main_window.h"
+#include "catalogue/windows/camera_list_window.h"
+#include "pipeline/fullscreen_window.h"
+
+#include <memory>
+
+namespace lookfar {
+
+Program::Program(Platform& platform)
+    : runtime(platform),
+      Form1(runtime, [this] { return std::make_unique<MainWindow>(*this); }),
+      Form2(runtime, [this] { return std::make_unique<FullscreenWindow>(*this); }),
+      Form3(runtime, [this] { return std::make_unique<CameraListWindow>(*this); }) {}
+
+Program::~Program() = default;
+
+void Program::start() {
+    runtime.deliver([this] {
+        Form1->Left = 0;
+        Form1->Top = 0;
+        Form1->Show();
+    });
+}
+
+} // namespace lookfar

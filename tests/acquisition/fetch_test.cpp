@@ -1,0 +1,136 @@
+#include "support/machine.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+
+namespace lookfar::testing {
+namespace {
+
+TEST(Fetch, FitsThePictureWholeAndCentredIntoBothWindows) {
+    const struct {
+        int width;
+        int height;
+        Bounds main;
+        Bounds fullscreen;
+    } cases[] = {
+        {321, 241, {60, 120, 4815, 3615}, {7.5F, 0, 15345, 11520}},
+        {640, 160, {60, 1325.625F, 4815, 1203.75F}, {0, 3840, 15360, 3840}},
+        {120, 480, {2015.625F, 120, 903.75F, 3615}, {6240, 0, 2880, 11520}},
+        {3, 4, {1111.875F, 120, 2711.25F, 3615}, {3360, 0, 8640, 11520}},
+        {1920, 1440, {60, 121.875F, 4815, 3611.25F}, {0, 0, 15360, 11520}},
+    };
+    Machine machine;
+    machine.start();
+    for (const auto& [width, height, main, fullscreen] : cases) {
+        machine.set_answer('a', picture_file(width, height, 0x336699, "png"));
+        machine.Form1->Command2.Click.raise();
+        const auto expect_near = [&](const Bounds& actual, const Bounds& expected) {
+            EXPECT_NEAR(actual.Left, expected.Left, 24) << width;
+            EXPECT_NEAR(actual.Top, expected.Top, 24) << width;
+            EXPECT_NEAR(actual.Width, expected.Width, 48) << width;
+            EXPECT_NEAR(actual.Height, expected.Height, 48) << width;
+        };
+        expect_near(machine.Form1->ImagNT1.bounds(), main);
+        expect_near(machine.Form2->Image3.bounds(), fullscreen);
+        EXPECT_EQ(machine.Form2->Image3.Picture.get()->width(), width);
+        EXPECT_TRUE(machine.Form2->Image3.Stretch);
+    }
+}
+
+TEST(Fetch, GivesEveryControlAPictureObjectOfItsOwn) {
+    Machine machine;
+    machine.start();
+    EXPECT_NE(machine.Form2->Picture1.Picture.get(), machine.Form1->ImagNT1.Picture.get());
+    EXPECT_NE(machine.Form2->Picture1.Picture.get(), machine.Form2->Image3.Picture.get());
+    EXPECT_NE(machine.Form1->ImagNT1.Picture.get(), machine.Form2->Image3.Picture.get());
+}
+
+TEST(Fetch, WritesTheAnswerOverTheOldOneWithoutShorteningIt) {
+    Machine machine;
+    const Bytes large = detailed_jpeg(200, 200);
+    const Bytes small = picture_file(16, 16);
+    machine.set_answer('a', large);
+    machine.start();
+    machine.set_answer('a', small);
+    machine.Form1->Command2.Click.raise();
+    EXPECT_EQ(content_of("data.dat").size(), large.size());
+    EXPECT_EQ(machine.Form1->ImagNT1.Picture.get()->width(), 16);
+}
+
+TEST(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
+    Machine machine;
+    machine.start();
+    const auto picture = machine.Form1->ImagNT1.Picture.get();
+    const Bytes page{'<', 'h', 't', 'm', 'l', '>'};
+    const struct {
+        TransferOutcome outcome;
+        std::string number;
+        std::string text;
+    } cases[] = {
+        {Failure(7, "Connection refused"), "Error #7 ", "Connection refused"},
+        {Failure(-5, "negative"), "Error #5 ", "negative"},
+        {page, "Error #481 ", "The camera's answer is not a picture."},
+        {Bytes(), "Error #35765 ", "The camera's answer holds no bytes."},
+    };
+    for (const auto& [outcome, number, text] : cases) {
+        machine.set_answer('a', outcome, milliseconds(2500));
+        machine.Form1->Command2.Click.raise();
+        EXPECT_EQ(machine.Form1->Label2.Caption.get(), number);
+        EXPECT_EQ(machine.Form1->Label3.Caption.get(), text);
+        EXPECT_EQ(machine.Form2->Label2.Caption.get(), number);
+        EXPECT_EQ(machine.Form2->Label3.Caption.get(), text);
+        EXPECT_TRUE(machine.Form1->Label2.Visible && machine.Form1->Label3.Visible);
+        EXPECT_TRUE(machine.Form2->Label3.Visible && machine.Form2->Timer2.Enabled);
+        EXPECT_FALSE(machine.Form1->ImagNT1.Visible || machine.Form2->Image3.Visible);
+        EXPECT_TRUE(machine.Form1->Image1.Visible && machine.Form2->Image2.Visible);
+        EXPECT_EQ(machine.Form1->ImagNT1.Picture.get(), picture) << "the old picture is kept";
+        EXPECT_EQ(machine.Form2->Picture1.Picture.get(), picture);
+        EXPECT_EQ(machine.Form2->Label7.Caption.get(), "2") << "halves go to the even neighbour";
+        EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::standard);
+    }
+    machine.set_answer('a', picture_file(32, 24));
+    machine.Form1->Command2.Click.raise();
+    EXPECT_FALSE(machine.Form1->Label2.Visible || machine.Form1->Label3.Visible);
+    EXPECT_FALSE(machine.Form2->Label2.Visible || machine.Form2->Label3.Visible);
+    EXPECT_FALSE(machine.Form2->Timer2.Enabled || machine.Form1->Image1.Visible);
+    EXPECT_TRUE(machine.Form1->ImagNT1.Visible && machine.Form2->Image3.Visible);
+}
+
+TEST(Fetch, WithoutRoomOnTheDiskSaysSoAndLeavesNoFileOpen) {
+    Machine machine;
+    machine.start();
+    for (const char* operation : {"open-overwrite data.dat", "write data.dat", "read data.dat"}) {
+        machine.platform.faulty_disk.fail(operation, ENOSPC);
+        machine.Form1->Command2.Click.raise();
+        EXPECT_TRUE(machine.Form1->Label2.Visible) << operation;
+        EXPECT_EQ(machine.Form1->Label2.Caption.get(), "Error #" + std::to_string(ENOSPC) + " ");
+        machine.platform.faulty_disk.mend();
+        machine.Form1->Command2.Click.raise();
+        EXPECT_FALSE(machine.Form1->Label2.Visible) << operation;
+    }
+}
+
+TEST(Fetch, AcrossMidnightReportsTheSecondsThatPassed) {
+    Machine machine;
+    machine.start();
+    machine.platform.set_time_of_day(std::chrono::hours(24) - seconds(3));
+    machine.set_answer('a', picture_file(32, 24), seconds(7));
+    machine.Form1->Command2.Click.raise();
+    EXPECT_EQ(machine.Form2->Label7.Caption.get(), "7");
+    EXPECT_EQ(machine.Form2->Label4.Caption.get(), "Screenshot taken: 00:00:04 ( 7 Sec/Pic )");
+}
+
+TEST(Fetch, OfATextGivesTheBodyOrShowsTheFailure) {
+    Machine machine;
+    machine.start();
+    machine.platform.cameras["page"] = {.outcome = Bytes{'t', 'e', 'x', 't'}};
+    EXPECT_EQ(machine.Form1->GetHTML("page"), "text");
+    EXPECT_EQ(machine.Form1->GetHTML("nowhere"), "");
+    EXPECT_TRUE(machine.Form1->Label2.Visible);
+    EXPECT_TRUE(machine.Form2->Timer2.Enabled);
+    EXPECT_FALSE(machine.Form2->Label3.Visible);
+}
+
+} // namespace
+} // namespace lookfar::testing

@@ -1,0 +1,95 @@
+#include "support/machine.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <set>
+
+namespace lookfar::testing {
+namespace {
+
+TEST(StartUp, MakesTheListInAnEmptyFolderAndFetchesItsOneCamera) {
+    Machine machine(0);
+    machine.start();
+    EXPECT_EQ(machine.Form2->Combo1.Text.get(), "Eiffeltower");
+    EXPECT_EQ(machine.Form2->Label1.Caption.get(), "Eiffeltower");
+    ASSERT_EQ(machine.platform.requests.size(), 1U);
+    EXPECT_EQ(machine.platform.requests[0],
+              "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
+}
+
+TEST(StartUp, ShowsTheMainWindowOnlyWhenTheFirstRefreshHasEnded) {
+    Machine machine;
+    machine.set_answer('a', picture_file(320, 240), seconds(30));
+    machine.platform.after(seconds(5), [&] {
+        EXPECT_FALSE(machine.Form1->Visible);
+        EXPECT_TRUE(machine.Form1->Image1.Visible);
+        EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::hourglass);
+        EXPECT_EQ(machine.Form1->ImagNT1.Picture.get(), nullptr);
+    });
+    machine.start();
+    EXPECT_TRUE(machine.Form1->Visible);
+    EXPECT_FALSE(machine.Form2->Visible);
+    EXPECT_FALSE(machine.Form3->Visible);
+    EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::standard);
+    EXPECT_NE(machine.Form1->ImagNT1.Picture.get(), nullptr);
+    EXPECT_EQ(machine.platform.requests.size(), 1U) << "the tick of the wait was turned away";
+    EXPECT_TRUE(machine.platform.untrapped.empty());
+}
+
+TEST(StartUp, FillsTheThreeListsInOneOrderAndDrawsEveryCamera) {
+    std::set<std::string> drawn;
+    for (int second = 0; second < 60; ++second) {
+        Machine machine(3);
+        machine.platform.set_time_of_day(seconds(40000 + second));
+        machine.start();
+        for (short index = 0; index < 3; ++index) {
+            EXPECT_EQ(machine.Form1->Combo1.List(index), machine.Form3->List1.List(index));
+            EXPECT_EQ(machine.Form2->Combo1.List(index), machine.Form3->List1.List(index));
+        }
+        EXPECT_EQ(machine.Form1->Combo1.ListIndex, machine.Form2->Combo1.ListIndex);
+        drawn.insert(machine.Form2->Combo1.Text);
+    }
+    EXPECT_EQ(drawn, (std::set<std::string>{"a", "b", "c"}));
+}
+
+TEST(StartUp, SaysWhyTheListCantBeMadeAndGoesOnWithoutOne) {
+    Machine machine(0);
+    machine.platform.faulty_disk.fail("open-write Cams.inf", EROFS);
+    machine.start();
+    EXPECT_TRUE(machine.Form1->Visible);
+    EXPECT_TRUE(machine.Form1->Label2.Visible);
+    EXPECT_EQ(machine.Form1->Label2.Caption.get(), "Error #" + std::to_string(EROFS) + " ");
+    EXPECT_EQ(machine.Form1->Combo1.ListCount(), 0);
+    machine.platform.run_for(seconds(60));
+    EXPECT_TRUE(machine.platform.requests.empty());
+    EXPECT_TRUE(machine.Form1->Label2.Visible);
+}
+
+TEST(StartUp, WithAListOfNoCameraSelectsNothingAndKeepsTheCells) {
+    Machine machine(0);
+    write_file("Cams.inf", "\r\n\r\n");
+    machine.start();
+    machine.platform.run_for(seconds(30));
+    EXPECT_EQ(machine.Form2->Combo1.ListIndex, -1);
+    EXPECT_EQ(machine.Form1->Text3.Text.get(), "Skyglass");
+    EXPECT_EQ(machine.Form2->Label1.Caption.get(), "");
+    EXPECT_TRUE(machine.platform.requests.empty());
+    EXPECT_EQ(content_of("Cams.inf"), "\r\n\r\n");
+}
+
+TEST(StartUp, TakesTheFirst32767CamerasAndLeavesTheFileAlone) {
+    Machine machine(0);
+    std::string list;
+    for (int camera = 0; camera < 32769; ++camera)
+        list += "camera " + std::to_string(camera) + "\r\nhttp://many.example/\r\n";
+    write_file("Cams.inf", list);
+    machine.start();
+    EXPECT_EQ(machine.Form3->List1.ListCount(), 32767);
+    EXPECT_EQ(machine.Form2->Combo1.List(32766), machine.Form1->Combo1.List(32766));
+    EXPECT_EQ(content_of("Cams.inf"), list);
+    EXPECT_EQ(machine.platform.requests.size(), 1U);
+}
+
+} // namespace
+} // namespace lookfar::testing

@@ -1,0 +1,84 @@
+#include "pipeline/blur.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <random>
+#include <vector>
+
+namespace lookfar::testing {
+namespace {
+
+using Buffer = std::vector<std::uint8_t>;
+
+/// The filter step by step, every access checked.
+void blur_literally(Buffer& bytes, int height, int stride) {
+    const long size = static_cast<long>(bytes.size());
+    const auto read = [&](long index) {
+        return index >= 0 && index < size ? int{bytes[static_cast<std::size_t>(index)]} : 0;
+    };
+    long position = stride + 3;
+    for (int pass = 1; pass <= height - 3; ++pass) {
+        for (int step = 0; step <= stride; ++step) {
+            ++position;
+            int sum = read(position - stride);
+            sum += read(position - 3);
+            sum += read(position + 3);
+            sum += read(position + stride);
+            if (position < size)
+                bytes[static_cast<std::size_t>(position)] = static_cast<std::uint8_t>(sum / 4);
+        }
+    }
+}
+
+TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
+    std::mt19937 random(7);
+    for (int height = 0; height <= 24; ++height) {
+        for (int stride = 0; stride <= 28; stride += stride < 8 ? 1 : 4) {
+            Buffer bytes(static_cast<std::size_t>(height * stride));
+            for (auto& byte : bytes)
+                byte = static_cast<std::uint8_t>(random());
+            Buffer expected = bytes;
+            blur_literally(expected, height, stride);
+            blur(bytes, height, stride);
+            ASSERT_EQ(bytes, expected) << height << " rows of " << stride;
+        }
+    }
+    for (const auto& [height, stride] : {std::pair{480, 1920}, {1000, 8}, {5, 4000}}) {
+        Buffer bytes(static_cast<std::size_t>(height * stride));
+        for (auto& byte : bytes)
+            byte = static_cast<std::uint8_t>(random());
+        Buffer expected = bytes;
+        blur_literally(expected, height, stride);
+        blur(bytes, height, stride);
+        ASSERT_EQ(bytes, expected) << height << " rows of " << stride;
+    }
+}
+
+TEST(Blur, SmearsABrightByteAsWorkedOutByHand) {
+    Buffer bytes(72, 0);
+    bytes[31] = 200;
+    blur(bytes, 6, 12);
+    Buffer expected(72, 0);
+    const std::pair<std::size_t, std::uint8_t> changed[] = {{19, 50}, {22, 12}, {25, 3}, {28, 50},
+                                                            {31, 25}, {34, 9},  {37, 3}, {40, 13},
+                                                            {43, 9},  {46, 4},  {49, 1}, {52, 3}};
+    for (const auto& [index, value] : changed)
+        expected[index] = value;
+    EXPECT_EQ(bytes, expected);
+}
+
+TEST(Blur, StartsAndEndsAtItsFirstAndLastTarget) {
+    Buffer bytes(72);
+    for (std::size_t index = 0; index < bytes.size(); ++index)
+        bytes[index] = index % 2 == 0 ? 0 : 255;
+    const Buffer before = bytes;
+    blur(bytes, 6, 12);
+    for (std::size_t index = 0; index < bytes.size(); ++index) {
+        const bool is_target = index >= 16 && index <= 54;
+        EXPECT_EQ(bytes[index] != before[index], is_target) << index;
+    }
+}
+
+} // namespace
+} // namespace lookfar::testing

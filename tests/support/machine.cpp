@@ -1,0 +1,33 @@
+#include "support/machine.h"
+
+#include <utility>
+
+namespace lookfar::testing {
+
+Machine::Machine(int cameras) {
+    std::string list;
+    for (int index = 0; index < cameras; ++index) {
+        const char camera = static_cast<char>('a' + index);
+        list += std::string(1, camera) + "\r\n" + url_of(camera) + "\r\n";
+        set_answer(camera, picture_file(320 + 16 * index, 240));
+    }
+    if (cameras > 0)
+        write_file("Cams.inf", list);
+}
+
+void Machine::pick(short index) {
+    program.runtime.deliver([this, index] {
+        Form1->Combo1.ListIndex = index;
+        Form1->Command2.Click.raise();
+    });
+}
+
+void Machine::set_answer(char camera, TransferOutcome outcome, milliseconds after) {
+    platform.cameras[url_of(camera)] = {.outcome = std::move(outcome), .after = after};
+}
+
+std::string Machine::url_of(char camera) {
+    return std::string("http://cameras.example/") + camera + ".jpg";
+}
+
+} // namespace lookfar::testing

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "acquisition/main_window.h"
+#include "catalogue/windows/camera_list_window.h"
+#include "pipeline/fullscreen_window.h"
+#include "program.h"
+#include "support/pictures.h"
+#include "support/scripted_platform.h"
+#include "support/temporary_folder.h"
+
+#include <chrono>
+#include <string>
+
+namespace lookfar::testing {
+
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+
+/// A whole program on a scripted machine, in an empty folder, with cameras named a, b, c, ... that
+/// answer with a picture each.
+struct Machine {
+    /// Lists the first so many cameras in the list file; none leaves the folder empty.
+    explicit Machine(int cameras = 1);
+
+    void start() { program.start(); }
+    /// Picks a camera and has it fetched.
+    void pick(short index);
+    void set_answer(char camera, TransferOutcome outcome, milliseconds after = milliseconds(100));
+
+    static std::string url_of(char camera);
+
+    TemporaryFolder folder;
+    ScriptedPlatform platform;
+    Program program{platform};
+    Window<MainWindow>& Form1 = program.Form1;
+    Window<FullscreenWindow>& Form2 = program.Form2;
+    Window<CameraListWindow>& Form3 = program.Form3;
+};
+
+} // namespace lookfar::testing
