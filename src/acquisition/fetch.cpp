@@ -2,6 +2,7 @@
 
 #include "acquisition/picture_file.h"
 #include "pipeline/fullscreen_window.h"
+#include "runtime/jpeg_end.h"
 #include "runtime/numbers.h"
 
 #include <algorithm>
@@ -11,6 +12,13 @@
 namespace lookfar {
 
 namespace {
+
+/// The picture file keeps the tail of an earlier, longer answer. That tail would pass for the
+/// end of a picture that was cut short, so such an answer is refused before it gets there.
+void refuse_cut_short(const Bytes& bytes) {
+    if (is_cut_short_jpeg(bytes))
+        throw Failure(failure_number::invalid_picture, "The picture ends too early.");
+}
 
 void store(NumberedFiles& files, const std::string& path, const Bytes& bytes) {
     constexpr int picture_number = 1;
@@ -52,6 +60,7 @@ void MainWindow::GetRESOURCE(std::string url) {
         MousePointer = mouse_pointer::hourglass;
         runtime.DoEvents();
         const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
+        refuse_cut_short(bytes);
         const std::string path = picture_path(runtime.platform().disk());
         store(runtime.files(), path, bytes);
 

@@ -18,9 +18,11 @@ bool has_no_length(std::uint8_t marker) {
            (marker >= first_restart && marker <= start_of_image);
 }
 
-} // namespace
+bool starts_jpeg(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
+}
 
-bool jpeg_is_complete(std::span<const std::uint8_t> bytes) {
+bool has_end_marker(std::span<const std::uint8_t> bytes) {
     std::size_t position = 0;
     while (position + 1 < bytes.size()) {
         const std::uint8_t marker = bytes[position + 1];
@@ -39,6 +41,12 @@ bool jpeg_is_complete(std::span<const std::uint8_t> bytes) {
         position += static_cast<std::size_t>(bytes[position]) << 8U | bytes[position + 1];
     }
     return false;
+}
+
+} // namespace
+
+bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
+    return starts_jpeg(bytes) && !has_end_marker(bytes);
 }
 
 } // namespace lookfar

@@ -5,8 +5,8 @@
 
 namespace lookfar {
 
-/// Whether the bytes, which start with a JPEG picture, hold it up to its end marker. Decoders
-/// fill up a picture that was cut short and call it whole.
-bool jpeg_is_complete(std::span<const std::uint8_t> bytes);
+/// Whether the bytes start a JPEG picture and don't hold it up to its end marker. Decoders fill
+/// up such a picture and call it whole.
+bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
 } // namespace lookfar

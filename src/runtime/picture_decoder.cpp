@@ -43,10 +43,9 @@ QImage read_image(std::span<const std::uint8_t> bytes) {
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
-    const QByteArray format = reader.format();
-    refuse_format(format);
+    refuse_format(reader.format());
     refuse_size(reader.size());
-    if (format.startsWith("jp") && !jpeg_is_complete(bytes))
+    if (is_cut_short_jpeg(bytes))
         refuse("The picture ends too early.");
     QImage image = reader.read();
     if (image.isNull())

@@ -63,6 +63,8 @@ TEST(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
     machine.start();
     const auto picture = machine.Form1->ImagNT1.Picture.get();
     const Bytes page{'<', 'h', 't', 'm', 'l', '>'};
+    const Bytes whole = detailed_jpeg(64, 48);
+    const Bytes half(whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2));
     const struct {
         TransferOutcome outcome;
         std::string number;
@@ -72,6 +74,7 @@ TEST(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
         {Failure(-5, "negative"), "Error #5 ", "negative"},
         {page, "Error #481 ", "The camera's answer is not a picture."},
         {Bytes(), "Error #35765 ", "The camera's answer holds no bytes."},
+        {half, "Error #481 ", "The picture ends too early."},
     };
     for (const auto& [outcome, number, text] : cases) {
         machine.set_answer('a', outcome, milliseconds(2500));

@@ -100,14 +100,15 @@ TEST(Pictures, AreRefusedWithAReason) {
     }
 }
 
-TEST(Pictures, OfTheJpegKindAreCompleteOnlyWithTheirLastMarker) {
+TEST(Pictures, OfTheJpegKindAreCutShortWithoutTheirLastMarker) {
     const Bytes whole = detailed_jpeg(64, 64);
-    EXPECT_TRUE(jpeg_is_complete(whole));
-    for (std::size_t length = 0; length + 1 < whole.size(); length += 97)
-        EXPECT_FALSE(jpeg_is_complete({whole.data(), length})) << length;
+    EXPECT_FALSE(is_cut_short_jpeg(whole));
+    for (std::size_t length = 2; length + 1 < whole.size(); length += 97)
+        EXPECT_TRUE(is_cut_short_jpeg({whole.data(), length})) << length;
     // An end marker inside a segment, such as a thumbnail's, ends nothing.
     const Bytes thumbnail{0xFF, 0xD8, 0xFF, 0xE1, 0x00, 0x06, 0xFF, 0xD9, 0xFF, 0xD9};
-    EXPECT_FALSE(jpeg_is_complete(thumbnail));
+    EXPECT_TRUE(is_cut_short_jpeg(thumbnail));
+    EXPECT_FALSE(is_cut_short_jpeg(picture_file(8, 8, 0, "png")));
 }
 
 } // namespace
