@@ -134,6 +134,8 @@ class MainWindow : public Form {
                   .BackColor = colour::black,
                   .ForeColor = colour::white,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Italic = true},
+                  .AutoSize = true,
+                  .WordWrap = true,
                   .TabIndex = 7}};
     // Number line of the error display.
     Label Label2{*this,

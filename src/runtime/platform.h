@@ -83,8 +83,10 @@ class Platform {
     virtual void set_focus(Control& control) = 0;
     /// Shows a menu at the pointer, the default entry set off; returns at once.
     virtual void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) = 0;
-    /// The room that a text takes, in twips; lines are parted by line feeds.
-    virtual Size text_size(const std::string& text, const Font& font) const = 0;
+    /// The room that a text takes, in twips; lines are parted by line feeds, and by wrapping at a
+    /// width where one is given.
+    virtual Size text_size(const std::string& text, const Font& font,
+                           std::optional<float> wrap_width) const = 0;
     /// An untrapped failure has ended a handler.
     virtual void report_untrapped(const Failure& failure) = 0;
 };

@@ -24,6 +24,7 @@ struct Sample : Form {
     CheckBox Check1{*this, {}};
     UpDown UpDown1{*this, {.Value = 10, .Min = 1, .Max = 12}};
     Label Label1{*this, {.Caption = "one", .At = {100, 100, 10, 10}, .AutoSize = true}};
+    Label Label2{*this, {.At = {0, 0, 1000, 165}, .AutoSize = true, .WordWrap = true}};
     Image Image1{*this, {.At = {10, 20, 300, 400}}};
     Timer Timer1{*this, {.Enabled = false, .Interval = 1000}};
 };
@@ -98,8 +99,15 @@ TEST_F(Properties, TellThePlatformThatTheElementChanged) {
 
 TEST_F(Properties, ALabelThatSizesItselfGrowsFromItsTopLeftCorner) {
     form.Label1.Caption = "fifteen letters";
-    const Size size = platform.text_size("fifteen letters", form.Label1.Font);
+    const Size size = platform.text_size("fifteen letters", form.Label1.Font, std::nullopt);
     EXPECT_EQ(form.Label1.bounds(), (Bounds{100, 100, size.Width, size.Height}));
+}
+
+TEST_F(Properties, ALabelThatWrapsGrowsDownwardsAndBackToItsDesign) {
+    form.Label2.Caption = std::string(40, 'x');
+    EXPECT_EQ(form.Label2.bounds(), (Bounds{0, 0, 1000, 660}));
+    form.Label2.Caption = "x";
+    EXPECT_EQ(form.Label2.bounds(), (Bounds{0, 0, 1000, 165}));
 }
 
 TEST_F(Properties, AnImageTakesItsPicturesSizeOnlyWithoutStretch) {

@@ -1,6 +1,7 @@
 #include "support/scripted_platform.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <stdexcept>
 #include <utility>
@@ -105,9 +106,13 @@ void ScriptedPlatform::pop_up(Form& /*form*/, PopupMenu& menu, const MenuItem* d
     default_menu_entry = default_entry;
 }
 
-Size ScriptedPlatform::text_size(const std::string& text, const Font& font) const {
-    const float height = font.Size * 20;
-    return {.Width = static_cast<float>(text.size()) * height / 2, .Height = height};
+Size ScriptedPlatform::text_size(const std::string& text, const Font& font,
+                                 std::optional<float> wrap_width) const {
+    const float line_height = font.Size * 20;
+    const float width = static_cast<float>(text.size()) * line_height / 2;
+    if (!wrap_width)
+        return {.Width = width, .Height = line_height};
+    return {.Width = *wrap_width, .Height = std::ceil(width / *wrap_width) * line_height};
 }
 
 std::optional<Instant> ScriptedPlatform::next_event() const {

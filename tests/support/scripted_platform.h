@@ -80,7 +80,8 @@ class ScriptedPlatform : public Platform {
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }
     void set_focus(Control& control) override { focus = &control; }
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
-    Size text_size(const std::string& text, const Font& font) const override;
+    Size text_size(const std::string& text, const Font& font,
+                   std::optional<float> wrap_width) const override;
     void report_untrapped(const Failure& failure) override { untrapped.push_back(failure); }
 
   private:

@@ -4,6 +4,9 @@
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
+#include <algorithm>
+#include <optional>
+
 namespace lookfar {
 
 Label::Label(Form& owner, const LabelDesign& design)
@@ -16,8 +19,10 @@ Label::Label(Form& owner, const LabelDesign& design)
       Border(design.Border),
       Font(design.Font),
       AutoSize(design.AutoSize),
+      WordWrap(design.WordWrap),
       TabIndex(design.TabIndex),
-      ToolTipText(design.ToolTipText) {}
+      ToolTipText(design.ToolTipText),
+      design_height_(design.At.Height) {}
 
 void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
@@ -26,9 +31,14 @@ void Label::accept(ControlVisitor& visitor) {
 void Label::take_size_of_caption() {
     if (!AutoSize)
         return;
-    const Size size = runtime.platform().text_size(Caption, Font);
-    Width = size.Width;
-    Height = size.Height;
+    const auto wrap_width = WordWrap ? std::optional(Width.get()) : std::nullopt;
+    const Size size = runtime.platform().text_size(Caption, Font, wrap_width);
+    if (WordWrap) {
+        Height = std::max(design_height_, size.Height);
+    } else {
+        Width = size.Width;
+        Height = size.Height;
+    }
 }
 
 } // namespace lookfar

@@ -19,6 +19,9 @@ struct LabelDesign {
     lookfar::Font Font = {};
     /// Whether the label takes the size of its caption, growing from its top left corner.
     bool AutoSize = false;
+    /// Whether a label that sizes itself keeps its width: it wraps its caption and grows
+    /// downwards, and never gets lower than it was designed.
+    bool WordWrap = false;
     int TabIndex = 0;
     std::string ToolTipText = {};
 };
@@ -39,11 +42,14 @@ class Label : public BoxControl, public MouseEvents {
     const LabelBorder Border;
     const lookfar::Font Font;
     const bool AutoSize;
+    const bool WordWrap;
     const int TabIndex;
     const std::string ToolTipText;
 
   private:
     void take_size_of_caption();
+
+    const float design_height_;
 };
 
 } // namespace lookfar

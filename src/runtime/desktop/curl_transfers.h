@@ -1,0 +1,51 @@
+#pragma once
+
+#include "runtime/transfer.h"
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+namespace lookfar {
+
+/// Fetches pictures with HTTP GETs on one worker thread. Connections are kept and used again by
+/// later transfers from the same host. Everything here, and the transfers handed out, belong to
+/// the main thread.
+///
+/// A URL without a scheme is taken as http. Only http and https are spoken, also after a
+/// redirect. A user name and password in the URL answer any authentication that the host asks
+/// for; no other host gets them. Certificates are checked. No cookies are kept. A compressed
+/// body is handed over as it came.
+///
+/// Failures carry the transfer library's number and a text that is not empty.
+class CurlTransfers {
+  public:
+    /// Runs work on the main thread later. Called on any thread.
+    using Post = std::function<void(std::function<void()>)>;
+
+    /// The largest body in bytes; a larger one ends as a failure.
+    static constexpr std::size_t largest_body = std::size_t{64} * 1024 * 1024;
+    /// The longest URL in bytes.
+    static constexpr std::size_t longest_url = std::size_t{64} * 1024;
+    static constexpr long most_redirects = 10;
+
+    /// Throws a Failure if the transfer library cannot be started.
+    explicit CurlTransfers(Post post);
+    CurlTransfers(const CurlTransfers&) = delete;
+    CurlTransfers& operator=(const CurlTransfers&) = delete;
+    /// Abandons the transfers in progress and returns without waiting for any host.
+    ~CurlTransfers();
+
+    /// Starts a GET and returns at once. `done` is posted exactly once, whatever is wrong with
+    /// the request, unless the transfer is abandoned before. A timeout of zero or less counts as
+    /// one millisecond.
+    std::unique_ptr<Transfer> start(TransferRequest request, TransferDone done);
+
+  private:
+    class Worker;
+    class Handle;
+
+    std::shared_ptr<Worker> worker_;
+};
+
+} // namespace lookfar

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "runtime/platform.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace lookfar {
+
+namespace desktop {
+class Windows;
+}
+
+/// The desktop: native windows and widgets, the screen, the network and the disk of this machine.
+/// There is one in a process, on the main thread.
+class DesktopPlatform : public Platform {
+  public:
+    /// The icons are PNG files of the application's icon in several sizes. Takes the arguments
+    /// out that the windowing system knows.
+    DesktopPlatform(int& argument_count, char** arguments,
+                    const std::vector<std::span<const std::uint8_t>>& icons);
+    ~DesktopPlatform() override;
+
+    Instant now() const override;
+    std::chrono::milliseconds time_of_day() const override;
+    void set_wake_handler(std::function<void()> handler) override;
+    void wake_at(std::optional<Instant> instant) override;
+
+    void run() override;
+    void deliver_pending() override;
+    void wait_until(const std::function<bool()>& done) override;
+    void post(std::function<void()> work) override;
+    [[noreturn]] void end() override;
+
+    ScreenMetrics screen() const override;
+    Disk& disk() override;
+    std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
+
+    short ask(const MessageBox& box) override;
+    void changed(Element& element) override;
+    void forget(Element& element) override;
+    void bring_forward(Form& form) override;
+    void set_focus(Control& control) override;
+    void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
+    Size text_size(const std::string& text, const Font& font,
+                   std::optional<float> wrap_width) const override;
+    void report_untrapped(const Failure& failure) override;
+
+    /// The windows on the screen.
+    desktop::Windows& windows();
+
+  private:
+    struct Parts;
+
+    std::unique_ptr<Parts> parts_;
+};
+
+} // namespace lookfar

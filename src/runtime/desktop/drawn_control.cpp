@@ -1,0 +1,98 @@
+#include "runtime/desktop/drawn_control.h"
+
+#include "runtime/controls/images.h"
+#include "runtime/controls/label.h"
+#include "runtime/controls/shapes.h"
+#include "runtime/controls/visitor.h"
+#include "runtime/desktop/fonts.h"
+#include "runtime/desktop/geometry.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+using Role = DrawnControl::Role;
+
+/// A line has no width of its own; one pixel around it holds its thickness.
+QRectF area_of(const Line& line) {
+    const QRectF between(QPointF(to_pixels(line.X1), to_pixels(line.Y1)),
+                         QPointF(to_pixels(line.X2), to_pixels(line.Y2)));
+    return between.normalized().adjusted(-1, -1, 1, 1);
+}
+
+/// A caption may be larger than its label was designed; it is shown whole from the start.
+QRectF area_of(const Label& label) {
+    QRectF area = exact_rectangle(label.bounds());
+    if (!label.AutoSize || label.WordWrap)
+        return area;
+    const Size size = measure_text(label.Caption, label.Font);
+    area.setWidth(std::max(area.width(), to_pixels(size.Width)));
+    area.setHeight(std::max(area.height(), to_pixels(size.Height)));
+    return area;
+}
+
+class Describer : public ControlVisitor {
+  public:
+    void visit(CheckBox&) override {}
+    void visit(ComboBox&) override {}
+    void visit(CommandButton&) override {}
+    void visit(ListBox&) override {}
+    void visit(StatusBar&) override {}
+    void visit(TextBox&) override {}
+    void visit(UpDown&) override {}
+
+    void visit(Frame& frame) override { describe(frame); }
+    void visit(Shape& shape) override { describe(shape); }
+
+    void visit(Line& line) override {
+        drawn_ = DrawnControl{.control = &line, .area = area_of(line)};
+    }
+
+    void visit(Label& label) override {
+        DrawnControl& drawn = describe(label);
+        drawn.role = Role::text;
+        drawn.area = area_of(label);
+        drawn.mouse = &label;
+        drawn.tool_tip = label.ToolTipText;
+        drawn.name = label.Caption;
+    }
+
+    void visit(Image& image) override {
+        DrawnControl& drawn = describe(image);
+        drawn.role = Role::picture;
+        drawn.mouse = &image;
+        drawn.picture = image.Picture;
+        drawn.tool_tip = image.ToolTipText;
+        drawn.name = image.AccessibleName.empty() ? image.ToolTipText : image.AccessibleName;
+    }
+
+    void visit(PictureBox& box) override {
+        DrawnControl& drawn = describe(box);
+        drawn.role = Role::picture;
+        drawn.mouse = &box;
+        drawn.picture = box.Picture;
+    }
+
+    std::optional<DrawnControl> take() { return std::move(drawn_); }
+
+  private:
+    DrawnControl& describe(BoxControl& control) {
+        return drawn_.emplace(
+            DrawnControl{.control = &control, .area = exact_rectangle(control.bounds())});
+    }
+
+    std::optional<DrawnControl> drawn_;
+};
+
+} // namespace
+
+std::optional<DrawnControl> drawn_control(Control& control) {
+    Describer describer;
+    control.accept(describer);
+    return describer.take();
+}
+
+} // namespace lookfar::desktop

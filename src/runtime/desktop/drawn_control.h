@@ -1,0 +1,32 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+#include "runtime/picture.h"
+
+#include <QRectF>
+
+#include <optional>
+#include <string>
+
+namespace lookfar::desktop {
+
+/// What a window must know of a control that it draws itself.
+struct DrawnControl {
+    enum class Role { decoration, text, picture };
+
+    Control* control = nullptr;
+    Role role = Role::decoration;
+    /// In logical pixels from the window's top left corner.
+    QRectF area = {};
+    /// Empty for a control that takes no mouse events.
+    MouseEvents* mouse = nullptr;
+    PictureReference picture = {};
+    std::string tool_tip = {};
+    /// What assistive technology calls the control.
+    std::string name = {};
+};
+
+/// Nothing for a control that is a native widget.
+std::optional<DrawnControl> drawn_control(Control& control);
+
+} // namespace lookfar::desktop

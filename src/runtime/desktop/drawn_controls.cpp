@@ -1,0 +1,99 @@
+#include "runtime/desktop/drawn_controls.h"
+
+#include "runtime/desktop/colours.h"
+#include "runtime/desktop/control_painter.h"
+#include "runtime/form.h"
+
+#include <QPainter>
+
+#include <ranges>
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+/// Whole pixels, with one more around for smooth edges and the overhang of slanted letters.
+QRect painted_area(const DrawnControl& drawn) {
+    return drawn.area.toAlignedRect().adjusted(-1, -1, 1, 1);
+}
+
+} // namespace
+
+QRegion DrawnControls::synchronise(Control& control) {
+    const auto drawn = drawn_control(control);
+    if (!drawn)
+        return {};
+    if (!drawn->picture || !control.Visible)
+        pictures_.drop(control);
+    Shown now;
+    if (control.Visible)
+        now = {.area = painted_area(*drawn),
+               .picture = drawn->picture,
+               .revision = drawn->picture ? drawn->picture->revision() : 0};
+    const Shown before = std::exchange(shown_[&control], now);
+    return QRegion(before.area) + now.area;
+}
+
+QRegion DrawnControls::synchronise_edited_pictures() {
+    QRegion region;
+    for (Shown& shown : std::views::values(shown_)) {
+        if (!shown.picture || shown.picture->revision() == shown.revision)
+            continue;
+        shown.revision = shown.picture->revision();
+        region += shown.area;
+    }
+    return region;
+}
+
+void DrawnControls::forget(const Element& element) {
+    shown_.erase(&element);
+    pictures_.drop(element);
+}
+
+void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalette& palette) {
+    painter.setClipRegion(region);
+    painter.fillRect(region.boundingRect(), screen_colour(form_.BackColor, palette));
+    ControlPainter control_painter(painter, palette, pictures_);
+    for (Control* const control : std::views::reverse(form_.controls())) {
+        if (!control->Visible)
+            continue;
+        const auto drawn = drawn_control(*control);
+        if (drawn && region.intersects(painted_area(*drawn)))
+            control->accept(control_painter);
+    }
+}
+
+std::optional<DrawnControl> DrawnControls::mouse_target(const QPointF& point) const {
+    for (Control* const control : form_.controls()) {
+        if (!control->Visible)
+            continue;
+        auto drawn = drawn_control(*control);
+        if (drawn && drawn->mouse && drawn->area.contains(point))
+            return drawn;
+    }
+    return std::nullopt;
+}
+
+std::vector<DrawnControl> DrawnControls::named() const {
+    std::vector<DrawnControl> named;
+    for (Control* const control : form_.controls()) {
+        auto drawn = drawn_control(*control);
+        if (control->Visible && drawn && !drawn->name.empty())
+            named.push_back(*std::move(drawn));
+    }
+    return named;
+}
+
+std::string DrawnControls::tool_tip(const QPointF& point) const {
+    for (Control* const control : form_.controls()) {
+        if (!control->Visible)
+            continue;
+        const auto drawn = drawn_control(*control);
+        if (drawn && !drawn->tool_tip.empty() && drawn->area.contains(point))
+            return drawn->tool_tip;
+    }
+    return {};
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "runtime/look.h"
+
+#include <QRect>
+#include <QRectF>
+
+namespace lookfar::desktop {
+
+/// Logical pixels, exact.
+double to_pixels(float twips);
+float to_twips(int pixels);
+
+/// The nearest whole pixel.
+int to_whole_pixels(float twips);
+
+/// A rectangle in logical pixels, exact.
+QRectF exact_rectangle(const Bounds& bounds);
+/// The same with every edge on the nearest whole pixel.
+QRect pixel_rectangle(const Bounds& bounds);
+
+} // namespace lookfar::desktop

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QObject>
+
+namespace lookfar::desktop {
+
+class Windows;
+
+/// Lets every widget take over the model's values before the user's next action reaches it.
+class InputGate : public QObject {
+  public:
+    explicit InputGate(Windows& windows) : windows_(windows) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    Windows& windows_;
+};
+
+} // namespace lookfar::desktop

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "runtime/controls/control.h"
+
+#include <QPointF>
+#include <QtCore/qnamespace.h>
+
+namespace lookfar {
+class Form;
+}
+
+namespace lookfar::desktop {
+
+class DrawnControls;
+class Windows;
+
+/// Brings what the mouse does to a window to the drawn control under the pointer, or to the
+/// window where there is none. A click is a press and a release of the left button over the same
+/// target.
+class MouseRouter {
+  public:
+    MouseRouter(Form& form, const DrawnControls& drawn, Windows& windows)
+        : form_(form), drawn_(drawn), windows_(windows) {}
+
+    void press(Qt::MouseButton button, const QPointF& point);
+    void release(Qt::MouseButton button, const QPointF& point);
+    void double_click(Qt::MouseButton button, const QPointF& point);
+    void move(const QPointF& point);
+
+  private:
+    MouseEvents& target_at(const QPointF& point) const;
+
+    Form& form_;
+    const DrawnControls& drawn_;
+    Windows& windows_;
+    /// Compared with the target of the release only.
+    const MouseEvents* pressed_ = nullptr;
+};
+
+} // namespace lookfar::desktop

@@ -1,0 +1,23 @@
+#include "runtime/desktop/placement.h"
+
+#include "runtime/controls/control.h"
+#include "runtime/desktop/geometry.h"
+
+#include <QWidget>
+
+namespace lookfar::desktop {
+
+void place(QWidget& widget, const BoxControl& control) {
+    widget.setGeometry(pixel_rectangle(control.bounds()));
+    widget.setVisible(control.Visible);
+}
+
+void set_palette_colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour) {
+    QPalette palette = widget.palette();
+    if (palette.color(role) == colour)
+        return;
+    palette.setColor(role, colour);
+    widget.setPalette(palette);
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+
+class QWidget;
+
+namespace lookfar {
+class BoxControl;
+}
+
+namespace lookfar::desktop {
+
+/// Gives a native widget the rectangle and the visibility of its control.
+void place(QWidget& widget, const BoxControl& control);
+
+/// Gives one of the widget's colours another value.
+void set_palette_colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour);
+
+} // namespace lookfar::desktop

@@ -1,0 +1,39 @@
+#include "runtime/desktop/scaled_pictures.h"
+
+namespace lookfar::desktop {
+
+namespace {
+
+/// The picture's own bytes, not copied.
+QImage wrapped(const Picture& picture) {
+    return {picture.bytes().data(), picture.width(), picture.height(), picture.stride(),
+            QImage::Format_RGB888};
+}
+
+QImage image_of(const Picture& picture) {
+    QImage image = wrapped(picture);
+    if (!picture.opacity().empty())
+        image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
+                                     picture.width(), QImage::Format_Alpha8));
+    return image;
+}
+
+} // namespace
+
+const QImage& ScaledPictures::picture_for(const Element& control, const PictureReference& picture,
+                                          const QSize& size) {
+    Entry& entry = entries_[&control];
+    const bool is_ready =
+        entry.picture == picture && entry.revision == picture->revision() && entry.size == size;
+    if (is_ready)
+        return entry.image;
+    ++prepared_;
+    entry = {.picture = picture,
+             .revision = picture->revision(),
+             .size = size,
+             .image =
+                 image_of(*picture).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)};
+    return entry.image;
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,199 @@
+#include "desktop/desktop_fixture.h"
+
+#include "acquisition/main_window.h"
+#include "demo/camera_server.h"
+#include "demo/misbehaviour.h"
+#include "pipeline/fullscreen_window.h"
+#include "program.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdlib>
+#include <optional>
+
+namespace lookfar::desktop {
+namespace {
+
+using std::chrono::milliseconds;
+
+demo::Responder picture(int width, int height, milliseconds delay = milliseconds(0)) {
+    const Bytes file = lookfar::testing::detailed_jpeg(width, height);
+    return [file, delay](const demo::Request&) {
+        return demo::Answer{.status = 200,
+                            .content_type = "image/jpeg",
+                            .body = std::string(file.begin(), file.end()),
+                            .headers = {},
+                            .delay = delay};
+    };
+}
+
+/// The whole program in real windows, on cameras of this machine.
+class ProgramTest : public DesktopTest {
+  protected:
+    void start(const std::vector<std::string>& paths) {
+        std::string list;
+        for (const std::string& path : paths)
+            list += path + "\r\n" + cameras->url(path) + "\r\n";
+        lookfar::testing::write_file("Cams.inf", list);
+        program.start();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form1.operator->())));
+    }
+    void reload() { QTest::mouseClick(&widget(program.Form1->Command2), Qt::LeftButton); }
+
+    lookfar::testing::TemporaryFolder folder;
+    std::optional<demo::CameraServer> cameras{std::in_place};
+    Program program{platform};
+};
+
+TEST_F(ProgramTest, TicksOfEveryTimerComeWhileASlowCameraIsFetched) {
+    cameras->answer("/slow", picture(64, 48));
+    start({"/slow", "/other"});
+    program.Form1->Combo1.Text = std::string("/slow");
+    cameras->answer("/slow", picture(320, 240, milliseconds(1500)));
+    int refreshes = 0;
+    int rotations = 0;
+    int watches = 0;
+    int follows = 0;
+    program.Form1->Timer1.Tick.connect([&] { ++refreshes; });
+    program.Form1->Timer2.Tick.connect([&] { ++rotations; });
+    program.Form2->Timer1.Tick.connect([&] { ++watches; });
+    program.Form2->Timer3.Tick.connect([&] { ++follows; });
+    program.Form1->Timer1.Interval = 200;
+    program.Form1->Timer2.Interval = 300;
+    program.Form1->Timer2.Enabled = true;
+    const auto requests = cameras->requests();
+    reload();
+    program.Form1->Timer1.Interval = 60000;
+    EXPECT_GE(refreshes, 3);
+    EXPECT_GE(rotations, 3);
+    EXPECT_GE(watches, 1);
+    EXPECT_GE(follows, 3);
+    EXPECT_EQ(program.Form1->ImagNT1.Picture.get()->width(), 320);
+    EXPECT_EQ(cameras->requests(), requests + 1) << "the refreshes inside were turned away";
+}
+
+TEST_F(ProgramTest, ShowsTheErrorOfACameraThatIsGoneAndRecovers) {
+    cameras->answer("/camera", picture(320, 240));
+    start({"/camera"});
+    const auto port = cameras->port();
+    MainWindow& form = *program.Form1.operator->();
+    ASSERT_TRUE(form.ImagNT1.Visible);
+    settle();
+    EXPECT_NE(pixel(form, 160, 60), 0U);
+
+    cameras.reset();
+    reload();
+    settle();
+    EXPECT_EQ(form.Label2.Caption.get(), "Error #7 ");
+    EXPECT_FALSE(form.Label3.Caption.get().empty());
+    EXPECT_EQ(pixel(form, 10, 235), 0U) << "the black ground lies open";
+
+    cameras.emplace(port);
+    cameras->answer("/camera", picture(320, 240));
+    reload();
+    settle();
+    EXPECT_FALSE(form.Label2.Visible);
+    EXPECT_NE(pixel(form, 160, 60), 0U);
+}
+
+TEST_F(ProgramTest, StaysUsableWithEveryHostileCamera) {
+    demo::install_misbehaviour(*cameras, milliseconds(1));
+    start({"/good"});
+    program.Form1->Inet1.RequestTimeout = 1;
+    for (const char* path :
+         {"/stall", "/cut-short", "/long-length", "/redirect-circle", "/redirect-to-file", "/page",
+          "/nothing", "/huge-picture", "/truncated", "/hang-up", "/not-http"}) {
+        lookfar::testing::write_file("Cams.inf", "/good\r\n" + cameras->url(path) + "\r\n");
+        reload();
+        EXPECT_TRUE(program.Form1->Label2.Visible) << path;
+        EXPECT_NE(program.Form1->Label2.Caption.get(), "Error #0 ") << path;
+        EXPECT_FALSE(program.Form1->Label3.Caption.get().empty()) << path;
+        lookfar::testing::write_file("Cams.inf", "/good\r\n" + cameras->url("/good") + "\r\n");
+        reload();
+        EXPECT_FALSE(program.Form1->Label2.Visible) << path;
+    }
+}
+
+TEST_F(ProgramTest, SendsOneRequestARefreshOverAKeptConnection) {
+    cameras->answer("/camera", picture(320, 240));
+    start({"/camera"});
+    for (int count = 0; count < 5; ++count)
+        reload();
+    EXPECT_EQ(cameras->requests(), 6U);
+    EXPECT_EQ(cameras->connections(), 1U);
+}
+
+TEST_F(ProgramTest, TakesWhatIsTypedAndPicked) {
+    cameras->answer("/a", picture(32, 24));
+    cameras->answer("/b", picture(48, 24));
+    start({"/a", "/b"});
+    MainWindow& form = *program.Form1.operator->();
+    auto& seconds = widget<QLineEdit>(form.Text1);
+    QTest::mouseClick(&seconds, Qt::LeftButton);
+    QTest::keyClicks(&seconds, "7");
+    EXPECT_EQ(form.Timer1.Interval, 7000) << "the whole text was selected";
+    QTest::keyClick(&seconds, Qt::Key_Up);
+    EXPECT_EQ(seconds.text(), "8");
+    QTest::keyClick(&seconds, Qt::Key_Backspace);
+    EXPECT_EQ(seconds.text(), "1");
+
+    auto& selector = widget<QComboBox>(form.Combo1);
+    selector.setFocus();
+    QTest::keyClick(&selector, Qt::Key_Home);
+    QTest::keyClick(&selector, Qt::Key_End);
+    EXPECT_EQ(program.Form2->Combo1.Text.get(), "/b");
+    reload();
+    EXPECT_EQ(form.ImagNT1.Picture.get()->width(), 48);
+}
+
+TEST_F(ProgramTest, PutsTheFilteredBytesOnTheScreenAtNaturalSize) {
+    cameras->answer("/camera", picture(321, 241));
+    start({"/camera"});
+    MainWindow& form = *program.Form1.operator->();
+    ASSERT_TRUE(comes_true([&] { return program.Form2->Label8.Caption == "1"; }));
+    settle();
+    const QImage screen = pixels(form);
+    const auto bytes = form.ImagNT1.Picture.get()->bytes();
+    const int stride = form.ImagNT1.Picture.get()->stride();
+    constexpr int left = 4;
+    constexpr int top = 8;
+    // The frame lies over the outermost pixels.
+    for (int y = 1; y < 240; ++y)
+        for (int x = 1; x < 320; ++x) {
+            const auto* const expected = &bytes[static_cast<std::size_t>(y * stride + 3 * x)];
+            ASSERT_EQ(screen.pixel(left + x, top + y), qRgb(expected[0], expected[1], expected[2]))
+                << x << " " << y;
+        }
+}
+
+[[noreturn]] void close_during_a_fetch() {
+    demo::CameraServer cameras;
+    cameras.answer("/camera", picture(32, 24));
+    lookfar::testing::write_file("Cams.inf", "camera\r\n" + cameras.url("/camera") + "\r\n");
+    int argument_count = 0;
+    DesktopPlatform platform(argument_count, nullptr, {});
+    Program program(platform);
+    program.start();
+    cameras.answer("/camera", demo::stall());
+    const bool has_picture = lookfar::testing::exists("data.dat");
+    QTimer::singleShot(milliseconds(200),
+                       [&] { platform.windows().view_of(*program.Form1.operator->())->close(); });
+    if (has_picture)
+        program.Form1->Command2.Click.raise();
+    std::_Exit(1);
+}
+
+TEST(ProgramEnd, ComesAtOnceWhenTheWindowIsClosedDuringAFetch) {
+    const lookfar::testing::TemporaryFolder folder;
+    EXPECT_EXIT(close_during_a_fetch(), ::testing::ExitedWithCode(0), "");
+    EXPECT_FALSE(lookfar::testing::exists("data.dat"));
+}
+
+} // namespace
+} // namespace lookfar::desktop
