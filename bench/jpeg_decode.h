@@ -1,0 +1,13 @@
+#pragma once
+
+#include "runtime/transfer.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace lookfar::bench {
+
+/// Decodes a JPEG by libjpeg-turbo alone, three bytes a pixel: the measure of everything else.
+std::vector<std::uint8_t> decode_jpeg(const Bytes& file);
+
+} // namespace lookfar::bench
