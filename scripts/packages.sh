@@ -1,0 +1,65 @@
+# shellcheck shell=bash
+# Installs Debian packages that are missing. This file is sourced.
+
+is_installed() {
+    [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
+}
+
+print_missing_packages() {
+    local package
+    for package in "$@"; do
+        is_installed "$package" || echo "$package"
+    done
+}
+
+can_install_packages() {
+    [[ -n $(type -P apt-get) ]] && { ((EUID == 0)) || [[ -n $(type -P sudo) ]]; }
+}
+
+run_apt_get() {
+    local as_root=()
+    ((EUID == 0)) || as_root=(sudo)
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get --quiet --yes "$@"
+}
+
+download_and_install() {
+    echo "Installing $*"
+    run_apt_get update && run_apt_get install --no-install-recommends "$@"
+}
+
+# Ends the script where a package is missing and cannot be installed.
+install_missing_packages() {
+    local missing
+    mapfile -t missing < <(print_missing_packages "$@")
+    ((${#missing[@]} > 0)) || return 0
+    if ! can_install_packages || ! download_and_install "${missing[@]}"; then
+        echo "Please install these packages and start again: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+install_optional_package() {
+    is_installed "$1" && return 0
+    can_install_packages && download_and_install "$1" && return 0
+    echo "Going on without the package $1." >&2
+}
+
+install_build_packages() {
+    install_missing_packages \
+        ca-certificates \
+        cmake \
+        fonts-liberation \
+        g++ \
+        libbenchmark-dev \
+        libcurl4-openssl-dev \
+        libgtest-dev \
+        libjpeg62-turbo-dev \
+        ninja-build \
+        qt6-base-dev
+    # With this one Lookfar shows WebP pictures too.
+    install_optional_package qt6-image-formats-plugins
+}
+
+install_virtual_display_packages() {
+    install_missing_packages openbox x11-utils xvfb
+}
