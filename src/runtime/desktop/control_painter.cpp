@@ -8,6 +8,7 @@
 #include "runtime/desktop/geometry.h"
 #include "runtime/desktop/glyphs.h"
 #include "runtime/desktop/texts.h"
+#include "runtime/desktop/wrapped_text.h"
 
 #include <QPaintDevice>
 #include <QPainter>
@@ -31,7 +32,7 @@ class PainterState {
     QPainter& painter_;
 };
 
-int alignment_flag(Alignment alignment) {
+Qt::Alignment alignment_flag(Alignment alignment) {
     switch (alignment) {
     case Alignment::right:
         return Qt::AlignRight;
@@ -82,13 +83,19 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
         draw_symbols(painter_, box, caption, pixel_size(label.Font), colour);
         return;
     }
-    const bool is_one_line = label.AutoSize && !label.WordWrap;
     painter_.setPen(colour);
     painter_.setFont(screen_font(label.Font));
-    painter_.drawText(box,
-                      Qt::AlignTop | alignment_flag(label.Align) |
-                          (is_one_line ? Qt::TextDontClip : wrapping),
-                      caption);
+    const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
+    if (label.AutoSize && !label.WordWrap)
+        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, caption);
+    else
+        draw_wrapped(caption, alignment, box);
+}
+
+void ControlPainter::draw_wrapped(const QString& text, Qt::Alignment alignment, const QRect& box) {
+    const PainterState state(painter_);
+    painter_.setClipRect(box, Qt::IntersectClip);
+    WrappedText(text, painter_.font(), alignment, box.width()).draw(painter_, box.topLeft());
 }
 
 void ControlPainter::visit(Image& image) {

@@ -2,6 +2,7 @@
 
 #include "runtime/desktop/geometry.h"
 #include "runtime/desktop/texts.h"
+#include "runtime/desktop/wrapped_text.h"
 
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 namespace lookfar::desktop {
@@ -86,11 +88,8 @@ Size measure_text(const std::string& text, const Font& font) {
 }
 
 Size measure_wrapped_text(const std::string& text, const Font& font, float width) {
-    const QFontMetrics metrics(screen_font(font));
-    constexpr int boundless = 1 << 20;
-    const QRect room(0, 0, static_cast<int>(to_pixels(width)), boundless);
-    const QRect taken = metrics.boundingRect(room, wrapping, shown_text(text));
-    return {width, to_twips(taken.height())};
+    const WrappedText wrapped(shown_text(text), screen_font(font), Qt::AlignLeft, to_pixels(width));
+    return {width, to_twips(static_cast<int>(std::ceil(wrapped.height())))};
 }
 
 } // namespace lookfar::desktop

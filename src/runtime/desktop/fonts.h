@@ -12,9 +12,6 @@ namespace lookfar::desktop {
 /// is missing.
 QFont screen_font(const Font& font);
 
-/// How a text is wrapped: between words, and within a word that is wider than its line.
-inline constexpr int wrapping = Qt::TextWordWrap | Qt::TextWrapAnywhere;
-
 /// A font's size in whole logical pixels.
 int pixel_size(const Font& font);
 
