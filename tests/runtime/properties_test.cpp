@@ -110,6 +110,14 @@ TEST_F(Properties, ALabelThatWrapsGrowsDownwardsAndBackToItsDesign) {
     EXPECT_EQ(form.Label2.bounds(), (Bounds{0, 0, 1000, 165}));
 }
 
+TEST_F(Properties, ALabelThatSizesItselfWrapsAtTheWindowsEdge) {
+    form.Label1.Caption = std::string(100, 'x');
+    EXPECT_TRUE(form.Label1.wraps());
+    EXPECT_EQ(form.Label1.bounds(), (Bounds{100, 100, 2900, 3 * 165}));
+    form.Label1.Caption = "x";
+    EXPECT_FALSE(form.Label1.wraps());
+}
+
 TEST_F(Properties, AnImageTakesItsPicturesSizeOnlyWithoutStretch) {
     form.Image1.Picture = picture(32, 16);
     EXPECT_EQ(form.Image1.bounds(), (Bounds{10, 20, 480, 240}));

@@ -1,6 +1,7 @@
 #include "runtime/controls/label.h"
 
 #include "runtime/controls/visitor.h"
+#include "runtime/form.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
@@ -22,6 +23,8 @@ Label::Label(Form& owner, const LabelDesign& design)
       WordWrap(design.WordWrap),
       TabIndex(design.TabIndex),
       ToolTipText(design.ToolTipText),
+      wraps_(!design.AutoSize || design.WordWrap),
+      design_width_(design.At.Width),
       design_height_(design.At.Height) {}
 
 void Label::accept(ControlVisitor& visitor) {
@@ -31,14 +34,18 @@ void Label::accept(ControlVisitor& visitor) {
 void Label::take_size_of_caption() {
     if (!AutoSize)
         return;
-    const auto wrap_width = WordWrap ? std::optional(Width.get()) : std::nullopt;
-    const Size size = runtime.platform().text_size(Caption, Font, wrap_width);
+    const Platform& platform = runtime.platform();
     if (WordWrap) {
-        Height = std::max(design_height_, size.Height);
-    } else {
-        Width = size.Width;
-        Height = size.Height;
+        Height = std::max(design_height_, platform.text_size(Caption, Font, Width).Height);
+        return;
     }
+    Size size = platform.text_size(Caption, Font, std::nullopt);
+    const float room = std::max(form.Width - Left, design_width_);
+    wraps_ = size.Width > room;
+    if (wraps_)
+        size = platform.text_size(Caption, Font, room);
+    Width = size.Width;
+    Height = size.Height;
 }
 
 } // namespace lookfar

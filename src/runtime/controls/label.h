@@ -17,7 +17,8 @@ struct LabelDesign {
     Colour BackColor = colour::button_face;
     Colour ForeColor = colour::button_text;
     lookfar::Font Font = {};
-    /// Whether the label takes the size of its caption, growing from its top left corner.
+    /// Whether the label takes the size of its caption, growing from its top left corner. A
+    /// caption that would run over the window's right edge is wrapped there.
     bool AutoSize = false;
     /// Whether a label that sizes itself keeps its width: it wraps its caption and grows
     /// downwards, and never gets lower than it was designed.
@@ -32,6 +33,9 @@ class Label : public BoxControl, public MouseEvents {
     Label(Form& owner, const LabelDesign& design);
 
     void accept(ControlVisitor& visitor) override;
+
+    /// Whether the caption is wrapped at the label's width.
+    bool wraps() const { return wraps_; }
 
     Property<std::string> Caption;
     Property<Colour> BackColor;
@@ -49,6 +53,8 @@ class Label : public BoxControl, public MouseEvents {
   private:
     void take_size_of_caption();
 
+    bool wraps_;
+    const float design_width_;
     const float design_height_;
 };
 

@@ -86,10 +86,10 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
     painter_.setPen(colour);
     painter_.setFont(screen_font(label.Font));
     const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
-    if (label.AutoSize && !label.WordWrap)
-        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, caption);
-    else
+    if (label.wraps())
         draw_wrapped(caption, alignment, box);
+    else
+        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, caption);
 }
 
 void ControlPainter::draw_wrapped(const QString& text, Qt::Alignment alignment, const QRect& box) {

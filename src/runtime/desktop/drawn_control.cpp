@@ -26,7 +26,7 @@ QRectF area_of(const Line& line) {
 /// A caption may be larger than its label was designed; it is shown whole from the start.
 QRectF area_of(const Label& label) {
     QRectF area = exact_rectangle(label.bounds());
-    if (!label.AutoSize || label.WordWrap)
+    if (label.wraps())
         return area;
     const Size size = measure_text(label.Caption, label.Font);
     area.setWidth(std::max(area.width(), to_pixels(size.Width)));

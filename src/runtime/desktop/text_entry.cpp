@@ -55,7 +55,7 @@ TextEntry::TextEntry(TextBox& control, Windows& windows, QWidget& window)
 }
 
 void TextEntry::synchronise() {
-    const QString wanted = shown_text(control_->Text.get());
+    const QString wanted = whole_text(control_->Text.get());
     take_length_limit(static_cast<int>(wanted.size()));
     if (text() != wanted)
         setText(wanted);
@@ -95,7 +95,7 @@ void TextEntry::report_text() {
 }
 
 void TextEntry::report_selection() {
-    const bool text_is_reported = control_ && text() == shown_text(control_->Text.get());
+    const bool text_is_reported = control_ && text() == whole_text(control_->Text.get());
     if (!text_is_reported)
         return;
     windows_.deliver(control_->runtime, [this] {

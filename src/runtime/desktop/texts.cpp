@@ -4,7 +4,23 @@
 
 namespace lookfar::desktop {
 
+namespace {
+
+/// More than any window has room for. Laying out a line of a megabyte takes seconds.
+constexpr qsizetype longest_shown = 1000;
+
+} // namespace
+
 QString shown_text(std::string_view bytes) {
+    QString text = whole_text(bytes);
+    if (text.size() > longest_shown) {
+        text.truncate(longest_shown);
+        text += QChar(0x2026);
+    }
+    return text;
+}
+
+QString whole_text(std::string_view bytes) {
     return QString::fromStdString(as_utf8(bytes));
 }
 

@@ -7,8 +7,12 @@
 
 namespace lookfar::desktop {
 
-/// A text as the user sees it.
+/// A text as the user sees it; one that is longer than any window has room for is cut, and ends
+/// in an ellipsis.
 QString shown_text(std::string_view bytes);
+
+/// The same without a limit, for editing.
+QString whole_text(std::string_view bytes);
 
 /// What the user typed, as UTF-8.
 std::string typed_bytes(const QString& text);
