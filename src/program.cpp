@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include "acquisition/main_window.h"
+#include "catalogue/windows/camera_editor.h"
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 
@@ -12,7 +13,8 @@ Program::Program(Platform& platform)
     : runtime(platform),
       Form1(runtime, [this] { return std::make_unique<MainWindow>(*this); }),
       Form2(runtime, [this] { return std::make_unique<FullscreenWindow>(*this); }),
-      Form3(runtime, [this] { return std::make_unique<CameraListWindow>(*this); }) {}
+      Form3(runtime, [this] { return std::make_unique<CameraListWindow>(*this); }),
+      Form4(runtime, [this] { return std::make_unique<CameraEditor>(*this); }) {}
 
 Program::~Program() = default;
 

@@ -5,6 +5,7 @@
 
 namespace lookfar {
 
+class CameraEditor;
 class CameraListWindow;
 class FullscreenWindow;
 class MainWindow;
@@ -24,6 +25,7 @@ class Program {
     Window<MainWindow> Form1;
     Window<FullscreenWindow> Form2;
     Window<CameraListWindow> Form3;
+    Window<CameraEditor> Form4;
 };
 
 } // namespace lookfar

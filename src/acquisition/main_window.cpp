@@ -20,6 +20,7 @@ MainWindow::MainWindow(Program& program)
     Check1.Click.connect(this, &MainWindow::Check1_Click);
     Timer2.Tick.connect(this, &MainWindow::Timer2_Timer);
     Combo1.Click.connect(this, &MainWindow::Combo1_Click);
+    Command1.Click.connect(this, &MainWindow::Command1_Click);
 
     Text1.Change.connect(this, &MainWindow::Text1_Change);
     Text1.KeyDown.connect(this, &MainWindow::Text1_KeyDown);

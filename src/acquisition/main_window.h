@@ -206,6 +206,7 @@ class MainWindow : public Form {
     void Check1_Click();
     void Timer2_Timer();
     void Combo1_Click();
+    void Command1_Click();
 
     // Interval inputs.
     void Text1_Change();

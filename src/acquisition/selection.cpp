@@ -1,5 +1,6 @@
 #include "acquisition/main_window.h"
 
+#include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 
 #include <cmath>
@@ -9,6 +10,12 @@ namespace lookfar {
 void MainWindow::Combo1_Click() {
     if (Form2->Combo1.ListIndex != Combo1.ListIndex)
         Form2->Combo1.ListIndex = Combo1.ListIndex;
+}
+
+void MainWindow::Command1_Click() {
+    Form3->List1.ListIndex = Combo1.ListIndex;
+    Form3->Timer1.Enabled = true;
+    Form3->Show();
 }
 
 void MainWindow::Check1_Click() {

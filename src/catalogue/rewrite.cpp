@@ -50,7 +50,8 @@ class EditorCopy {
     SaveOutcome copy_line() {
         std::string line;
         read([&] { line = files_.LineInput(list_number); });
-        if (save_.replaced_title && line == *save_.replaced_title) {
+        // No record has a blank title: with nothing selected no line is replaced.
+        if (save_.replaced_title && !line.empty() && line == *save_.replaced_title) {
             place_record();
         } else if (!save_.replaced_title && line == save_.camera.title && !is_placed_) {
             if (!save_.may_overwrite())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "acquisition/main_window.h"
+#include "catalogue/windows/camera_editor.h"
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
@@ -35,6 +36,7 @@ struct Machine {
     Window<MainWindow>& Form1 = program.Form1;
     Window<FullscreenWindow>& Form2 = program.Form2;
     Window<CameraListWindow>& Form3 = program.Form3;
+    Window<CameraEditor>& Form4 = program.Form4;
 };
 
 } // namespace lookfar::testing

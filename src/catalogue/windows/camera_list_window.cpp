@@ -1,6 +1,13 @@
 #include "catalogue/windows/camera_list_window.h"
 
+#include "acquisition/main_window.h"
+#include "catalogue/list_file.h"
+#include "catalogue/rewrite.h"
+#include "catalogue/selector_lists.h"
+#include "catalogue/windows/camera_editor.h"
+#include "pipeline/fullscreen_window.h"
 #include "program.h"
+#include "runtime/message_box.h"
 
 namespace lookfar {
 
@@ -11,6 +18,65 @@ CameraListWindow::CameraListWindow(Program& program)
                              .MinButton = false,
                              .ShowInTaskbar = false,
                              .CentredOnScreen = true,
-                             .HasIcon = false}) {}
+                             .HasIcon = false}),
+      Form1(program.Form1),
+      Form2(program.Form2),
+      Form4(program.Form4) {
+    QueryUnload.connect(this, &CameraListWindow::Form_QueryUnload);
+    List1.Click.connect(this, &CameraListWindow::List1_Click);
+    Timer1.Tick.connect(this, &CameraListWindow::Timer1_Timer);
+    Command1.Click.connect(this, &CameraListWindow::Command1_Click);
+    Command3.Click.connect(this, &CameraListWindow::Command3_Click);
+    Command2.Click.connect(this, &CameraListWindow::Command2_Click);
+    Command4.Click.connect(this, &CameraListWindow::Command4_Click);
+}
+
+void CameraListWindow::List1_Click() {
+    attempt([this] { Form1->Combo1.Text = Form1->Combo1.List(List1.ListIndex); });
+}
+
+void CameraListWindow::Timer1_Timer() {
+    if (List1.ListIndex == -1)
+        List1.ListIndex = Form1->Combo1.ListIndex;
+}
+
+void CameraListWindow::Command1_Click() {
+    Form4->Text1.Text = "";
+    Form4->Text2.Text = "";
+    Form4->Label3.Caption = editor_mode::add;
+    Form4->Show();
+}
+
+void CameraListWindow::Command3_Click() {
+    Form4->Text1.Text = List1.List(List1.ListIndex);
+    if (const auto url = catalogue::find_url(runtime.files(), List1.List(List1.ListIndex)))
+        Form4->Text2.Text = *url;
+    Form4->Label3.Caption = editor_mode::edit;
+    Form4->Show();
+}
+
+void CameraListWindow::Command2_Click() {
+    const short answer =
+        runtime.MsgBox("Do you really want to remove '" + List1.Text + "' from your Skyglass list?",
+                       message_box_flag::yes_no + message_box_flag::question, "Remove Skyglass");
+    if (answer == message_box_answer::no)
+        return;
+    catalogue::remove_cameras(runtime.files(), List1.List(List1.ListIndex));
+    catalogue::refill(
+        runtime.files(),
+        {.titles = List1, .main_selector = Form1->Combo1, .fullscreen_selector = Form2->Combo1});
+    Form1->Combo1.ListIndex = 0;
+}
+
+void CameraListWindow::Command4_Click() {
+    Form1->Show();
+    Timer1.Enabled = false;
+    Hide();
+}
+
+void CameraListWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
+    Cancel = -1;
+    Command4_Click();
+}
 
 } // namespace lookfar

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace lookfar::desktop {
 
@@ -27,6 +28,15 @@ void add_yes_and_no(QMessageBox& native, bool no_is_default) {
     native.setEscapeButton(QMessageBox::No);
 }
 
+/// Window managers don't give the keyboard back to a tool window by themselves.
+int run(QMessageBox& native) {
+    const QPointer<QWidget> asker = native.parentWidget();
+    const int answer = native.exec();
+    if (asker && asker->isVisible())
+        asker->activateWindow();
+    return answer;
+}
+
 } // namespace
 
 short ask(const MessageBox& box, QWidget* parent) {
@@ -35,11 +45,11 @@ short ask(const MessageBox& box, QWidget* parent) {
     QMessageBox native(icon_of(box), title, shown_text(box.text), QMessageBox::Ok, parent);
     native.setTextFormat(Qt::PlainText);
     if (!has(box, message_box_flag::yes_no)) {
-        native.exec();
+        run(native);
         return message_box_answer::ok;
     }
     add_yes_and_no(native, has(box, message_box_flag::second_button_default));
-    return native.exec() == QMessageBox::Yes ? message_box_answer::yes : message_box_answer::no;
+    return run(native) == QMessageBox::Yes ? message_box_answer::yes : message_box_answer::no;
 }
 
 } // namespace lookfar::desktop

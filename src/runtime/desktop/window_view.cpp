@@ -57,6 +57,8 @@ void WindowView::set_tab_order() {
         setTabOrder(previous, next);
         previous = next;
     }
+    if (!order.empty())
+        order.front()->widget->setFocus(Qt::OtherFocusReason);
 }
 
 void WindowView::synchronise_window() {

@@ -1,0 +1,97 @@
+#include "catalogue/windows/camera_editor.h"
+
+#include "acquisition/main_window.h"
+#include "catalogue/selector_lists.h"
+#include "catalogue/windows/camera_list_window.h"
+#include "pipeline/fullscreen_window.h"
+#include "program.h"
+#include "runtime/message_box.h"
+
+#include <algorithm>
+
+namespace lookfar {
+
+namespace {
+
+/// A line break would part a record; it becomes a blank.
+std::string on_one_line(std::string text) {
+    std::ranges::replace(text, '\r', ' ');
+    std::ranges::replace(text, '\n', ' ');
+    return text;
+}
+
+} // namespace
+
+CameraEditor::CameraEditor(Program& program)
+    : Form(program.runtime, {.Caption = "Skyglass",
+                             .Client = {4710, 1935},
+                             .Border = FormBorder::fixed_tool_window,
+                             .ControlBox = false,
+                             .MinButton = false,
+                             .ShowInTaskbar = false,
+                             .CentredOnScreen = true,
+                             .HasIcon = false}),
+      Form1(program.Form1),
+      Form2(program.Form2),
+      Form3(program.Form3) {
+    QueryUnload.connect(this, &CameraEditor::Form_QueryUnload);
+    Command1.Click.connect(this, &CameraEditor::Command1_Click);
+    Command2.Click.connect(this, &CameraEditor::Command2_Click);
+}
+
+void CameraEditor::Command1_Click() {
+    attempt([this] { Text1.SetFocus(); });
+    // A blank title line would break the file's pairs.
+    if (Text1.Text == "")
+        return;
+    if (catalogue::save_camera(runtime.files(), what_is_saved()) == catalogue::SaveOutcome::refused)
+        return;
+    attempt([this] { Hide(); });
+    attempt([this] {
+        catalogue::refill(runtime.files(), {.titles = Form3->List1,
+                                            .main_selector = Form1->Combo1,
+                                            .fullscreen_selector = Form2->Combo1});
+    });
+    show_saved_camera();
+    attempt([this] { Form3->Show(); });
+}
+
+catalogue::Save CameraEditor::what_is_saved() {
+    catalogue::Save save{
+        .camera = {.title = on_one_line(Text1.Text), .url = on_one_line(Text2.Text)},
+        .replaced_title = std::nullopt,
+        .may_overwrite = [this] { return may_overwrite(); }};
+    if (Label3.Caption == editor_mode::edit)
+        save.replaced_title = Form3->List1.List(Form3->List1.ListIndex);
+    return save;
+}
+
+bool CameraEditor::may_overwrite() {
+    const short answer =
+        runtime.MsgBox("A cam with this description already exists! Do you want to overwrite it?",
+                       message_box_flag::yes_no + message_box_flag::question +
+                           message_box_flag::second_button_default);
+    if (answer == message_box_answer::no)
+        return false;
+    Hide();
+    return true;
+}
+
+void CameraEditor::show_saved_camera() {
+    attempt([this] { Form1->Combo1.ListIndex = 0; });
+    attempt([this] { Form2->Combo1.ListIndex = 0; });
+    attempt([this] { Form3->List1.Text = on_one_line(Text1.Text); });
+}
+
+void CameraEditor::Command2_Click() {
+    Text1.SetFocus();
+    Form3->Show();
+    Hide();
+}
+
+/// Ok and Cancel are the only ways out.
+void CameraEditor::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
+    Cancel = -1;
+}
+
+} // namespace lookfar
