@@ -1,30 +1,38 @@
 #include "camera_process.h"
+#include "list_bench.h"
 #include "refresh_bench.h"
 
-#include "acquisition/main_window.h"
-#include "program.h"
 #include "runtime/desktop/desktop_platform.h"
 #include "support/pictures.h"
-#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
 
-// Figures are processor time of this process, told as multiples of what the machine itself needs
-// for the same bytes. The windows stay hidden: painting is not counted.
+namespace {
+
+/// A desktop on which nobody needs to sit: every question is answered with Yes.
+class UnattendedDesktop : public lookfar::DesktopPlatform {
+  public:
+    using DesktopPlatform::DesktopPlatform;
+
+    short ask(const lookfar::MessageBox&) override { return lookfar::message_box_answer::yes; }
+};
+
+} // namespace
+
+// Refreshes are told in processor time of this process, as multiples of what libjpeg-turbo needs
+// for the same bytes; their windows stay hidden, so that painting is not counted.
 int main(int argument_count, char** arguments) {
     using namespace lookfar;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     const Bytes picture = testing::detailed_jpeg(1920, 1080);
     const bench::CameraProcess camera({picture, testing::detailed_jpeg(1920, 1080, 2)});
-    const testing::TemporaryFolder folder;
-    testing::write_file("Cams.inf", "camera\r\n" + camera.url() + "\r\n");
 
     benchmark::Initialize(&argument_count, arguments);
-    DesktopPlatform platform(argument_count, arguments, {});
-    Program program(platform);
-    program.runtime.deliver([&] { program.Form1->Timer1.Enabled = false; });
-    bench::register_refreshes(program, picture);
+    UnattendedDesktop platform(argument_count, arguments,
+                               std::vector<std::span<const std::uint8_t>>{});
+    bench::register_refreshes(platform, camera.url(), picture);
+    bench::register_lists(platform);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -6,6 +6,7 @@
 #include "acquisition/main_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
+#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -19,7 +20,12 @@ void refresh(Program& program) {
     program.runtime.DoEvents();
 }
 
-void measure(benchmark::State& state, Program& program, const Bytes& picture, bool blurs) {
+void measure(benchmark::State& state, Platform& platform, const std::string& url,
+             const Bytes& picture, bool blurs) {
+    const testing::TemporaryFolder folder;
+    testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
+    Program program(platform);
+    program.Form1->Timer1.Enabled = false;
     program.Form1->Check2.Value = blurs ? 1 : 0;
     const double decode =
         least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });
@@ -37,11 +43,11 @@ void measure(benchmark::State& state, Program& program, const Bytes& picture, bo
 
 } // namespace
 
-void register_refreshes(Program& program, const Bytes& picture) {
+void register_refreshes(Platform& platform, const std::string& url, const Bytes& picture) {
     for (const bool blurs : {false, true})
         benchmark::RegisterBenchmark(blurs ? "refresh_1920x1080_with_blur" : "refresh_1920x1080",
-                                     [&program, &picture, blurs](benchmark::State& state) {
-                                         measure(state, program, picture, blurs);
+                                     [&platform, url, &picture, blurs](benchmark::State& state) {
+                                         measure(state, platform, url, picture, blurs);
                                      })
             ->Iterations(1);
 }

@@ -5,13 +5,13 @@
 #include <string>
 
 namespace lookfar {
-class Program;
+class Platform;
 }
 
 namespace lookfar::bench {
 
-/// Registers the refreshes of a started program, whose camera serves this JPEG, told as a
+/// Registers the refreshes of a program whose camera serves this JPEG under a URL, told as a
 /// multiple of its decode by libjpeg-turbo.
-void register_refreshes(Program& program, const Bytes& picture);
+void register_refreshes(Platform& platform, const std::string& url, const Bytes& picture);
 
 } // namespace lookfar::bench

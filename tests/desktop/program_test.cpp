@@ -1,6 +1,8 @@
 #include "desktop/desktop_fixture.h"
 
 #include "acquisition/main_window.h"
+#include "catalogue/windows/camera_editor.h"
+#include "catalogue/windows/camera_list_window.h"
 #include "demo/camera_server.h"
 #include "demo/misbehaviour.h"
 #include "pipeline/fullscreen_window.h"
@@ -170,6 +172,39 @@ TEST_F(ProgramTest, PutsTheFilteredBytesOnTheScreenAtNaturalSize) {
             ASSERT_EQ(screen.pixel(left + x, top + y), qRgb(expected[0], expected[1], expected[2]))
                 << x << " " << y;
         }
+}
+
+TEST_F(ProgramTest, GivesTheKeyboardToTheTitleAtEveryOpeningOfTheEditor) {
+    cameras->answer("/a", picture(32, 24));
+    start({"/a"});
+    const auto add = [this](const char* title) {
+        QTest::mouseClick(&widget(program.Form3->Command1), Qt::LeftButton);
+        auto& editor = window(*program.Form4.operator->());
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
+        EXPECT_EQ(QApplication::focusWidget(), &widget(program.Form4->Text1));
+        QTest::keyClicks(QApplication::focusWidget(), title);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::keyClicks(QApplication::focusWidget(), "http://127.0.0.1/");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(editor.isVisible());
+        settle();
+    };
+    QTest::mouseClick(&widget(program.Form1->Command1), Qt::LeftButton);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form3.operator->())));
+    add("B");
+    QTimer answer;
+    answer.callOnTimeout([] {
+        if (QWidget* const box = QApplication::activeModalWidget())
+            QTest::keyClick(box, Qt::Key_Y, Qt::AltModifier);
+    });
+    answer.start(milliseconds(50));
+    add("B");
+    add("C");
+    EXPECT_EQ(lookfar::testing::content_of("Cams.inf"),
+              "/a\r\n" + cameras->url("/a") +
+                  "\r\nB\r\nhttp://127.0.0.1/\r\nC\r\nhttp://127.0.0.1/\r\n");
+    EXPECT_EQ(program.Form1->Combo1.Text.get(), "C");
 }
 
 [[noreturn]] void close_during_a_fetch() {

@@ -51,14 +51,27 @@ void WindowView::set_tab_order() {
     for (const NativeControl& native : std::views::values(natives_))
         order.push_back(&native);
     std::ranges::sort(order, {}, &NativeControl::tab_index);
+    if (!order.empty())
+        focus_at_show_ = order.front()->widget.get();
     QWidget* previous = this;
     for (const NativeControl* const native : order) {
         QWidget* const next = native->widget.get();
         setTabOrder(previous, next);
         previous = next;
     }
-    if (!order.empty())
-        order.front()->widget->setFocus(Qt::OtherFocusReason);
+}
+
+void WindowView::set_focus(const Control& control) {
+    focus_at_show_ = widget_of(control);
+    if (focus_at_show_)
+        focus_at_show_->setFocus(Qt::OtherFocusReason);
+}
+
+/// A window that comes up gives the keyboard to the control that it was set to last, since the
+/// toolkit may have moved it on when the window was hidden.
+void WindowView::take_focus() {
+    if (focus_at_show_)
+        focus_at_show_->setFocus(Qt::OtherFocusReason);
 }
 
 void WindowView::synchronise_window() {
@@ -70,10 +83,12 @@ void WindowView::synchronise_window() {
     take_size();
     take_position();
     take_pointer();
-    if (!isVisible())
-        synchronise_controls();
     take_state();
+    if (isVisible())
+        return;
+    synchronise_controls();
     show();
+    take_focus();
 }
 
 void WindowView::synchronise_controls() {

@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QMenu>
 #include <QPoint>
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -45,6 +46,8 @@ class WindowView : public QWidget {
     /// The window is about to go; nothing of it is touched any more.
     void release();
 
+    /// Gives the keyboard to a control, now or when the window comes up.
+    void set_focus(const Control& control);
     void pop_up(const PopupMenu& menu, const MenuItem* default_entry);
 
     /// The native widget of a control; nothing for a control that is drawn.
@@ -72,6 +75,7 @@ class WindowView : public QWidget {
     void set_tab_order();
     void synchronise_controls();
     void take_pointer();
+    void take_focus();
     void take_size();
     void take_position();
     void centre_on_screen();
@@ -88,6 +92,7 @@ class WindowView : public QWidget {
     std::unique_ptr<QMenu, DeleteLater> menu_;
     /// What the window was drawn into last; without an alpha channel, so that shapes can merge.
     QImage canvas_;
+    QPointer<QWidget> focus_at_show_;
     /// The window's place as both sides know it.
     std::optional<QPoint> position_;
     bool was_centred_ = false;

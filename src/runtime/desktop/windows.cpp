@@ -114,10 +114,8 @@ void Windows::bring_forward(Form& form) {
 
 void Windows::set_focus(Control& control) {
     synchronise();
-    WindowView* const view = view_of(control.form);
-    QWidget* const widget = view ? view->widget_of(control) : nullptr;
-    if (widget)
-        widget->setFocus(Qt::OtherFocusReason);
+    if (WindowView* const view = view_of(control.form))
+        view->set_focus(control);
 }
 
 void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
