@@ -31,18 +31,12 @@ MainWindow::MainWindow(Program& program)
 
     Check2.Click.connect(this, &MainWindow::Check2_Click);
 
+    Resize.connect(this, &MainWindow::Form_Resize);
+    ImagNT1.DblClick.connect(this, &MainWindow::ImagNT1_DblClick);
+    Label4.DblClick.connect(this, &MainWindow::Label4_DblClick);
+    GoToFull.Click.connect(this, &MainWindow::GoToFull_Click);
     ImagNT1.MouseDown.connect(this, &MainWindow::ImagNT1_MouseDown);
     Label4.MouseDown.connect(this, &MainWindow::Label4_MouseDown);
-}
-
-void MainWindow::ImagNT1_MouseDown(short Button) {
-    if (Button == mouse_button::right)
-        PopupMenu(PopUpMenu1);
-}
-
-void MainWindow::Label4_MouseDown(short Button) {
-    if (Button == mouse_button::right)
-        PopupMenu(PopUpMenu1, &GoToFull);
 }
 
 void MainWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {

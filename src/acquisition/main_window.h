@@ -220,9 +220,17 @@ class MainWindow : public Form {
     void warn_of_colour_depth();
     void Check2_Click();
 
-    // Pointer.
+    // The way into fullscreen, and the pointer.
+    void ImagNT1_DblClick();
+    void Label4_DblClick();
+    void GoToFull_Click();
     void ImagNT1_MouseDown(short Button);
     void Label4_MouseDown(short Button);
+
+    // The switch to the fullscreen window.
+    void Form_Resize();
+    void Ueberpruefen();
+    void draw_colour_scheme();
 
     // Shutdown.
     void Form_QueryUnload(short& Cancel, short UnloadMode);

@@ -25,6 +25,17 @@ FullscreenWindow::FullscreenWindow(Program& program)
     Timer3.Tick.connect(this, &FullscreenWindow::Timer3_Timer);
     Timer4.Tick.connect(this, &FullscreenWindow::Timer4_Timer);
     Combo1.Click.connect(this, &FullscreenWindow::Combo1_Click);
+
+    Resize.connect(this, &FullscreenWindow::Form_Resize);
+    Command1.Click.connect(this, &FullscreenWindow::Command1_Click);
+
+    Image3.DblClick.connect(this, &FullscreenWindow::Image3_DblClick);
+    DblClick.connect(this, &FullscreenWindow::Form_DblClick);
+    TestBild.DblClick.connect(this, &FullscreenWindow::TestBild_DblClick);
+    QueryUnload.connect(this, &FullscreenWindow::Form_QueryUnload);
+    Command1.MouseMove.connect(this, &FullscreenWindow::Command1_MouseMove);
+    Image3.MouseMove.connect(this, &FullscreenWindow::Image3_MouseMove);
+    TestBild.MouseMove.connect(this, &FullscreenWindow::TestBild_MouseMove);
 }
 
 } // namespace lookfar

@@ -151,12 +151,37 @@ class FullscreenWindow : public Form {
                     .Stretch = true,
                     .AccessibleName = "Test card: no picture can be had"}};
 
+    // The control panel.
+
+    /// Each puts the panel into a state, its geometry included; harmless on one that is in it.
+    void open_panel();
+    void close_panel();
+
+    /// Puts the error number and description into the middle of the window.
+    void centre_error_lines();
+
   private:
+    // The cycle.
     void Timer1_Timer();
     void Timer2_Timer();
     void Timer3_Timer();
     void Timer4_Timer();
     void Combo1_Click();
+
+    // Layout.
+    void Form_Resize();
+    void lay_out_title_banner();
+    void lay_out_open_panel();
+    void Command1_Click();
+
+    // The way back, and the pointer.
+    void Image3_DblClick();
+    void Form_DblClick();
+    void TestBild_DblClick();
+    void Form_QueryUnload(short& Cancel, short UnloadMode);
+    void Command1_MouseMove();
+    void Image3_MouseMove();
+    void TestBild_MouseMove();
 
     Window<MainWindow>& Form1;
 };

@@ -1,0 +1,67 @@
+#include "acquisition/main_window.h"
+#include "pipeline/fullscreen_window.h"
+
+namespace lookfar {
+
+namespace {
+
+// The panel's state lies in the arrow's caption: where the arrow points is where a click moves it.
+constexpr const char* open = "4";
+constexpr const char* closed = "3";
+
+} // namespace
+
+void FullscreenWindow::open_panel() {
+    Command1.Visible = false;
+    Combo1.Visible = false;
+    Shape1.Visible = false;
+    Shape2.Visible = false;
+    Shape1.Left = Width - (Shape1.Width / 2 + Shape2.Width);
+    Shape2.Left = Shape1.Left + Shape1.Width / 2;
+    Combo1.Left = Width - (Combo1.Width + 60);
+    Command1.Left = Shape1.Left + 240;
+    Command1.Caption = open;
+    Command1.Visible = true;
+    Combo1.Visible = true;
+    Shape1.DrawMode = DrawMode::copy_pen;
+    Shape1.Visible = true;
+    Shape2.Visible = true;
+    Line1.Visible = true;
+}
+
+void FullscreenWindow::close_panel() {
+    Command1.Visible = false;
+    Combo1.Visible = false;
+    Shape1.Visible = false;
+    Shape2.Visible = false;
+    Line1.Visible = false;
+    Shape1.Left = Width - Shape1.Width / 2;
+    Shape2.Left = Width;
+    Combo1.Left = Width;
+    Command1.Left = Shape1.Left + 240;
+    Command1.Caption = closed;
+    Command1.Visible = true;
+    Combo1.Visible = true;
+    Shape1.DrawMode = DrawMode::merge_pen;
+    Shape1.Visible = true;
+    Shape2.Visible = true;
+}
+
+void FullscreenWindow::Command1_Click() {
+    if (Command1.Caption == closed) {
+        open_panel();
+    } else {
+        close_panel();
+        Command1.ForeColor = colour::black;
+        Command1.BackColor = colour::white;
+    }
+}
+
+void MainWindow::Ueberpruefen() {
+    if (Form2->Command1.Caption == open)
+        Form2->open_panel();
+    else
+        Form2->close_panel();
+}
+
+} // namespace lookfar

@@ -1,0 +1,27 @@
+#include "acquisition/main_window.h"
+#include "pipeline/fullscreen_window.h"
+
+namespace lookfar {
+
+void MainWindow::Form_Resize() {
+    if (WindowState != window_state::maximised)
+        return;
+    Form2->Left = 0;
+    Form2->Top = 0;
+    Form2->Width = runtime.Screen().Width;
+    Form2->Height = runtime.Screen().Height;
+    Hide();
+    Form2->centre_error_lines();
+    Form2->Show();
+    Ueberpruefen();
+    draw_colour_scheme();
+}
+
+void FullscreenWindow::centre_error_lines() {
+    Label2.Left = Width / 2 - Label2.Width / 2;
+    Label2.Top = Height / 2 - Label2.Height / 2 - (Label3.Height + 120);
+    Label3.Left = Width / 2 - Label3.Width / 2;
+    Label3.Top = Height / 2 - Label3.Height / 2 + 240;
+}
+
+} // namespace lookfar

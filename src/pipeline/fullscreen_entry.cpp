@@ -1,0 +1,65 @@
+#include "acquisition/main_window.h"
+#include "pipeline/fullscreen_window.h"
+
+namespace lookfar {
+
+void MainWindow::ImagNT1_DblClick() {
+    WindowState = window_state::maximised;
+    Hide();
+}
+
+void MainWindow::Label4_DblClick() {
+    ImagNT1_DblClick();
+}
+
+void MainWindow::GoToFull_Click() {
+    ImagNT1_DblClick();
+}
+
+void MainWindow::ImagNT1_MouseDown(short Button) {
+    if (Button == mouse_button::right)
+        PopupMenu(PopUpMenu1, &GoToFull);
+}
+
+void MainWindow::Label4_MouseDown(short Button) {
+    if (Button == mouse_button::right)
+        PopupMenu(PopUpMenu1, &GoToFull);
+}
+
+void FullscreenWindow::Image3_DblClick() {
+    Form1->Visible = true;
+    Form1->WindowState = window_state::normal;
+    Visible = false;
+    Form1->Show();
+}
+
+void FullscreenWindow::Form_DblClick() {
+    Image3_DblClick();
+}
+
+void FullscreenWindow::TestBild_DblClick() {
+    Image3_DblClick();
+}
+
+/// A close request leaves fullscreen, as the double click does.
+void FullscreenWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
+    Cancel = -1;
+    Image3_DblClick();
+}
+
+void FullscreenWindow::Command1_MouseMove() {
+    Command1.ForeColor = colour::white;
+    Command1.BackColor = colour::black;
+}
+
+void FullscreenWindow::Image3_MouseMove() {
+    Command1.ForeColor = colour::black;
+    Command1.BackColor = colour::white;
+}
+
+void FullscreenWindow::TestBild_MouseMove() {
+    Command1.ForeColor = colour::black;
+    Command1.BackColor = colour::white;
+}
+
+} // namespace lookfar
