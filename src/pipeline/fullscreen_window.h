@@ -63,7 +63,8 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
-                  .AutoSize = true}};
+                  .AutoSize = true,
+                  .HasHalo = true}};
     // Title banner: strip behind the status line.
     Shape Shape6{*this,
                  {.At = {480, 5340, 7575, 450},
@@ -92,7 +93,8 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = 0x000000C0,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Bold = true, .Italic = true},
-                  .AutoSize = true}};
+                  .AutoSize = true,
+                  .HasHalo = true}};
     // Blinking error number.
     Label Label2{*this,
                  {.Caption = "Error #00",
@@ -102,7 +104,8 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
-                  .AutoSize = true}};
+                  .AutoSize = true,
+                  .HasHalo = true}};
     // State cell: title of the camera that the last refresh looked up.
     Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false}};
     // Control panel: line along the bar.
@@ -114,7 +117,8 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 20.25F, .Italic = true},
-                  .AutoSize = true}};
+                  .AutoSize = true,
+                  .HasHalo = true}};
     // Control panel: bar.
     Shape Shape2{*this,
                  {.At = {4800, -120, 4215, 615},

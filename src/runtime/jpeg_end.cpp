@@ -1,6 +1,7 @@
 #include "runtime/jpeg_end.h"
 
 #include <cstddef>
+#include <cstring>
 
 namespace lookfar {
 
@@ -22,18 +23,27 @@ bool starts_jpeg(std::span<const std::uint8_t> bytes) {
     return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
 }
 
+/// The place of the next marker's prefix, or the end of the bytes. Within the compressed data
+/// only a prefix tells anything, and few bytes are one: the standard search leaps over the rest.
+std::size_t next_prefix(std::span<const std::uint8_t> bytes, std::size_t from) {
+    const void* const found = std::memchr(bytes.data() + from, marker_prefix, bytes.size() - from);
+    return found ? static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes.data())
+                 : bytes.size();
+}
+
 bool has_end_marker(std::span<const std::uint8_t> bytes) {
     std::size_t position = 0;
-    while (position + 1 < bytes.size()) {
-        const std::uint8_t marker = bytes[position + 1];
-        // Within the compressed data only the byte behind a prefix tells a marker.
-        if (bytes[position] != marker_prefix || marker == marker_prefix) {
-            ++position;
-            continue;
-        }
+    while (position < bytes.size()) {
+        position = next_prefix(bytes, position) + 1;
+        if (position >= bytes.size())
+            return false;
+        const std::uint8_t marker = bytes[position];
         if (marker == end_of_image)
             return true;
-        position += 2;
+        // A prefix may be repeated before its marker.
+        if (marker == marker_prefix)
+            continue;
+        ++position;
         if (has_no_length(marker))
             continue;
         if (position + 1 >= bytes.size())

@@ -13,6 +13,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
 
 #include <chrono>
@@ -205,6 +206,32 @@ TEST_F(ProgramTest, GivesTheKeyboardToTheTitleAtEveryOpeningOfTheEditor) {
               "/a\r\n" + cameras->url("/a") +
                   "\r\nB\r\nhttp://127.0.0.1/\r\nC\r\nhttp://127.0.0.1/\r\n");
     EXPECT_EQ(program.Form1->Combo1.Text.get(), "C");
+}
+
+TEST_F(ProgramTest, CoversTheScreenOnADoubleClickAndComesBackOnAnother) {
+    cameras->answer("/camera", picture(320, 240));
+    start({"/camera"});
+    WindowView& small = window(*program.Form1.operator->());
+    QTest::mouseDClick(&small, Qt::LeftButton, {}, {160, 120});
+    FullscreenWindow& form = *program.Form2.operator->();
+    WindowView& large = window(form);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&large));
+    EXPECT_TRUE(comes_true([&] { return large.geometry() == large.screen()->geometry(); }));
+    EXPECT_FALSE(small.isVisible());
+    const QImage screen = pixels(form);
+    const QPoint centre = screen.rect().center();
+    EXPECT_NE(screen.pixel(centre) & 0xFFFFFFU, 0U) << "the picture is there at once";
+    const int top = static_cast<int>(form.Shape3.Top / twips_per_pixel);
+    const int left = static_cast<int>(form.Shape3.Left / twips_per_pixel);
+    const QRgb disc = screen.pixel(left + 36, top + 32);
+    EXPECT_EQ(qRgb(qBlue(disc), qGreen(disc), qRed(disc)) & 0xFFFFFFU, form.Shape3.FillColor);
+
+    const QPoint arrow(static_cast<int>(form.Command1.Left / twips_per_pixel) + 8, 16);
+    QTest::mouseClick(&large, Qt::LeftButton, {}, arrow);
+    EXPECT_EQ(form.Command1.Caption.get(), "3");
+    QTest::mouseDClick(&large, Qt::LeftButton, {}, centre);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&small));
+    EXPECT_FALSE(large.isVisible());
 }
 
 [[noreturn]] void close_during_a_fetch() {

@@ -21,6 +21,7 @@ Label::Label(Form& owner, const LabelDesign& design)
       Font(design.Font),
       AutoSize(design.AutoSize),
       WordWrap(design.WordWrap),
+      HasHalo(design.HasHalo),
       TabIndex(design.TabIndex),
       ToolTipText(design.ToolTipText),
       wraps_(!design.AutoSize || design.WordWrap),

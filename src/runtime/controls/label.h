@@ -23,6 +23,8 @@ struct LabelDesign {
     /// Whether a label that sizes itself keeps its width: it wraps its caption and grows
     /// downwards, and never gets lower than it was designed.
     bool WordWrap = false;
+    /// Whether a thin light rim sets the text off from whatever picture lies behind it.
+    bool HasHalo = false;
     int TabIndex = 0;
     std::string ToolTipText = {};
 };
@@ -47,6 +49,7 @@ class Label : public BoxControl, public MouseEvents {
     const lookfar::Font Font;
     const bool AutoSize;
     const bool WordWrap;
+    const bool HasHalo;
     const int TabIndex;
     const std::string ToolTipText;
 

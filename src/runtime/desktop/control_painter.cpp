@@ -83,19 +83,33 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
         draw_symbols(painter_, box, caption, pixel_size(label.Font), colour);
         return;
     }
-    painter_.setPen(colour);
+    const PainterState state(painter_);
     painter_.setFont(screen_font(label.Font));
-    const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
-    if (label.wraps())
-        draw_wrapped(caption, alignment, box);
-    else
-        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, caption);
+    if (label.HasHalo)
+        draw_halo(label, box, caption);
+    painter_.setPen(colour);
+    draw_text(label, box, caption);
 }
 
-void ControlPainter::draw_wrapped(const QString& text, Qt::Alignment alignment, const QRect& box) {
+void ControlPainter::draw_text(const Label& label, const QRect& box, const QString& text) {
+    const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
+    if (!label.wraps()) {
+        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, text);
+        return;
+    }
     const PainterState state(painter_);
     painter_.setClipRect(box, Qt::IntersectClip);
     WrappedText(text, painter_.font(), alignment, box.width()).draw(painter_, box.topLeft());
+}
+
+/// The text in a light colour, moved by a pixel to every side.
+void ControlPainter::draw_halo(const Label& label, const QRect& box, const QString& text) {
+    constexpr int opacity = 110;
+    painter_.setPen(QColor(255, 255, 255, opacity));
+    for (const int right : {-1, 0, 1})
+        for (const int down : {-1, 0, 1})
+            if (right != 0 || down != 0)
+                draw_text(label, box.translated(right, down), text);
 }
 
 void ControlPainter::visit(Image& image) {

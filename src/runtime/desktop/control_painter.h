@@ -38,7 +38,8 @@ class ControlPainter : public ControlVisitor {
 
   private:
     void draw_caption(const Label& label, const QRect& box);
-    void draw_wrapped(const QString& text, Qt::Alignment alignment, const QRect& box);
+    void draw_text(const Label& label, const QRect& box, const QString& text);
+    void draw_halo(const Label& label, const QRect& box, const QString& text);
     void draw_rectangle(const Shape& shape);
     void draw_ellipse(const Shape& shape);
     void draw_picture(const Control& control, const PictureReference& picture, const QRect& target);

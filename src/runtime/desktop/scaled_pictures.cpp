@@ -11,7 +11,8 @@ QImage wrapped(const Picture& picture) {
 }
 
 QImage image_of(const Picture& picture) {
-    QImage image = wrapped(picture);
+    // Scaling four bytes a pixel is several times quicker than scaling three.
+    QImage image = wrapped(picture).convertToFormat(QImage::Format_RGB32);
     if (!picture.opacity().empty())
         image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
                                      picture.width(), QImage::Format_Alpha8));

@@ -1,0 +1,103 @@
+#include "stall_bench.h"
+
+#include "jpeg_decode.h"
+#include "processor_time.h"
+
+#include "acquisition/main_window.h"
+#include "pipeline/fullscreen_window.h"
+#include "program.h"
+#include "runtime/picture_decoder.h"
+#include "support/temporary_folder.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
+
+namespace lookfar::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Asks the message loop for a sign of life all the time, from a thread of its own.
+class LoopWatch {
+  public:
+    explicit LoopWatch(Platform& platform)
+        : thread_([this, &platform](const std::stop_token& stop) {
+              while (!stop.stop_requested())
+                  ask(platform);
+          }) {}
+
+    /// The longest wait for an answer so far, in milliseconds. For the main thread.
+    double longest_wait() const { return state_->longest_wait; }
+
+  private:
+    struct State {
+        std::atomic<bool> has_answered = false;
+        double longest_wait = 0;
+    };
+
+    void ask(Platform& platform) {
+        state_->has_answered = false;
+        platform.post([state = state_, asked = Clock::now()] {
+            const std::chrono::duration<double, std::milli> waited = Clock::now() - asked;
+            state->longest_wait = std::max(state->longest_wait, waited.count());
+            state->has_answered = true;
+        });
+        do
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        while (!state_->has_answered && !thread_.get_stop_token().stop_requested());
+    }
+
+    std::shared_ptr<State> state_ = std::make_shared<State>();
+    std::jthread thread_;
+};
+
+void run_loop_for(Platform& platform, std::chrono::milliseconds duration) {
+    const auto end = Clock::now() + duration;
+    platform.wait_until([end] { return Clock::now() >= end; });
+}
+
+void measure(benchmark::State& state, Platform& platform, const std::string& url,
+             const Bytes& picture) {
+    const testing::TemporaryFolder folder;
+    testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
+    Program program(platform);
+    program.Form1->Timer1.Enabled = false;
+    program.Form2->Width = 1920 * twips_per_pixel;
+    program.Form2->Height = 1080 * twips_per_pixel;
+    program.Form2->Show();
+    run_loop_for(platform, std::chrono::milliseconds(300));
+    const double decode =
+        least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });
+    const double load = least_processor_seconds(
+        [&] { benchmark::DoNotOptimize(decode_pixels(picture).bytes.get()); });
+    for (auto unused : state) {
+        (void)unused;
+        const LoopWatch watch(platform);
+        for (int refresh = 0; refresh < 8; ++refresh) {
+            program.Form1->Command2.Click.raise();
+            run_loop_for(platform, std::chrono::milliseconds(200));
+        }
+        state.counters["longest_stall_ms"] = watch.longest_wait();
+        state.counters["longest_stall_in_decodes"] = watch.longest_wait() / (decode * 1000);
+        state.counters["longest_stall_in_own_decodes"] = watch.longest_wait() / (load * 1000);
+    }
+    state.counters["decode_ms"] = decode * 1000;
+    state.counters["own_decode_ms"] = load * 1000;
+}
+
+} // namespace
+
+void register_stalls(Platform& platform, const std::string& url, const Bytes& picture) {
+    benchmark::RegisterBenchmark("longest_stall_3840x2160", [&platform, url,
+                                                             &picture](benchmark::State& state) {
+        measure(state, platform, url, picture);
+    })->Iterations(1);
+}
+
+} // namespace lookfar::bench
