@@ -1,7 +1,6 @@
 #include "acquisition/main_window.h"
 
 #include "catalogue/list_file.h"
-#include "catalogue/selector_lists.h"
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "runtime/numbers.h"
@@ -28,8 +27,7 @@ void MainWindow::Form_Load() {
 void MainWindow::fill_selector_lists() {
     catalogue::read_at_start(runtime.files(),
                              [this](const std::string& title) { Form3->List1.AddItem(title); });
-    catalogue::copy_titles(
-        {.titles = Form3->List1, .main_selector = Combo1, .fullscreen_selector = Form2->Combo1});
+    catalogue::copy_titles(Form3->selector_lists());
 }
 
 void MainWindow::draw_first_camera() {

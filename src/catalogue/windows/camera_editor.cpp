@@ -1,7 +1,6 @@
 #include "catalogue/windows/camera_editor.h"
 
 #include "acquisition/main_window.h"
-#include "catalogue/selector_lists.h"
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
@@ -47,11 +46,7 @@ void CameraEditor::Command1_Click() {
     if (catalogue::save_camera(runtime.files(), what_is_saved()) == catalogue::SaveOutcome::refused)
         return;
     attempt([this] { Hide(); });
-    attempt([this] {
-        catalogue::refill(runtime.files(), {.titles = Form3->List1,
-                                            .main_selector = Form1->Combo1,
-                                            .fullscreen_selector = Form2->Combo1});
-    });
+    attempt([this] { catalogue::refill(runtime.files(), Form3->selector_lists()); });
     show_saved_camera();
     attempt([this] { Form3->Show(); });
 }

@@ -3,7 +3,6 @@
 #include "acquisition/main_window.h"
 #include "catalogue/list_file.h"
 #include "catalogue/rewrite.h"
-#include "catalogue/selector_lists.h"
 #include "catalogue/windows/camera_editor.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
@@ -29,6 +28,10 @@ CameraListWindow::CameraListWindow(Program& program)
     Command3.Click.connect(this, &CameraListWindow::Command3_Click);
     Command2.Click.connect(this, &CameraListWindow::Command2_Click);
     Command4.Click.connect(this, &CameraListWindow::Command4_Click);
+}
+
+catalogue::SelectorLists CameraListWindow::selector_lists() {
+    return {.titles = List1, .main_selector = Form1->Combo1, .fullscreen_selector = Form2->Combo1};
 }
 
 void CameraListWindow::List1_Click() {
@@ -62,9 +65,7 @@ void CameraListWindow::Command2_Click() {
     if (answer == message_box_answer::no)
         return;
     catalogue::remove_cameras(runtime.files(), List1.List(List1.ListIndex));
-    catalogue::refill(
-        runtime.files(),
-        {.titles = List1, .main_selector = Form1->Combo1, .fullscreen_selector = Form2->Combo1});
+    catalogue::refill(runtime.files(), selector_lists());
     Form1->Combo1.ListIndex = 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/selector_lists.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/lists.h"
 #include "runtime/controls/timer.h"
@@ -37,6 +38,9 @@ class CameraListWindow : public Form {
         *this, {.Caption = "&Ok", .At = {2760, 3360, 1095, 375}, .Default = true, .TabIndex = 4}};
     // Keeps a selection in the list.
     Timer Timer1{*this, {.Enabled = false, .Interval = 1}};
+
+    /// The three lists of cameras, this window's first.
+    catalogue::SelectorLists selector_lists();
 
   private:
     void List1_Click();
