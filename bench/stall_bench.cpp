@@ -23,6 +23,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr int refreshes = 8;
+
 /// Asks the message loop for a sign of life all the time, from a thread of its own.
 class LoopWatch {
   public:
@@ -62,6 +64,20 @@ void run_loop_for(Platform& platform, std::chrono::milliseconds duration) {
     platform.wait_until([end] { return Clock::now() >= end; });
 }
 
+/// In milliseconds; the longest of as many as there are refreshes, each into fresh memory as in a
+/// refresh.
+double longest_own_decode(const Bytes& picture) {
+    double longest = 0;
+    Pixels last;
+    for (int count = 0; count < refreshes; ++count) {
+        const auto start = Clock::now();
+        last = decode_pixels(picture);
+        const std::chrono::duration<double, std::milli> taken = Clock::now() - start;
+        longest = std::max(longest, taken.count());
+    }
+    return longest;
+}
+
 void measure(benchmark::State& state, Platform& platform, const std::string& url,
              const Bytes& picture) {
     const testing::TemporaryFolder folder;
@@ -74,21 +90,20 @@ void measure(benchmark::State& state, Platform& platform, const std::string& url
     run_loop_for(platform, std::chrono::milliseconds(300));
     const double decode =
         least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });
-    const double load = least_processor_seconds(
-        [&] { benchmark::DoNotOptimize(decode_pixels(picture).bytes.get()); });
+    const double own_decode = longest_own_decode(picture);
     for (auto unused : state) {
         (void)unused;
         const LoopWatch watch(platform);
-        for (int refresh = 0; refresh < 8; ++refresh) {
+        for (int refresh = 0; refresh < refreshes; ++refresh) {
             program.Form1->Command2.Click.raise();
             run_loop_for(platform, std::chrono::milliseconds(200));
         }
         state.counters["longest_stall_ms"] = watch.longest_wait();
         state.counters["longest_stall_in_decodes"] = watch.longest_wait() / (decode * 1000);
-        state.counters["longest_stall_in_own_decodes"] = watch.longest_wait() / (load * 1000);
+        state.counters["longest_stall_in_own_decodes"] = watch.longest_wait() / own_decode;
     }
     state.counters["decode_ms"] = decode * 1000;
-    state.counters["own_decode_ms"] = load * 1000;
+    state.counters["own_decode_ms"] = own_decode;
 }
 
 } // namespace
