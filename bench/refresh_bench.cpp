@@ -6,6 +6,7 @@
 #include "acquisition/main_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
+#include "splash/splash_window.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -26,6 +27,8 @@ void measure(benchmark::State& state, Platform& platform, const std::string& url
     testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
     Program program(platform);
     program.Form1->Timer1.Enabled = false;
+    program.Loading->Timer1.Enabled = false;
+    program.Loading->Timer2.Enabled = false;
     program.Form1->Check2.Value = blurs ? 1 : 0;
     const double decode =
         least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });

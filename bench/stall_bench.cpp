@@ -7,6 +7,7 @@
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
 #include "runtime/picture_decoder.h"
+#include "splash/splash_window.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -84,6 +85,8 @@ void measure(benchmark::State& state, Platform& platform, const std::string& url
     testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
     Program program(platform);
     program.Form1->Timer1.Enabled = false;
+    program.Loading->Timer1.Enabled = false;
+    program.Loading->Timer2.Enabled = false;
     program.Form2->Width = 1920 * twips_per_pixel;
     program.Form2->Height = 1080 * twips_per_pixel;
     program.Form2->Show();

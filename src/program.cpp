@@ -4,6 +4,8 @@
 #include "catalogue/windows/camera_editor.h"
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
+#include "splash/about_window.h"
+#include "splash/splash_window.h"
 
 #include <memory>
 
@@ -14,16 +16,14 @@ Program::Program(Platform& platform)
       Form1(runtime, [this] { return std::make_unique<MainWindow>(*this); }),
       Form2(runtime, [this] { return std::make_unique<FullscreenWindow>(*this); }),
       Form3(runtime, [this] { return std::make_unique<CameraListWindow>(*this); }),
-      Form4(runtime, [this] { return std::make_unique<CameraEditor>(*this); }) {}
+      Form4(runtime, [this] { return std::make_unique<CameraEditor>(*this); }),
+      Loading(runtime, [this] { return std::make_unique<SplashWindow>(*this); }),
+      About(runtime, [this] { return std::make_unique<AboutWindow>(*this); }) {}
 
 Program::~Program() = default;
 
 void Program::start() {
-    runtime.deliver([this] {
-        Form1->Left = 0;
-        Form1->Top = 0;
-        Form1->Show();
-    });
+    runtime.deliver([this] { Loading->Show(); });
 }
 
 } // namespace lookfar

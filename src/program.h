@@ -5,20 +5,22 @@
 
 namespace lookfar {
 
+class AboutWindow;
 class CameraEditor;
 class CameraListWindow;
 class FullscreenWindow;
 class MainWindow;
 class Platform;
+class SplashWindow;
 
-/// One run of the program: the runtime and the windows on it.
+/// One run of the program: the runtime and the six windows on it.
 class Program {
   public:
     explicit Program(Platform& platform);
     ~Program();
 
-    /// Loads the main window, the whole start-up and the first refresh inside it, and shows it
-    /// at the top left corner of the screen. The message loop is the platform's to run then.
+    /// Opens the splash window, which loads the main window a second later. The message loop is
+    /// the platform's to run then.
     void start();
 
     Runtime runtime;
@@ -26,6 +28,8 @@ class Program {
     Window<FullscreenWindow> Form2;
     Window<CameraListWindow> Form3;
     Window<CameraEditor> Form4;
+    Window<SplashWindow> Loading;
+    Window<AboutWindow> About;
 };
 
 } // namespace lookfar

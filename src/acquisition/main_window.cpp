@@ -2,13 +2,16 @@
 
 #include "acquisition/picture_file.h"
 #include "program.h"
+#include "splash/about_window.h"
 
 namespace lookfar {
 
 MainWindow::MainWindow(Program& program)
     : Form(program.runtime, {.Caption = "Lookfar", .Client = {4935, 5190}}),
       Form2(program.Form2),
-      Form3(program.Form3) {
+      Form3(program.Form3),
+      Loading(program.Loading),
+      About(program.About) {
     Load.connect(this, &MainWindow::Form_Load);
     QueryUnload.connect(this, &MainWindow::Form_QueryUnload);
     Unload.connect(this, &MainWindow::Form_Unload);
@@ -31,12 +34,23 @@ MainWindow::MainWindow(Program& program)
 
     Check2.Click.connect(this, &MainWindow::Check2_Click);
 
+    Image2.Click.connect(this, &MainWindow::Image2_Click);
+    LKF_About.Click.connect(this, &MainWindow::LKF_About_Click);
+
     Resize.connect(this, &MainWindow::Form_Resize);
     ImagNT1.DblClick.connect(this, &MainWindow::ImagNT1_DblClick);
     Label4.DblClick.connect(this, &MainWindow::Label4_DblClick);
     GoToFull.Click.connect(this, &MainWindow::GoToFull_Click);
     ImagNT1.MouseDown.connect(this, &MainWindow::ImagNT1_MouseDown);
     Label4.MouseDown.connect(this, &MainWindow::Label4_MouseDown);
+}
+
+void MainWindow::Image2_Click() {
+    About->Show();
+}
+
+void MainWindow::LKF_About_Click() {
+    Image2_Click();
 }
 
 void MainWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {

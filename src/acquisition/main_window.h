@@ -18,9 +18,11 @@
 
 namespace lookfar {
 
+class AboutWindow;
 class CameraListWindow;
 class FullscreenWindow;
 class Program;
+class SplashWindow;
 
 /// `Form1`: the main window. It owns the camera selection, both interval inputs, the timers that
 /// drive the refresh and the rotation, the transfer control and the picture.
@@ -227,6 +229,10 @@ class MainWindow : public Form {
     void ImagNT1_MouseDown(short Button);
     void Label4_MouseDown(short Button);
 
+    // The About window.
+    void Image2_Click();
+    void LKF_About_Click();
+
     // The switch to the fullscreen window.
     void Form_Resize();
     void Ueberpruefen();
@@ -238,6 +244,8 @@ class MainWindow : public Form {
 
     Window<FullscreenWindow>& Form2;
     Window<CameraListWindow>& Form3;
+    Window<SplashWindow>& Loading;
+    Window<AboutWindow>& About;
 };
 
 } // namespace lookfar

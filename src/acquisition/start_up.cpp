@@ -4,6 +4,7 @@
 #include "catalogue/windows/camera_list_window.h"
 #include "pipeline/fullscreen_window.h"
 #include "runtime/numbers.h"
+#include "splash/splash_window.h"
 
 #include <cmath>
 
@@ -22,6 +23,7 @@ void MainWindow::Form_Load() {
     } catch (const Failure& failure) {
         show_error(failure);
     }
+    Loading->Hide();
 }
 
 void MainWindow::fill_selector_lists() {

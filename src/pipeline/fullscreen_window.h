@@ -64,6 +64,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
                   .AutoSize = true,
+                  .StaysInWindow = true,
                   .HasHalo = true}};
     // Title banner: strip behind the status line.
     Shape Shape6{*this,
@@ -94,6 +95,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = 0x000000C0,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Bold = true, .Italic = true},
                   .AutoSize = true,
+                  .StaysInWindow = true,
                   .HasHalo = true}};
     // Blinking error number.
     Label Label2{*this,
@@ -105,6 +107,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
                   .AutoSize = true,
+                  .StaysInWindow = true,
                   .HasHalo = true}};
     // State cell: title of the camera that the last refresh looked up.
     Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false}};
@@ -118,6 +121,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 20.25F, .Italic = true},
                   .AutoSize = true,
+                  .StaysInWindow = true,
                   .HasHalo = true}};
     // Control panel: bar.
     Shape Shape2{*this,

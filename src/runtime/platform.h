@@ -67,6 +67,8 @@ class Platform {
     virtual std::unique_ptr<Transfer> start_transfer(TransferRequest request,
                                                      TransferDone done) = 0;
 
+    /// Hands an address to the user's default program for its scheme; a failure is not noticed.
+    virtual void open_link(const std::string& address) = 0;
     /// The service that knows of dial-up connections; none on most platforms.
     virtual RemoteAccessService* remote_access() { return nullptr; }
 

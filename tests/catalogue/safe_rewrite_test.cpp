@@ -68,6 +68,7 @@ std::string list_after_restart() {
     ScriptedPlatform platform;
     Program program(platform);
     program.start();
+    platform.run_for(std::chrono::seconds(1));
     EXPECT_GE(program.Form3->List1.ListCount(), 2);
     EXPECT_EQ(program.Form1->Combo1.ListCount(), program.Form3->List1.ListCount());
     return content_of("Cams.inf");

@@ -45,6 +45,8 @@ class ProgramTest : public DesktopTest {
             list += path + "\r\n" + cameras->url(path) + "\r\n";
         lookfar::testing::write_file("Cams.inf", list);
         program.start();
+        ASSERT_TRUE(
+            comes_true([&] { return program.Form1.is_loaded() && program.Form1->Visible; }));
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form1.operator->())));
     }
     void reload() { QTest::mouseClick(&widget(program.Form1->Command2), Qt::LeftButton); }
@@ -241,7 +243,7 @@ TEST_F(ProgramTest, CoversTheScreenOnADoubleClickAndComesBackOnAnother) {
     int argument_count = 0;
     DesktopPlatform platform(argument_count, nullptr, {});
     Program program(platform);
-    program.start();
+    program.Form1->Show();
     cameras.answer("/camera", demo::stall());
     const bool has_picture = lookfar::testing::exists("data.dat");
     QTimer::singleShot(milliseconds(200),

@@ -23,7 +23,9 @@ struct Sample : Form {
     TextBox Text1{*this, {.Text = "10"}};
     CheckBox Check1{*this, {}};
     UpDown UpDown1{*this, {.Value = 10, .Min = 1, .Max = 12}};
-    Label Label1{*this, {.Caption = "one", .At = {100, 100, 10, 10}, .AutoSize = true}};
+    Label Label1{
+        *this,
+        {.Caption = "one", .At = {100, 100, 10, 10}, .AutoSize = true, .StaysInWindow = true}};
     Label Label2{*this, {.At = {0, 0, 1000, 165}, .AutoSize = true, .WordWrap = true}};
     Image Image1{*this, {.At = {10, 20, 300, 400}}};
     Timer Timer1{*this, {.Enabled = false, .Interval = 1000}};
@@ -110,7 +112,7 @@ TEST_F(Properties, ALabelThatWrapsGrowsDownwardsAndBackToItsDesign) {
     EXPECT_EQ(form.Label2.bounds(), (Bounds{0, 0, 1000, 165}));
 }
 
-TEST_F(Properties, ALabelThatSizesItselfWrapsAtTheWindowsEdge) {
+TEST_F(Properties, ALabelThatStaysInItsWindowWrapsAtTheEdge) {
     form.Label1.Caption = std::string(100, 'x');
     EXPECT_TRUE(form.Label1.wraps());
     EXPECT_EQ(form.Label1.bounds(), (Bounds{100, 100, 2900, 3 * 165}));

@@ -15,6 +15,11 @@ Machine::Machine(int cameras) {
         write_file("Cams.inf", list);
 }
 
+void Machine::start() {
+    program.start();
+    platform.run_for(seconds(1));
+}
+
 void Machine::pick(short index) {
     program.runtime.deliver([this, index] {
         Form1->Combo1.ListIndex = index;

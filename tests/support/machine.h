@@ -23,7 +23,8 @@ struct Machine {
     /// Lists the first so many cameras in the list file; none leaves the folder empty.
     explicit Machine(int cameras = 1);
 
-    void start() { program.start(); }
+    /// Lets the splash window hand over to the main window, first refresh included.
+    void start();
     /// Picks a camera and has it fetched.
     void pick(short index);
     void set_answer(char camera, TransferOutcome outcome, milliseconds after = milliseconds(100));

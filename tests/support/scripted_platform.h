@@ -48,6 +48,7 @@ class ScriptedPlatform : public Platform {
     std::deque<std::function<short(const MessageBox&)>> box_answers;
     std::vector<MessageBox> boxes;
 
+    std::vector<std::string> links;
     std::vector<Failure> untrapped;
     std::vector<const PopupMenu*> menus;
     const MenuItem* default_menu_entry = nullptr;
@@ -73,6 +74,7 @@ class ScriptedPlatform : public Platform {
     ScreenMetrics screen() const override { return metrics; }
     Disk& disk() override { return faulty_disk; }
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
+    void open_link(const std::string& address) override { links.push_back(address); }
     RemoteAccessService* remote_access() override { return remote_access_service; }
     short ask(const MessageBox& box) override;
     void changed(Element& element) override { changed_elements.insert(&element); }

@@ -20,6 +20,7 @@ Label::Label(Form& owner, const LabelDesign& design)
       Border(design.Border),
       Font(design.Font),
       AutoSize(design.AutoSize),
+      StaysInWindow(design.StaysInWindow),
       WordWrap(design.WordWrap),
       HasHalo(design.HasHalo),
       TabIndex(design.TabIndex),
@@ -42,7 +43,7 @@ void Label::take_size_of_caption() {
     }
     Size size = platform.text_size(Caption, Font, std::nullopt);
     const float room = std::max(form.Width - Left, design_width_);
-    wraps_ = size.Width > room;
+    wraps_ = StaysInWindow && size.Width > room;
     if (wraps_)
         size = platform.text_size(Caption, Font, room);
     Width = size.Width;

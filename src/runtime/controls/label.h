@@ -17,9 +17,11 @@ struct LabelDesign {
     Colour BackColor = colour::button_face;
     Colour ForeColor = colour::button_text;
     lookfar::Font Font = {};
-    /// Whether the label takes the size of its caption, growing from its top left corner. A
-    /// caption that would run over the window's right edge is wrapped there.
+    /// Whether the label takes the size of its caption, growing from its top left corner.
     bool AutoSize = false;
+    /// Whether a label that sizes itself wraps a caption that would run over the window's right
+    /// edge.
+    bool StaysInWindow = false;
     /// Whether a label that sizes itself keeps its width: it wraps its caption and grows
     /// downwards, and never gets lower than it was designed.
     bool WordWrap = false;
@@ -48,6 +50,7 @@ class Label : public BoxControl, public MouseEvents {
     const LabelBorder Border;
     const lookfar::Font Font;
     const bool AutoSize;
+    const bool StaysInWindow;
     const bool WordWrap;
     const bool HasHalo;
     const int TabIndex;

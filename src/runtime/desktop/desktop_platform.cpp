@@ -11,10 +11,12 @@
 #include "runtime/disk.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QPixmap>
 #include <QScreen>
 #include <QTime>
 #include <QTimer>
+#include <QUrl>
 
 #include <algorithm>
 #include <clocale>
@@ -147,6 +149,10 @@ Disk& DesktopPlatform::disk() {
 std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest request,
                                                           TransferDone done) {
     return parts_->transfers->start(std::move(request), std::move(done));
+}
+
+void DesktopPlatform::open_link(const std::string& address) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
 short DesktopPlatform::ask(const MessageBox& box) {

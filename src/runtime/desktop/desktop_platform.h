@@ -39,6 +39,8 @@ class DesktopPlatform : public Platform {
     Disk& disk() override;
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
 
+    void open_link(const std::string& address) override;
+
     short ask(const MessageBox& box) override;
     void changed(Element& element) override;
     void forget(Element& element) override;
