@@ -39,7 +39,8 @@ Windows::~Windows() {
 }
 
 void Windows::changed(Element& element) {
-    changed_.insert(&element);
+    if (changed_.insert(&element).second)
+        changed_in_order_.push_back(&element);
     schedule();
 }
 
@@ -57,7 +58,8 @@ void Windows::schedule() {
 
 void Windows::forget(Element& element) {
     const FlagSet synchronising(is_synchronising_);
-    changed_.erase(&element);
+    if (changed_.erase(&element) > 0)
+        std::erase(changed_in_order_, &element);
     if (const auto own = views_.find(&element); own != views_.end()) {
         own->second->release();
         views_.erase(own);
@@ -71,7 +73,8 @@ void Windows::synchronise() {
     if (is_synchronising_)
         return;
     const FlagSet synchronising(is_synchronising_);
-    for (Element* const element : std::exchange(changed_, {}))
+    changed_.clear();
+    for (Element* const element : std::exchange(changed_in_order_, {}))
         synchronise(*element);
     for (const auto& view : std::views::values(views_))
         view->synchronise_edited_pictures();

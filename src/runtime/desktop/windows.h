@@ -9,6 +9,7 @@
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
+#include <vector>
 
 namespace lookfar {
 class Control;
@@ -61,6 +62,9 @@ class Windows {
     QIcon icon_;
     std::unordered_map<const Element*, std::unique_ptr<WindowView, DeleteLater>> views_;
     std::unordered_set<Element*> changed_;
+    /// The same in the order of their first change: a window that is shown before another is
+    /// hidden comes up before that one goes.
+    std::vector<Element*> changed_in_order_;
     bool is_scheduled_ = false;
     bool is_synchronising_ = false;
     /// Receives the scheduled synchronisation; the last member, so that it goes first.
