@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/controls/visitor.h"
+#include "runtime/desktop/drawn_control_visitor.h"
 #include "runtime/desktop/scaled_pictures.h"
 
 #include <QPalette>
@@ -16,18 +16,12 @@ namespace lookfar::desktop {
 
 /// Draws the controls that are no native widgets. The painter's device must be an image without
 /// an alpha channel: shapes that merge with what lies behind need that.
-class ControlPainter : public ControlVisitor {
+class ControlPainter : public DrawnControlVisitor {
   public:
+    using DrawnControlVisitor::visit;
+
     ControlPainter(QPainter& painter, const QPalette& palette, ScaledPictures& pictures)
         : painter_(painter), palette_(palette), pictures_(pictures) {}
-
-    void visit(CheckBox&) override {}
-    void visit(ComboBox&) override {}
-    void visit(CommandButton&) override {}
-    void visit(ListBox&) override {}
-    void visit(StatusBar&) override {}
-    void visit(TextBox&) override {}
-    void visit(UpDown&) override {}
 
     void visit(Frame& frame) override;
     void visit(Image& image) override;

@@ -3,7 +3,7 @@
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
-#include "runtime/controls/visitor.h"
+#include "runtime/desktop/drawn_control_visitor.h"
 #include "runtime/desktop/fonts.h"
 #include "runtime/desktop/geometry.h"
 
@@ -36,15 +36,9 @@ QRectF area_of(const Label& label) {
     return area;
 }
 
-class Describer : public ControlVisitor {
+class Describer : public DrawnControlVisitor {
   public:
-    void visit(CheckBox&) override {}
-    void visit(ComboBox&) override {}
-    void visit(CommandButton&) override {}
-    void visit(ListBox&) override {}
-    void visit(StatusBar&) override {}
-    void visit(TextBox&) override {}
-    void visit(UpDown&) override {}
+    using DrawnControlVisitor::visit;
 
     void visit(Frame& frame) override { describe(frame); }
     void visit(Shape& shape) override { describe(shape); }
