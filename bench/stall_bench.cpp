@@ -32,7 +32,7 @@ class LoopWatch {
     explicit LoopWatch(Platform& platform)
         : thread_([this, &platform](const std::stop_token& stop) {
               while (!stop.stop_requested())
-                  ask(platform);
+                  ask(platform, stop);
           }) {}
 
     /// The longest wait for an answer so far, in milliseconds. For the main thread.
@@ -44,7 +44,7 @@ class LoopWatch {
         double longest_wait = 0;
     };
 
-    void ask(Platform& platform) {
+    void ask(Platform& platform, const std::stop_token& stop) {
         state_->has_answered = false;
         platform.post([state = state_, asked = Clock::now()] {
             const std::chrono::duration<double, std::milli> waited = Clock::now() - asked;
@@ -53,7 +53,7 @@ class LoopWatch {
         });
         do
             std::this_thread::sleep_for(std::chrono::microseconds(200));
-        while (!state_->has_answered && !thread_.get_stop_token().stop_requested());
+        while (!state_->has_answered && !stop.stop_requested());
     }
 
     std::shared_ptr<State> state_ = std::make_shared<State>();
