@@ -1,14 +1,32 @@
-#include "program_icon.h"
+#include "resource_pictures.h"
 
 #include "resources/resources.h"
 #include "runtime/picture_decoder.h"
 
+#include <cstdint>
 #include <memory>
+#include <span>
 
 namespace lookfar {
 
+namespace {
+
+PictureReference decoded(std::span<const std::uint8_t> file) {
+    return std::make_shared<Picture>(decode_pixels(file));
+}
+
+} // namespace
+
 PictureReference program_icon(int pixels) {
-    return std::make_shared<Picture>(decode_pixels(resources::icon(pixels)));
+    return decoded(resources::icon(pixels));
+}
+
+PictureReference test_card() {
+    return decoded(resources::test_card());
+}
+
+PictureReference splash_picture() {
+    return decoded(resources::splash());
 }
 
 } // namespace lookfar

@@ -52,8 +52,7 @@ void FullscreenWindow::Command1_Click() {
         open_panel();
     } else {
         close_panel();
-        Command1.ForeColor = colour::black;
-        Command1.BackColor = colour::white;
+        rest_arrow();
     }
 }
 

@@ -22,8 +22,7 @@ void MainWindow::ImagNT1_MouseDown(short Button) {
 }
 
 void MainWindow::Label4_MouseDown(short Button) {
-    if (Button == mouse_button::right)
-        PopupMenu(PopUpMenu1, &GoToFull);
+    ImagNT1_MouseDown(Button);
 }
 
 void FullscreenWindow::Image3_DblClick() {
@@ -52,14 +51,17 @@ void FullscreenWindow::Command1_MouseMove() {
     Command1.BackColor = colour::black;
 }
 
-void FullscreenWindow::Image3_MouseMove() {
+void FullscreenWindow::rest_arrow() {
     Command1.ForeColor = colour::black;
     Command1.BackColor = colour::white;
 }
 
+void FullscreenWindow::Image3_MouseMove() {
+    rest_arrow();
+}
+
 void FullscreenWindow::TestBild_MouseMove() {
-    Command1.ForeColor = colour::black;
-    Command1.BackColor = colour::white;
+    rest_arrow();
 }
 
 } // namespace lookfar

@@ -1,16 +1,8 @@
 #include "pipeline/fullscreen_window.h"
 
 #include "program.h"
-#include "resources/resources.h"
-#include "runtime/picture_decoder.h"
-
-#include <memory>
 
 namespace lookfar {
-
-PictureReference test_card() {
-    return std::make_shared<Picture>(decode_pixels(resources::test_card()));
-}
 
 FullscreenWindow::FullscreenWindow(Program& program)
     : Form(program.runtime, {.Caption = "Lookfar Fullscreen Window",

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "program_icon.h"
+#include "resource_pictures.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/lists.h"
@@ -13,9 +13,6 @@ namespace lookfar {
 
 class MainWindow;
 class Program;
-
-/// The built-in television test card, 540 by 405 pixels.
-PictureReference test_card();
 
 /// `Form2`: the fullscreen window, and the pipeline that every fetched picture passes through,
 /// whether the window is shown or not. Its state lies in its controls.
@@ -187,6 +184,7 @@ class FullscreenWindow : public Form {
     void Form_DblClick();
     void TestBild_DblClick();
     void Form_QueryUnload(short& Cancel, short UnloadMode);
+    void rest_arrow();
     void Command1_MouseMove();
     void Image3_MouseMove();
     void TestBild_MouseMove();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "program_icon.h"
+#include "resource_pictures.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"

@@ -2,17 +2,9 @@
 
 #include "acquisition/main_window.h"
 #include "program.h"
-#include "resources/resources.h"
 #include "runtime/numbers.h"
-#include "runtime/picture_decoder.h"
-
-#include <memory>
 
 namespace lookfar {
-
-PictureReference splash_picture() {
-    return std::make_shared<Picture>(decode_pixels(resources::splash()));
-}
 
 SplashWindow::SplashWindow(Program& program)
     : Form(program.runtime, {.Client = {4800, 3600},

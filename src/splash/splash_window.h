@@ -1,5 +1,6 @@
 #pragma once
 
+#include "resource_pictures.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
@@ -11,9 +12,6 @@ namespace lookfar {
 
 class MainWindow;
 class Program;
-
-/// The splash picture, 320 by 240 pixels.
-PictureReference splash_picture();
 
 /// `Loading`: the window that the program opens on. After a second it loads the main window, whose
 /// start-up hides it.

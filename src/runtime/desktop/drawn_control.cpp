@@ -26,8 +26,6 @@ QRectF area_of(const Line& line) {
 /// A caption may be larger than its label was designed; it is shown whole from the start.
 QRectF area_of(const Label& label) {
     QRectF area = exact_rectangle(label.bounds());
-    if (label.HasHalo)
-        area.adjust(-1, -1, 1, 1);
     if (label.wraps())
         return area;
     const Size size = measure_text(label.Caption, label.Font);

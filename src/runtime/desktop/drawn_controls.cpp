@@ -13,7 +13,8 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// Whole pixels, with one more around for smooth edges and the overhang of slanted letters.
+/// Whole pixels, with one more around for smooth edges, halos and the overhang of slanted
+/// letters.
 QRect painted_area(const DrawnControl& drawn) {
     return drawn.area.toAlignedRect().adjusted(-1, -1, 1, 1);
 }
@@ -64,15 +65,27 @@ void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalet
     }
 }
 
-std::optional<DrawnControl> DrawnControls::mouse_target(const QPointF& point) const {
+std::optional<DrawnControl>
+DrawnControls::frontmost_at(const QPointF& point,
+                            const std::function<bool(const DrawnControl&)>& is_wanted) const {
     for (Control* const control : form_.controls()) {
         if (!control->Visible)
             continue;
         auto drawn = drawn_control(*control);
-        if (drawn && drawn->mouse && drawn->area.contains(point))
+        if (drawn && is_wanted(*drawn) && drawn->area.contains(point))
             return drawn;
     }
     return std::nullopt;
+}
+
+std::optional<DrawnControl> DrawnControls::mouse_target(const QPointF& point) const {
+    return frontmost_at(point, [](const DrawnControl& drawn) { return drawn.mouse != nullptr; });
+}
+
+std::string DrawnControls::tool_tip(const QPointF& point) const {
+    const auto drawn =
+        frontmost_at(point, [](const DrawnControl& each) { return !each.tool_tip.empty(); });
+    return drawn ? drawn->tool_tip : std::string();
 }
 
 std::vector<DrawnControl> DrawnControls::named() const {
@@ -83,17 +96,6 @@ std::vector<DrawnControl> DrawnControls::named() const {
             named.push_back(*std::move(drawn));
     }
     return named;
-}
-
-std::string DrawnControls::tool_tip(const QPointF& point) const {
-    for (Control* const control : form_.controls()) {
-        if (!control->Visible)
-            continue;
-        const auto drawn = drawn_control(*control);
-        if (drawn && !drawn->tool_tip.empty() && drawn->area.contains(point))
-            return drawn->tool_tip;
-    }
-    return {};
 }
 
 } // namespace lookfar::desktop

@@ -9,6 +9,8 @@
 #include <QRegion>
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -51,6 +53,10 @@ class DrawnControls {
     ScaledPictures& pictures() { return pictures_; }
 
   private:
+    std::optional<DrawnControl>
+    frontmost_at(const QPointF& point,
+                 const std::function<bool(const DrawnControl&)>& is_wanted) const;
+
     struct Shown {
         QRect area;
         PictureReference picture;
