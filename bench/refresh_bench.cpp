@@ -1,13 +1,11 @@
 #include "refresh_bench.h"
 
 #include "jpeg_decode.h"
+#include "measured_program.h"
 #include "processor_time.h"
 
 #include "acquisition/main_window.h"
 #include "pipeline/fullscreen_window.h"
-#include "program.h"
-#include "splash/splash_window.h"
-#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,12 +21,8 @@ void refresh(Program& program) {
 
 void measure(benchmark::State& state, Platform& platform, const std::string& url,
              const Bytes& picture, bool blurs) {
-    const testing::TemporaryFolder folder;
-    testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
-    Program program(platform);
-    program.Form1->Timer1.Enabled = false;
-    program.Loading->Timer1.Enabled = false;
-    program.Loading->Timer2.Enabled = false;
+    MeasuredProgram measured(platform, url);
+    Program& program = measured.program;
     program.Form1->Check2.Value = blurs ? 1 : 0;
     const double decode =
         least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });

@@ -1,14 +1,12 @@
 #include "stall_bench.h"
 
 #include "jpeg_decode.h"
+#include "measured_program.h"
 #include "processor_time.h"
 
 #include "acquisition/main_window.h"
 #include "pipeline/fullscreen_window.h"
-#include "program.h"
 #include "runtime/picture_decoder.h"
-#include "splash/splash_window.h"
-#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 
@@ -81,12 +79,8 @@ double longest_own_decode(const Bytes& picture) {
 
 void measure(benchmark::State& state, Platform& platform, const std::string& url,
              const Bytes& picture) {
-    const testing::TemporaryFolder folder;
-    testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
-    Program program(platform);
-    program.Form1->Timer1.Enabled = false;
-    program.Loading->Timer1.Enabled = false;
-    program.Loading->Timer2.Enabled = false;
+    MeasuredProgram measured(platform, url);
+    Program& program = measured.program;
     program.Form2->Width = 1920 * twips_per_pixel;
     program.Form2->Height = 1080 * twips_per_pixel;
     program.Form2->Show();
