@@ -25,6 +25,8 @@ class CurlTransfers {
 
     /// The largest body in bytes; a larger one ends as a failure.
     static constexpr std::size_t largest_body = std::size_t{64} * 1024 * 1024;
+    /// The most bytes that the heads of an answer, and of the redirects to it, may have together.
+    static constexpr std::size_t largest_header = std::size_t{256} * 1024;
     /// The longest URL in bytes.
     static constexpr std::size_t longest_url = std::size_t{64} * 1024;
     static constexpr long most_redirects = 10;
