@@ -2,6 +2,7 @@
 
 #include "runtime/failure.h"
 #include "runtime/jpeg_end.h"
+#include "runtime/png_texts.h"
 
 #include <QBuffer>
 #include <QByteArray>
@@ -88,6 +89,8 @@ Pixels pixels_of(QImage image) {
 } // namespace
 
 Pixels decode_pixels(std::span<const std::uint8_t> bytes) {
+    if (starts_png(bytes))
+        return pixels_of(read_image(without_png_texts(bytes)));
     return pixels_of(read_image(bytes));
 }
 

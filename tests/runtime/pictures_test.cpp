@@ -1,6 +1,7 @@
 #include "runtime/failure.h"
 #include "runtime/jpeg_end.h"
 #include "runtime/picture_decoder.h"
+#include "runtime/png_texts.h"
 #include "support/pictures.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,26 @@ TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
     EXPECT_EQ(picture->bytes()[17], 0x20);
     EXPECT_EQ(picture->bytes()[18], 0x30);
     EXPECT_TRUE(picture->opacity().empty());
+}
+
+TEST(Pictures, LoseThePngTextsAndNothingElse) {
+    constexpr int end_of_first_chunk = 33;
+    constexpr std::size_t signature_size = 8;
+    const Bytes file = picture_file(5, 3, 0x102030, "png");
+    for (const std::string type : {"tEXt", "zTXt", "iTXt"}) {
+        const Bytes text = bytes_of(std::string("\0\0\0\1", 4) + type + "?1234");
+        const Bytes of_untrue_length = bytes_of("\xFF\xFF\xFF\xFF" + type + "?1234");
+        Bytes told = file;
+        told.insert(told.begin() + end_of_first_chunk, text.begin(), text.end());
+        told.insert(told.end(), text.begin(), text.end());
+        told.insert(told.end(), of_untrue_length.begin(), of_untrue_length.end());
+        EXPECT_EQ(without_png_texts(told), file) << type;
+        EXPECT_EQ(PictureDecoder().decode(told)->width(), 5) << type;
+    }
+    for (std::size_t size = signature_size; size < file.size(); ++size) {
+        const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(without_png_texts(cut), cut);
+    }
 }
 
 TEST(Pictures, DecodedFromTheSameBytesAreObjectsOfTheirOwnThatShareTheirPixels) {
