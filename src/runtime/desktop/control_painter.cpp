@@ -49,6 +49,14 @@ QRect outline_of(const QRect& box) {
     return box.adjusted(0, 0, -1, -1);
 }
 
+/// A picture that is far longer than wide, or the other way round, may be scaled to less than a
+/// pixel; a line of it is shown all the same.
+QRect picture_rectangle(const Image& image) {
+    const QRect box = pixel_rectangle(image.bounds());
+    const bool has_area = image.Width > 0 && image.Height > 0;
+    return has_area ? QRect(box.topLeft(), box.size().expandedTo({1, 1})) : box;
+}
+
 QSize size_in_pixels(const PictureReference& picture) {
     return picture ? QSize(picture->width(), picture->height()) : QSize();
 }
@@ -113,7 +121,7 @@ void ControlPainter::draw_halo(const Label& label, const QRect& box, const QStri
 }
 
 void ControlPainter::visit(Image& image) {
-    const QRect box = pixel_rectangle(image.bounds());
+    const QRect box = picture_rectangle(image);
     const QRect natural(box.topLeft(), size_in_pixels(image.Picture));
     draw_picture(image, image.Picture, image.Stretch ? box : natural);
 }
