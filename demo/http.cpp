@@ -59,6 +59,8 @@ std::string_view reason_phrase(int status) {
         return "Not Modified";
     case 400:
         return "Bad Request";
+    case 401:
+        return "Unauthorized";
     case 404:
         return "Not Found";
     case 405:

@@ -1,9 +1,9 @@
 #include "demo/misbehaviour.h"
 
-#include "demo/picture_answer.h"
-#include "demo/scenes.h"
+#include "demo/compression_bombs.h"
+#include "demo/hostile_pictures.h"
+#include "demo/locked_camera.h"
 
-#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -18,22 +18,9 @@ Responder always(Answer answer) {
     return [answer = std::move(answer)](const Request&) -> Reply { return answer; };
 }
 
-unsigned byte_at(std::string_view bytes, std::size_t position) {
-    return static_cast<unsigned char>(bytes.at(position));
-}
-
-/// Where the baseline frame header of a JPEG starts: segments lead from one to the next.
-std::size_t find_frame_header(std::string_view jpeg) {
-    constexpr unsigned baseline_frame = 0xC0;
-    constexpr unsigned start_of_scan = 0xDA;
-    std::size_t position = 2;
-    while (byte_at(jpeg, position + 1) != baseline_frame) {
-        if (byte_at(jpeg, position + 1) == start_of_scan) {
-            throw std::logic_error("a JPEG without a baseline frame header");
-        }
-        position += 2 + byte_at(jpeg, position + 2) * 256 + byte_at(jpeg, position + 3);
-    }
-    return position;
+/// For answers that are too costly to make before somebody asks.
+Responder made_on_request(Answer (*make)()) {
+    return [make](const Request&) -> Reply { return make(); };
 }
 
 Answer web_page() {
@@ -97,6 +84,29 @@ Responder drip(Answer whole, std::chrono::milliseconds interval) {
     });
 }
 
+Responder redirect_chain(int length, std::string end) {
+    return [length, end = std::move(end)](const Request& request) {
+        const int left = request.query.empty() ? length : std::stoi(request.query);
+        return redirect_to(left > 1 ? request.path + "?" + std::to_string(left - 1) : end)(request);
+    };
+}
+
+Responder huge_head(Answer whole, std::size_t line_length, int line_count) {
+    return raw([whole = std::move(whole), line_length, line_count](ReplyStream& stream) {
+        const std::string line = "\r\nX-Camera: " + std::string(line_length, 'a');
+        stream.write("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(whole.body.size()));
+        for (int count = 0; count < line_count && stream.write(line); ++count) {
+        }
+        stream.write("\r\n\r\n" + whole.body);
+    });
+}
+
+Responder broken_promise(Answer whole) {
+    return raw([whole = std::move(whole)](ReplyStream& stream) {
+        stream.write(head_of(whole, true) + whole.body);
+    });
+}
+
 Responder hang_up() {
     return raw([](ReplyStream&) {});
 }
@@ -105,48 +115,65 @@ Responder not_http() {
     return raw([](ReplyStream& stream) { stream.write("220 ready when you are\r\n\x01\x02\x03"); });
 }
 
-Answer small_picture() {
-    constexpr QSize size(160, 120);
-    const Moment noon{QDateTime(QDate(2001, 6, 21), QTime(12, 0)), 0};
-    return picture_answer(draw_lighthouse(size, noon), PictureFormat::jpeg);
-}
+namespace {
 
-Answer huge_picture() {
-    // The frame header has marker, length and depth before height and width, two bytes each.
-    constexpr std::size_t height_offset = 5;
-    constexpr std::string_view claimed_size = "\xEA\x60\xEA\x60";
-    Answer answer = small_picture();
-    answer.body.replace(find_frame_header(answer.body) + height_offset, claimed_size.size(),
-                        claimed_size);
-    return answer;
-}
-
-Answer truncated_picture() {
-    Answer answer = small_picture();
-    answer.body.resize(answer.body.size() / 2);
-    return answer;
-}
-
-void install_misbehaviour(CameraServer& server, std::chrono::milliseconds drip_interval) {
+void install_misbehaving_connections(CameraServer& server, std::chrono::milliseconds interval) {
+    constexpr std::size_t ten_megabytes = 10'000'000;
+    constexpr std::size_t line_length = 100;
     const Answer picture = small_picture();
     const std::size_t length = picture.body.size();
-    server.answer("/good", always(picture));
     server.answer("/stall", stall());
     server.answer("/cut-short", cut_short(picture));
     server.answer("/long-length", wrong_length(picture, length + 1000));
     server.answer("/short-length", wrong_length(picture, length - length / 4));
+    server.answer("/endless", endless());
+    server.answer("/drip", drip(picture, interval));
+    server.answer("/slow-drip", drip(picture, std::chrono::seconds(1)));
+    server.answer("/long-header", huge_head(picture, ten_megabytes, 1));
+    server.answer("/many-headers", huge_head(picture, line_length, ten_megabytes / line_length));
+    server.answer("/broken-promise", broken_promise(picture));
+    server.answer("/hang-up", hang_up());
+    server.answer("/not-http", not_http());
+}
+
+void install_misbehaving_redirects(CameraServer& server) {
+    constexpr int long_chain = 100;
     server.answer("/redirect-circle", redirect_to("/redirect-circle-back"));
     server.answer("/redirect-circle-back", redirect_to("/redirect-circle"));
     server.answer("/redirect-to-file", redirect_to("file:///etc/hostname"));
     server.answer("/redirect-once", redirect_to("/good"));
+    server.answer("/redirect-chain", redirect_chain(long_chain, "/good"));
+}
+
+void install_hostile_answers(CameraServer& server) {
     server.answer("/page", always(web_page()));
     server.answer("/nothing", always(empty_picture()));
-    server.answer("/endless", endless());
-    server.answer("/drip", drip(picture, drip_interval));
     server.answer("/huge-picture", always(huge_picture()));
     server.answer("/truncated", always(truncated_picture()));
-    server.answer("/hang-up", hang_up());
-    server.answer("/not-http", not_http());
+    server.answer("/one-pixel", always(plain_picture({1, 1})));
+    server.answer("/one-row", always(plain_picture({30'000, 1})));
+    server.answer("/one-column", always(plain_picture({1, 30'000})));
+    server.answer("/large-metadata", made_on_request(picture_with_large_metadata));
+    server.answer("/animation", made_on_request(long_animation));
+    server.answer("/gzip-bomb", made_on_request(gzip_bomb));
+    server.answer("/pixel-bomb", made_on_request(pixel_bomb));
+    server.answer("/text-bomb", made_on_request(text_bomb));
+}
+
+void install_locked_cameras(CameraServer& server) {
+    const Account account{"guest", "secret"};
+    server.answer("/basic", locked_by_basic(small_picture(), account));
+    server.answer("/digest", locked_by_digest(small_picture(), account));
+}
+
+} // namespace
+
+void install_misbehaviour(CameraServer& server, std::chrono::milliseconds drip_interval) {
+    server.answer("/good", always(small_picture()));
+    install_misbehaving_connections(server, drip_interval);
+    install_misbehaving_redirects(server);
+    install_hostile_answers(server);
+    install_locked_cameras(server);
 }
 
 } // namespace lookfar::demo

@@ -22,6 +22,15 @@ Responder wrong_length(Answer whole, std::size_t announced);
 /// Sends status 302 with that Location.
 Responder redirect_to(std::string location);
 
+/// Sends that many redirects to itself, one after the other, the last one to the end.
+Responder redirect_chain(int length, std::string end);
+
+/// Sends so many header lines of that length before the body.
+Responder huge_head(Answer whole, std::size_t line_length, int line_count);
+
+/// Promises to keep the connection and closes it after the answer.
+Responder broken_promise(Answer whole);
+
 /// Sends a body without an announced length that never ends.
 Responder endless();
 
@@ -34,18 +43,14 @@ Responder hang_up();
 /// Sends bytes that are no HTTP.
 Responder not_http();
 
-/// A good JPEG picture of 160 x 120 pixels.
-Answer small_picture();
-
-/// A JPEG whose header claims 60000 x 60000 pixels.
-Answer huge_picture();
-
-/// A JPEG that ends half-way, with a Content-Length that fits.
-Answer truncated_picture();
-
-/// Installs one misbehaving camera each under /stall, /cut-short, /long-length, /short-length,
-/// /redirect-circle, /redirect-to-file, /page, /nothing, /endless, /drip, /huge-picture,
-/// /truncated, /hang-up and /not-http; and /redirect-once, which leads to /good, a good picture.
+/// Installs /good, a good picture, and one misbehaving camera each under
+/// - /stall, /cut-short, /long-length, /short-length, /endless, /drip, /slow-drip (a byte a
+///   second), /long-header, /many-headers (ten megabytes each), /broken-promise, /hang-up,
+///   /not-http
+/// - /redirect-circle, /redirect-to-file, /redirect-once, /redirect-chain (100 of them to /good)
+/// - /page, /nothing, /huge-picture, /truncated, /one-pixel, /one-row, /one-column,
+///   /large-metadata, /animation, /gzip-bomb, /pixel-bomb, /text-bomb
+/// - /basic, /digest, which open to the user "guest" with the password "secret".
 /// The picture at /drip comes with the given time between two bytes.
 void install_misbehaviour(CameraServer& server,
                           std::chrono::milliseconds drip_interval = std::chrono::milliseconds(100));

@@ -60,6 +60,11 @@ install_build_packages() {
     install_optional_package qt6-image-formats-plugins
 }
 
+# What the tests drive windows and play a hostile host with.
+install_test_packages() {
+    install_missing_packages openssl xdotool
+}
+
 install_virtual_display_packages() {
     install_missing_packages openbox x11-utils xvfb
 }

@@ -1,5 +1,8 @@
 #include "demo/misbehaviour.h"
 
+#include "demo/compression_bombs.h"
+#include "demo/hostile_pictures.h"
+
 #include "tests/demo/raw_client.h"
 
 #include <QBuffer>
@@ -27,10 +30,18 @@ class Misbehaviour : public testing::Test {
     const std::string good_ = small_picture().body;
 };
 
-QSize claimed_size(const std::string& bytes) {
-    QByteArray data = QByteArray::fromStdString(bytes);
+/// What a decoder learns of a picture file.
+struct Traits {
+    QSize size;
+    int frames;
+    std::size_t bytes;
+};
+
+Traits traits_of(const Answer& answer) {
+    QByteArray data = QByteArray::fromStdString(answer.body);
     QBuffer buffer(&data);
-    return QImageReader(&buffer, "jpeg").size();
+    QImageReader reader(&buffer);
+    return {reader.size(), reader.imageCount(), answer.body.size()};
 }
 
 TEST_F(Misbehaviour, AnnouncesAnotherLengthThanItSends) {
@@ -56,19 +67,32 @@ TEST_F(Misbehaviour, AnnouncesAnotherLengthThanItSends) {
 }
 
 TEST_F(Misbehaviour, RedirectsWhereNobodyShouldGo) {
-    const std::array<std::array<std::string, 2>, 4> locations{
+    const std::array<std::array<std::string, 2>, 6> locations{
         {{"/redirect-once", "/good"},
          {"/redirect-circle", "/redirect-circle-back"},
          {"/redirect-circle-back", "/redirect-circle"},
+         {"/redirect-chain", "/redirect-chain?99"},
+         {"/redirect-chain?1", "/good"},
          {"/redirect-to-file", "file:///etc/hostname"}}};
     for (const auto& [path, location] : locations) {
         EXPECT_NE(get(path).find("\r\nLocation: " + location + "\r\n"), std::string::npos) << path;
     }
 }
 
-TEST_F(Misbehaviour, ClaimsAHugePicture) {
-    EXPECT_EQ(claimed_size(good_), QSize(160, 120));
-    EXPECT_EQ(claimed_size(body_of(get("/huge-picture"))), QSize(60000, 60000));
+TEST(HostilePictures, AreWhatTheyClaim) {
+    constexpr QSize small(160, 120);
+    constexpr std::size_t megabyte = 1'000'000;
+    EXPECT_EQ(traits_of(small_picture()).size, small);
+    EXPECT_EQ(traits_of(huge_picture()).size, QSize(60'000, 60'000));
+    EXPECT_EQ(traits_of(plain_picture({30'000, 1})).size, QSize(30'000, 1));
+    EXPECT_EQ(traits_of(long_animation()).size, small);
+    EXPECT_EQ(traits_of(long_animation()).frames, 10'000);
+    EXPECT_EQ(traits_of(picture_with_large_metadata()).size, small);
+    EXPECT_GT(traits_of(picture_with_large_metadata()).bytes, 10 * megabyte);
+    EXPECT_EQ(traits_of(pixel_bomb()).size, QSize(20'000, 20'000));
+    EXPECT_LT(traits_of(pixel_bomb()).bytes, megabyte / 10);
+    EXPECT_LT(text_bomb().body.size(), megabyte);
+    EXPECT_LT(gzip_bomb().body.size(), 3 * megabyte);
 }
 
 TEST_F(Misbehaviour, SendsWhatIsNoPictureAtAll) {

@@ -1,14 +1,10 @@
-#include "desktop/desktop_fixture.h"
+#include "desktop/program_fixture.h"
 
 #include "acquisition/main_window.h"
 #include "catalogue/windows/camera_editor.h"
 #include "catalogue/windows/camera_list_window.h"
-#include "demo/camera_server.h"
 #include "demo/misbehaviour.h"
 #include "pipeline/fullscreen_window.h"
-#include "program.h"
-#include "support/pictures.h"
-#include "support/temporary_folder.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -18,43 +14,11 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <optional>
 
 namespace lookfar::desktop {
 namespace {
 
 using std::chrono::milliseconds;
-
-demo::Responder picture(int width, int height, milliseconds delay = milliseconds(0)) {
-    const Bytes file = lookfar::testing::detailed_jpeg(width, height);
-    return [file, delay](const demo::Request&) {
-        return demo::Answer{.status = 200,
-                            .content_type = "image/jpeg",
-                            .body = std::string(file.begin(), file.end()),
-                            .headers = {},
-                            .delay = delay};
-    };
-}
-
-/// The whole program in real windows, on cameras of this machine.
-class ProgramTest : public DesktopTest {
-  protected:
-    void start(const std::vector<std::string>& paths) {
-        std::string list;
-        for (const std::string& path : paths)
-            list += path + "\r\n" + cameras->url(path) + "\r\n";
-        lookfar::testing::write_file("Cams.inf", list);
-        program.start();
-        ASSERT_TRUE(
-            comes_true([&] { return program.Form1.is_loaded() && program.Form1->Visible; }));
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form1.operator->())));
-    }
-    void reload() { QTest::mouseClick(&widget(program.Form1->Command2), Qt::LeftButton); }
-
-    lookfar::testing::TemporaryFolder folder;
-    std::optional<demo::CameraServer> cameras{std::in_place};
-    Program program{platform};
-};
 
 TEST_F(ProgramTest, TicksOfEveryTimerComeWhileASlowCameraIsFetched) {
     cameras->answer("/slow", picture(64, 48));
@@ -105,24 +69,6 @@ TEST_F(ProgramTest, ShowsTheErrorOfACameraThatIsGoneAndRecovers) {
     settle();
     EXPECT_FALSE(form.Label2.Visible);
     EXPECT_NE(pixel(form, 160, 60), 0U);
-}
-
-TEST_F(ProgramTest, StaysUsableWithEveryHostileCamera) {
-    demo::install_misbehaviour(*cameras, milliseconds(1));
-    start({"/good"});
-    program.Form1->Inet1.RequestTimeout = 1;
-    for (const char* path :
-         {"/stall", "/cut-short", "/long-length", "/redirect-circle", "/redirect-to-file", "/page",
-          "/nothing", "/huge-picture", "/truncated", "/hang-up", "/not-http"}) {
-        lookfar::testing::write_file("Cams.inf", "/good\r\n" + cameras->url(path) + "\r\n");
-        reload();
-        EXPECT_TRUE(program.Form1->Label2.Visible) << path;
-        EXPECT_NE(program.Form1->Label2.Caption.get(), "Error #0 ") << path;
-        EXPECT_FALSE(program.Form1->Label3.Caption.get().empty()) << path;
-        lookfar::testing::write_file("Cams.inf", "/good\r\n" + cameras->url("/good") + "\r\n");
-        reload();
-        EXPECT_FALSE(program.Form1->Label2.Visible) << path;
-    }
 }
 
 TEST_F(ProgramTest, SendsOneRequestARefreshOverAKeptConnection) {

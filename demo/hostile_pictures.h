@@ -1,0 +1,27 @@
+#pragma once
+
+#include "demo/http.h"
+
+#include <QSize>
+
+namespace lookfar::demo {
+
+/// A good JPEG picture of 160 x 120 pixels.
+Answer small_picture();
+
+/// A JPEG whose header claims 60000 x 60000 pixels.
+Answer huge_picture();
+
+/// A JPEG that ends half-way, with a Content-Length that fits.
+Answer truncated_picture();
+
+/// A JPEG of one colour.
+Answer plain_picture(QSize size);
+
+/// The small picture behind ten megabytes of metadata.
+Answer picture_with_large_metadata();
+
+/// A GIF of 160 x 120 pixels and 10,000 frames, all alike.
+Answer long_animation();
+
+} // namespace lookfar::demo
