@@ -7,7 +7,7 @@
 
 namespace lookfar::bench {
 
-std::vector<std::uint8_t> decode_jpeg(const Bytes& file) {
+std::unique_ptr<std::uint8_t[]> decode_jpeg(const Bytes& file) {
     jpeg_decompress_struct decoder{};
     jpeg_error_mgr errors{};
     decoder.err = jpeg_std_error(&errors);
@@ -17,9 +17,9 @@ std::vector<std::uint8_t> decode_jpeg(const Bytes& file) {
     decoder.out_color_space = JCS_RGB;
     jpeg_start_decompress(&decoder);
     const std::size_t stride = std::size_t{decoder.output_width} * 3;
-    std::vector<std::uint8_t> pixels(stride * decoder.output_height);
+    auto pixels = std::make_unique_for_overwrite<std::uint8_t[]>(stride * decoder.output_height);
     while (decoder.output_scanline < decoder.output_height) {
-        JSAMPROW row = pixels.data() + decoder.output_scanline * stride;
+        JSAMPROW row = pixels.get() + decoder.output_scanline * stride;
         jpeg_read_scanlines(&decoder, &row, 1);
     }
     jpeg_finish_decompress(&decoder);

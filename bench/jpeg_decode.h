@@ -3,11 +3,11 @@
 #include "runtime/transfer.h"
 
 #include <cstdint>
-#include <vector>
+#include <memory>
 
 namespace lookfar::bench {
 
 /// Decodes a JPEG by libjpeg-turbo alone, three bytes a pixel: the measure of everything else.
-std::vector<std::uint8_t> decode_jpeg(const Bytes& file);
+std::unique_ptr<std::uint8_t[]> decode_jpeg(const Bytes& file);
 
 } // namespace lookfar::bench

@@ -13,8 +13,8 @@ double processor_seconds() {
 }
 
 double least_processor_seconds(const std::function<void()>& work) {
-    constexpr int rounds = 10;
-    constexpr int runs_a_round = 10;
+    constexpr int rounds = 15;
+    constexpr int runs_a_round = 3;
     work();
     double least = std::numeric_limits<double>::max();
     for (int round = 0; round < rounds; ++round) {

@@ -4,49 +4,45 @@
 #include "measured_program.h"
 #include "processor_time.h"
 
-#include "acquisition/main_window.h"
-#include "pipeline/fullscreen_window.h"
-
 #include <benchmark/benchmark.h>
 
 namespace lookfar::bench {
 
 namespace {
 
-/// One refresh up to its hand-over to both windows.
-void refresh(Program& program) {
-    program.Form1->Command2.Click.raise();
-    program.runtime.DoEvents();
-}
-
-void measure(benchmark::State& state, Platform& platform, const std::string& url,
-             const Bytes& picture, bool blurs) {
+void measure(benchmark::State& state, DesktopPlatform& platform, const std::string& url,
+             const Bytes& picture, ShownWindow window) {
     MeasuredProgram measured(platform, url);
-    Program& program = measured.program;
-    program.Form1->Check2.Value = blurs ? 1 : 0;
+    measured.show(window);
     const double decode =
-        least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });
-    double least = 0;
+        least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).get()); });
+    bool all_are_painted = true;
+    double refresh = 0;
     for (auto unused : state) {
         (void)unused;
-        least = least_processor_seconds([&] { refresh(program); });
+        refresh = least_processor_seconds(
+            [&] { all_are_painted = measured.refresh_and_paint() && all_are_painted; });
     }
-    if (program.Form1->Label2.Visible || !program.Form1->ImagNT1.Picture.get())
-        state.SkipWithError("The refresh has failed.");
+    if (!all_are_painted || measured.has_failed())
+        state.SkipWithError("A refresh has not reached the screen.");
     state.counters["decode_ms"] = decode * 1000;
-    state.counters["refresh_ms"] = least * 1000;
-    state.counters["refresh_in_decodes"] = least / decode;
+    state.counters["refresh_ms"] = refresh * 1000;
+    state.counters["refresh_in_decodes"] = refresh / decode;
 }
 
 } // namespace
 
-void register_refreshes(Platform& platform, const std::string& url, const Bytes& picture) {
-    for (const bool blurs : {false, true})
-        benchmark::RegisterBenchmark(blurs ? "refresh_1920x1080_with_blur" : "refresh_1920x1080",
-                                     [&platform, url, &picture, blurs](benchmark::State& state) {
-                                         measure(state, platform, url, picture, blurs);
-                                     })
-            ->Iterations(1);
+void register_refreshes(DesktopPlatform& platform, const std::string& size, const std::string& url,
+                        const Bytes& picture) {
+    const auto add = [&](const std::string& place, ShownWindow window) {
+        const std::string name = "refresh_" + size + "_in_" + place;
+        benchmark::RegisterBenchmark(name.c_str(), [&platform, url, &picture,
+                                                    window](benchmark::State& state) {
+            measure(state, platform, url, picture, window);
+        })->Iterations(1);
+    };
+    add("main_window", ShownWindow::main);
+    add("fullscreen_window", ShownWindow::fullscreen);
 }
 
 } // namespace lookfar::bench

@@ -5,13 +5,15 @@
 #include <string>
 
 namespace lookfar {
-class Platform;
+class DesktopPlatform;
 }
 
 namespace lookfar::bench {
 
-/// Registers the refreshes of a program whose camera serves this JPEG under a URL, told as a
-/// multiple of its decode by libjpeg-turbo.
-void register_refreshes(Platform& platform, const std::string& url, const Bytes& picture);
+/// Registers the refreshes of a program whose camera serves JPEGs like this one under a URL, from
+/// the fetch to the painted window, told as a multiple of one decode by libjpeg-turbo. The size
+/// names them.
+void register_refreshes(DesktopPlatform& platform, const std::string& size, const std::string& url,
+                        const Bytes& picture);
 
 } // namespace lookfar::bench

@@ -2,10 +2,11 @@
 
 #include "jpeg_decode.h"
 #include "measured_program.h"
+#include "message_loop.h"
 #include "processor_time.h"
 
 #include "acquisition/main_window.h"
-#include "pipeline/fullscreen_window.h"
+#include "runtime/desktop/desktop_platform.h"
 #include "runtime/picture_decoder.h"
 
 #include <benchmark/benchmark.h>
@@ -58,11 +59,6 @@ class LoopWatch {
     std::jthread thread_;
 };
 
-void run_loop_for(Platform& platform, std::chrono::milliseconds duration) {
-    const auto end = Clock::now() + duration;
-    platform.wait_until([end] { return Clock::now() >= end; });
-}
-
 /// In milliseconds; the longest of as many as there are refreshes, each into fresh memory as in a
 /// refresh.
 double longest_own_decode(const Bytes& picture) {
@@ -77,16 +73,13 @@ double longest_own_decode(const Bytes& picture) {
     return longest;
 }
 
-void measure(benchmark::State& state, Platform& platform, const std::string& url,
+void measure(benchmark::State& state, DesktopPlatform& platform, const std::string& url,
              const Bytes& picture) {
     MeasuredProgram measured(platform, url);
     Program& program = measured.program;
-    program.Form2->Width = 1920 * twips_per_pixel;
-    program.Form2->Height = 1080 * twips_per_pixel;
-    program.Form2->Show();
-    run_loop_for(platform, std::chrono::milliseconds(300));
+    measured.show(ShownWindow::fullscreen);
     const double decode =
-        least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).data()); });
+        least_processor_seconds([&] { benchmark::DoNotOptimize(decode_jpeg(picture).get()); });
     const double own_decode = longest_own_decode(picture);
     for (auto unused : state) {
         (void)unused;
@@ -105,7 +98,7 @@ void measure(benchmark::State& state, Platform& platform, const std::string& url
 
 } // namespace
 
-void register_stalls(Platform& platform, const std::string& url, const Bytes& picture) {
+void register_stalls(DesktopPlatform& platform, const std::string& url, const Bytes& picture) {
     benchmark::RegisterBenchmark("longest_stall_3840x2160", [&platform, url,
                                                              &picture](benchmark::State& state) {
         measure(state, platform, url, picture);

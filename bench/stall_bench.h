@@ -5,7 +5,7 @@
 #include <string>
 
 namespace lookfar {
-class Platform;
+class DesktopPlatform;
 }
 
 namespace lookfar::bench {
@@ -13,6 +13,6 @@ namespace lookfar::bench {
 /// Registers refreshes of a 3840x2160 picture into a fullscreen window of 1920x1080 pixels: the
 /// longest time for which the message loop serves nobody, beside one decode of the picture by
 /// libjpeg-turbo and one by the program's own decoder.
-void register_stalls(Platform& platform, const std::string& url, const Bytes& picture);
+void register_stalls(DesktopPlatform& platform, const std::string& url, const Bytes& picture);
 
 } // namespace lookfar::bench

@@ -37,4 +37,10 @@ const QImage& ScaledPictures::picture_for(const Element& control, const PictureR
     return entry.image;
 }
 
+bool ScaledPictures::is_up_to_date(const Element& control, const PictureReference& picture) const {
+    const auto entry = entries_.find(&control);
+    return picture && entry != entries_.end() && entry->second.picture == picture &&
+           entry->second.revision == picture->revision();
+}
+
 } // namespace lookfar::desktop
