@@ -1,5 +1,7 @@
 #include "runtime/desktop/scaled_pictures.h"
 
+#include "runtime/desktop/reduced_picture.h"
+
 namespace lookfar::desktop {
 
 namespace {
@@ -10,13 +12,20 @@ QImage wrapped(const Picture& picture) {
             QImage::Format_RGB888};
 }
 
-QImage image_of(const Picture& picture) {
+QImage whole(const Picture& picture) {
     // Scaling four bytes a pixel is several times quicker than scaling three.
     QImage image = wrapped(picture).convertToFormat(QImage::Format_RGB32);
     if (!picture.opacity().empty())
         image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
                                      picture.width(), QImage::Format_Alpha8));
     return image;
+}
+
+/// An image to scale to this size. A large picture gets there by a small one: a whole one, of four
+/// bytes a pixel and made anew for every refresh, takes more time than the scaling.
+QImage image_for(const Picture& picture, const QSize& size) {
+    const int factor = picture.opacity().empty() ? reduction_for(picture, size) : 1;
+    return factor > 1 ? reduced(picture, factor) : whole(picture);
 }
 
 } // namespace
@@ -32,8 +41,8 @@ const QImage& ScaledPictures::picture_for(const Element& control, const PictureR
     entry = {.picture = picture,
              .revision = picture->revision(),
              .size = size,
-             .image =
-                 image_of(*picture).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)};
+             .image = image_for(*picture, size)
+                          .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)};
     return entry.image;
 }
 
