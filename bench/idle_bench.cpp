@@ -15,6 +15,8 @@ namespace lookfar::bench {
 
 namespace {
 
+/// The windows come up and paint their first picture meanwhile.
+constexpr std::chrono::seconds settling{2};
 constexpr std::chrono::seconds rest{10};
 
 /// Nobody listens there.
@@ -45,6 +47,7 @@ void measure(benchmark::State& state, DesktopPlatform& platform, const std::stri
              ShownWindow window) {
     MeasuredProgram measured(platform, url);
     measured.show(window);
+    run_loop_for(platform, settling);
     Cost cost{};
     for (auto unused : state) {
         (void)unused;
