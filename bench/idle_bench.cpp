@@ -53,7 +53,7 @@ void measure(benchmark::State& state, DesktopPlatform& platform, const std::stri
         (void)unused;
         cost = cost_of_rest(platform);
     }
-    measured.program.runtime.timers().tick_blindly();
+    measured.program().runtime.timers().tick_blindly();
     const Cost blind = cost_of_rest(platform);
     if (measured.has_failed() != (url == failing_url))
         state.SkipWithError("The program is not in the state that was to be measured.");

@@ -23,33 +23,33 @@ bool has_painted(DesktopPlatform& platform, const Image& image) {
 } // namespace
 
 MeasuredProgram::MeasuredProgram(DesktopPlatform& platform, const std::string& url)
-    : platform_(platform), program(platform) {
+    : platform_(platform), program_(platform) {
     testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
-    program.Form1->Timer1.Enabled = false;
-    program.Loading->Timer1.Enabled = false;
-    program.Loading->Timer2.Enabled = false;
+    program_.Form1->Timer1.Enabled = false;
+    program_.Loading->Timer1.Enabled = false;
+    program_.Loading->Timer2.Enabled = false;
 }
 
 void MeasuredProgram::show(ShownWindow window) {
     shown_ = window;
     if (window == ShownWindow::main) {
-        program.Form1->Show();
+        program_.Form1->Show();
     } else {
-        program.Form2->Width = 1920 * twips_per_pixel;
-        program.Form2->Height = 1080 * twips_per_pixel;
-        program.Form2->Show();
+        program_.Form2->Width = 1920 * twips_per_pixel;
+        program_.Form2->Height = 1080 * twips_per_pixel;
+        program_.Form2->Show();
     }
     run_loop_for(platform_, std::chrono::milliseconds(300));
 }
 
 bool MeasuredProgram::refresh_and_paint() {
     const Image& shown =
-        shown_ == ShownWindow::main ? program.Form1->ImagNT1 : program.Form2->Image3;
+        shown_ == ShownWindow::main ? program_.Form1->ImagNT1 : program_.Form2->Image3;
     const PictureReference before = shown.Picture;
-    program.Form1->Command2.Click.raise();
-    const bool blurs = program.Form1->Check2.Value == 1;
+    program_.Form1->Command2.Click.raise();
+    const bool blurs = program_.Form1->Check2.Value == 1;
     const auto is_done = [&] {
-        const bool is_blurred = !blurs || program.Form2->Label8.Caption == "1";
+        const bool is_blurred = !blurs || program_.Form2->Label8.Caption == "1";
         return is_blurred && shown.Picture.get() != before && has_painted(platform_, shown);
     };
     const Instant latest = platform_.now() + std::chrono::seconds(5);
@@ -58,7 +58,7 @@ bool MeasuredProgram::refresh_and_paint() {
 }
 
 bool MeasuredProgram::has_failed() {
-    return program.Form2->Timer2.Enabled;
+    return program_.Form2->Timer2.Enabled;
 }
 
 } // namespace lookfar::bench

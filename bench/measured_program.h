@@ -19,6 +19,8 @@ class MeasuredProgram {
   public:
     MeasuredProgram(DesktopPlatform& platform, const std::string& url);
 
+    Program& program() { return program_; }
+
     /// Shows the main window, or in its place the fullscreen window at 1920x1080 pixels, and lets
     /// it settle. Once only.
     void show(ShownWindow window);
@@ -33,10 +35,8 @@ class MeasuredProgram {
   private:
     DesktopPlatform& platform_;
     testing::TemporaryFolder folder_;
+    Program program_;
     ShownWindow shown_ = ShownWindow::main;
-
-  public:
-    Program program;
 };
 
 } // namespace lookfar::bench

@@ -105,7 +105,7 @@ void measure(benchmark::State& state, DesktopPlatform& platform, const std::stri
     Stall stall;
     for (auto unused : state) {
         (void)unused;
-        stall = longest_stall(measured.program, platform);
+        stall = longest_stall(measured.program(), platform);
     }
     if (measured.has_failed() || stall.processor < decode / 2)
         state.SkipWithError("No picture has come.");
