@@ -43,6 +43,7 @@ MainWindow::MainWindow(Program& program)
     GoToFull.Click.connect(this, &MainWindow::GoToFull_Click);
     ImagNT1.MouseDown.connect(this, &MainWindow::ImagNT1_MouseDown);
     Label4.MouseDown.connect(this, &MainWindow::Label4_MouseDown);
+    MenuKey.connect(this, &MainWindow::Form_MenuKey);
 }
 
 void MainWindow::Image2_Click() {

@@ -138,7 +138,8 @@ class MainWindow : public Form {
                   .Font = {.Name = "Arial", .Size = 14.25F, .Italic = true},
                   .AutoSize = true,
                   .WordWrap = true,
-                  .TabIndex = 7}};
+                  .TabIndex = 7,
+                  .Announcement = Announcement::assertive}};
     // Number line of the error display.
     Label Label2{*this,
                  {.Caption = "Error #Err.Number",
@@ -228,6 +229,7 @@ class MainWindow : public Form {
     void GoToFull_Click();
     void ImagNT1_MouseDown(short Button);
     void Label4_MouseDown(short Button);
+    void Form_MenuKey();
 
     // The About window.
     void Image2_Click();

@@ -25,6 +25,10 @@ void MainWindow::Label4_MouseDown(short Button) {
     ImagNT1_MouseDown(Button);
 }
 
+void MainWindow::Form_MenuKey() {
+    ImagNT1_MouseDown(mouse_button::right);
+}
+
 void FullscreenWindow::Image3_DblClick() {
     Form1->Visible = true;
     Form1->WindowState = window_state::normal;

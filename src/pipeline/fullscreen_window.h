@@ -62,7 +62,8 @@ class FullscreenWindow : public Form {
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
                   .AutoSize = true,
                   .StaysInWindow = true,
-                  .HasHalo = true}};
+                  .HasHalo = true,
+                  .Announcement = Announcement::polite}};
     // Title banner: strip behind the status line.
     Shape Shape6{*this,
                  {.At = {480, 5340, 7575, 450},
@@ -79,7 +80,9 @@ class FullscreenWindow : public Form {
                     .Border = LabelBorder::fixed_single,
                     .BackColor = colour::white,
                     .ForeColor = colour::black,
-                    .Font = {.Name = "Webdings", .Size = 9.75F}}};
+                    .Font = {.Name = "Webdings", .Size = 9.75F},
+                    .Role = LabelRole::button,
+                    .AccessibleName = "Camera selection panel"}};
     // State cell: whole seconds of the last fetch.
     Label Label7{*this, {.Caption = "0", .At = {120, 120, 255, 255}, .Visible = false}};
     // Error description.
@@ -93,7 +96,8 @@ class FullscreenWindow : public Form {
                   .Font = {.Name = "Arial", .Size = 14.25F, .Bold = true, .Italic = true},
                   .AutoSize = true,
                   .StaysInWindow = true,
-                  .HasHalo = true}};
+                  .HasHalo = true,
+                  .Announcement = Announcement::assertive}};
     // Blinking error number.
     Label Label2{*this,
                  {.Caption = "Error #00",

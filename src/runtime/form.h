@@ -42,7 +42,8 @@ class Form : public Element, public MouseEvents {
     /// Makes the window visible and brings it before the others; returns at once.
     void Show();
     void Hide();
-    /// Shows a menu at the pointer, the default entry, if any, set off.
+    /// Shows a menu at the pointer, the default entry, if any, set off; in the middle of the window
+    /// while the pointer is elsewhere.
     void PopupMenu(lookfar::PopupMenu& menu, const MenuItem* default_entry = nullptr);
 
     /// The user or the window manager asks for the window to close: raises `QueryUnload`, and
@@ -69,6 +70,8 @@ class Form : public Element, public MouseEvents {
     /// With a flag that a handler sets to keep the window, and the reason of the request.
     Event<short&, short> QueryUnload;
     Event<> Unload;
+    /// The user asks for the window's menu by the keyboard.
+    Event<> MenuKey;
 
     const FormBorder Border;
     const bool ControlBox;

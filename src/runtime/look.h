@@ -57,6 +57,10 @@ enum class FillStyle : short { solid = 0, transparent = 1 };
 /// How a shape's pixels meet those behind it.
 enum class DrawMode : short { copy_pen = 13, merge_pen = 15 };
 
+/// When a screen reader tells a text that has changed: never by itself, once it has finished what
+/// it is saying, or at once.
+enum class Announcement { none, polite, assertive };
+
 namespace mouse_pointer {
 inline constexpr short standard = 0;
 inline constexpr short hourglass = 11;

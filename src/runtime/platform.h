@@ -83,7 +83,8 @@ class Platform {
     /// Puts a visible window before the others.
     virtual void bring_forward(Form& form) = 0;
     virtual void set_focus(Control& control) = 0;
-    /// Shows a menu at the pointer, the default entry set off; returns at once.
+    /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere,
+    /// the default entry set off; returns at once.
     virtual void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) = 0;
     /// The room that a text takes, in twips; lines are parted by line feeds, and by wrapping at a
     /// width where one is given.

@@ -59,7 +59,8 @@ class AboutWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = 0x00800000,
                   .Font = {.Underline = true},
-                  .TabIndex = 6}};
+                  .TabIndex = 6,
+                  .Role = LabelRole::link}};
     // Text above the mail link.
     Label Label9{*this,
                  {.Caption = "For questions, suggestions and other things, write a mail:",
@@ -74,7 +75,8 @@ class AboutWindow : public Form {
                    .Back = BackStyle::transparent,
                    .ForeColor = 0x00800000,
                    .Font = {.Underline = true},
-                   .TabIndex = 8}};
+                   .TabIndex = 8,
+                   .Role = LabelRole::link}};
     // Rule between the links and the thanks.
     Frame Frame1{*this, {.At = {2520, 840, 30, 2655}, .TabIndex = 5}};
     // Thanks.

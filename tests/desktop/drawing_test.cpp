@@ -1,13 +1,9 @@
 #include "desktop/desktop_fixture.h"
 
-#include "runtime/controls/buttons.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
 #include "runtime/desktop/fonts.h"
-
-#include <QAccessible>
-#include <QPointer>
 
 #include <algorithm>
 #include <optional>
@@ -181,35 +177,6 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
         const float lines = is_symbol_font(font) ? 1 : 2;
         EXPECT_NEAR(form.Label1.Height, lines * height, 30) << font.Name;
     }
-}
-
-TEST_F(DrawingTest, AssistiveTechnologyFindsTheVisibleLabelsAndPictures) {
-    class NamedForm : public Form {
-      public:
-        explicit NamedForm(Runtime& host) : Form(host, black_form) {}
-        Label Label1{*this, {.Caption = "Seconds", .At = {150, 300, 1500, 225}}};
-        Label Hidden{*this, {.Caption = "1", .At = {0, 0, 300, 300}, .Visible = false}};
-        Image Image1{*this, {.At = {0, 600, 900, 900}, .AccessibleName = "Camera picture"}};
-        CommandButton Command1{*this, {.Caption = "OK", .At = {0, 1800, 900, 375}}};
-    };
-    std::optional<NamedForm> form(std::in_place, runtime);
-    show(*form);
-    const QPointer<QWidget> view = &window(*form);
-    QAccessibleInterface* const root = QAccessible::queryAccessibleInterface(view);
-    ASSERT_EQ(root->childCount(), 3);
-    EXPECT_EQ(root->child(0)->text(QAccessible::Name), "OK");
-    QAccessibleInterface* const label = root->child(1);
-    EXPECT_EQ(label->text(QAccessible::Name), "Seconds");
-    EXPECT_EQ(label->role(), QAccessible::StaticText);
-    EXPECT_EQ(label->rect(), QRect(view->mapToGlobal(QPoint(10, 20)), QSize(100, 15)));
-    EXPECT_EQ(root->child(2)->text(QAccessible::Name), "Camera picture");
-    EXPECT_EQ(root->child(2)->role(), QAccessible::Graphic);
-    EXPECT_EQ(root->indexOfChild(label), 1);
-    form->Label1.Visible = false;
-    EXPECT_FALSE(label->isValid());
-    EXPECT_EQ(root->childCount(), 2);
-    form.reset();
-    EXPECT_FALSE(view && label->isValid());
 }
 
 TEST_F(DrawingTest, ScreenAndFontsAreMeasuredInTwips) {

@@ -25,6 +25,9 @@ Label::Label(Form& owner, const LabelDesign& design)
       HasHalo(design.HasHalo),
       TabIndex(design.TabIndex),
       ToolTipText(design.ToolTipText),
+      Role(design.Role),
+      Announcement(design.Announcement),
+      AccessibleName(design.AccessibleName),
       wraps_(!design.AutoSize || design.WordWrap),
       design_width_(design.At.Width),
       design_height_(design.At.Height) {}

@@ -6,6 +6,10 @@
 
 namespace lookfar {
 
+/// What a label is to its user. A button or a link is operated by its click; it is a stop of the
+/// tab key, and Space or Enter clicks it too.
+enum class LabelRole { text, button, link };
+
 /// The design values of a label.
 struct LabelDesign {
     std::string Caption = {};
@@ -29,6 +33,10 @@ struct LabelDesign {
     bool HasHalo = false;
     int TabIndex = 0;
     std::string ToolTipText = {};
+    LabelRole Role = LabelRole::text;
+    lookfar::Announcement Announcement = lookfar::Announcement::none;
+    /// What assistive technology calls the label; its caption where this is empty.
+    std::string AccessibleName = {};
 };
 
 /// A drawn text, which wraps at its width. A hidden one is often a state cell.
@@ -55,6 +63,9 @@ class Label : public BoxControl, public MouseEvents {
     const bool HasHalo;
     const int TabIndex;
     const std::string ToolTipText;
+    const LabelRole Role;
+    const lookfar::Announcement Announcement;
+    const std::string AccessibleName;
 
   private:
     void take_size_of_caption();

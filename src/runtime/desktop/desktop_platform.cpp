@@ -1,8 +1,8 @@
 #include "runtime/desktop/desktop_platform.h"
 
+#include "runtime/desktop/accessibility.h"
 #include "runtime/desktop/compact_style.h"
 #include "runtime/desktop/curl_transfers.h"
-#include "runtime/desktop/drawn_accessibility.h"
 #include "runtime/desktop/fonts.h"
 #include "runtime/desktop/geometry.h"
 #include "runtime/desktop/input_gate.h"
@@ -58,7 +58,7 @@ struct DesktopPlatform::Parts {
     ~Parts() { transfers.reset(); }
 
     QApplication application;
-    desktop::DrawnAccessibility accessibility;
+    desktop::Accessibility accessibility;
     desktop::Windows windows;
     desktop::InputGate gate;
     std::function<void()> wake_handler;

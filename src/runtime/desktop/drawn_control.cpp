@@ -47,11 +47,13 @@ class Describer : public DrawnControlVisitor {
 
     void visit(Label& label) override {
         DrawnControl& drawn = describe(label);
-        drawn.role = Role::text;
+        // A button or a link is read where the keyboard stops at it.
+        drawn.role = label.Role == LabelRole::text ? Role::text : Role::decoration;
         drawn.area = area_of(label);
         drawn.mouse = &label;
         drawn.tool_tip = label.ToolTipText;
-        drawn.name = label.Caption;
+        drawn.name = label.AccessibleName.empty() ? label.Caption.get() : label.AccessibleName;
+        drawn.announcement = label.Announcement;
     }
 
     void visit(Image& image) override {

@@ -14,6 +14,9 @@ namespace lookfar::desktop {
 struct DrawnControl {
     enum class Role { decoration, text, picture };
 
+    /// Whether assistive technology reads the control as part of the window.
+    bool is_readable() const { return role != Role::decoration; }
+
     Control* control = nullptr;
     Role role = Role::decoration;
     /// In logical pixels from the window's top left corner.
@@ -24,6 +27,7 @@ struct DrawnControl {
     std::string tool_tip = {};
     /// What assistive technology calls the control.
     std::string name = {};
+    Announcement announcement = Announcement::none;
 };
 
 /// Nothing for a control that is a native widget.

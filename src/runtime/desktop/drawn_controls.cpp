@@ -88,14 +88,14 @@ std::string DrawnControls::tool_tip(const QPointF& point) const {
     return drawn ? drawn->tool_tip : std::string();
 }
 
-std::vector<DrawnControl> DrawnControls::named() const {
-    std::vector<DrawnControl> named;
+std::vector<DrawnControl> DrawnControls::readable() const {
+    std::vector<DrawnControl> readable;
     for (Control* const control : form_.controls()) {
         auto drawn = drawn_control(*control);
-        if (control->Visible && drawn && !drawn->name.empty())
-            named.push_back(*std::move(drawn));
+        if (drawn && drawn->is_readable())
+            readable.push_back(*std::move(drawn));
     }
-    return named;
+    return readable;
 }
 
 } // namespace lookfar::desktop

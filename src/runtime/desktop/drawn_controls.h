@@ -46,8 +46,8 @@ class DrawnControls {
     /// The tooltip of the frontmost visible control under the point that has one.
     std::string tool_tip(const QPointF& point) const;
 
-    /// The visible labels and pictures that have a name, front to back.
-    std::vector<DrawnControl> named() const;
+    /// The labels and pictures that assistive technology reads, front to back, hidden ones too.
+    std::vector<DrawnControl> readable() const;
 
     /// The pictures as they are painted; dropped while the window is hidden.
     ScaledPictures& pictures() { return pictures_; }

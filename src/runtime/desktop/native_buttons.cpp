@@ -30,7 +30,10 @@ void synchronise_button(QPushButton& button, const CommandButton& control) {
 }
 
 void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
-    box.setText(shown_text(control.Caption.get()));
+    const QString caption = shown_text(control.Caption.get());
+    box.setText(caption);
+    // A caption may leave a gap for another control.
+    set_accessible_name(box, caption.simplified());
     box.setChecked(control.Value != 0);
     place(box, control);
 }

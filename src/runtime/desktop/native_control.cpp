@@ -2,6 +2,7 @@
 
 #include "runtime/controls/bars.h"
 #include "runtime/controls/visitor.h"
+#include "runtime/desktop/label_stop.h"
 #include "runtime/desktop/native_buttons.h"
 #include "runtime/desktop/native_lists.h"
 #include "runtime/desktop/status_text.h"
@@ -23,6 +24,10 @@ class NativeControlMaker : public ControlVisitor {
     void visit(CommandButton& button) override {
         made_ = make_command_button(button, windows_, window_);
     }
+    void visit(Label& label) override {
+        if (label.Role != LabelRole::text)
+            made_ = make_label_stop(label, windows_, window_);
+    }
     void visit(ListBox& box) override { made_ = make_list_box(box, windows_, window_); }
     void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }
     void visit(TextBox& box) override { made_ = make_text_entry(box, windows_, window_); }
@@ -30,7 +35,6 @@ class NativeControlMaker : public ControlVisitor {
 
     void visit(Frame&) override {}
     void visit(Image&) override {}
-    void visit(Label&) override {}
     void visit(Line&) override {}
     void visit(PictureBox&) override {}
     void visit(Shape&) override {}

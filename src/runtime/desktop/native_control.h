@@ -27,7 +27,7 @@ struct NativeControl {
 };
 
 /// Makes the native widget of a control, as a child of the window; nothing for a control that
-/// the window draws itself.
+/// the window draws itself and the keyboard does not stop at.
 std::optional<NativeControl> make_native_control(Control& control, Windows& windows,
                                                  QWidget& window);
 

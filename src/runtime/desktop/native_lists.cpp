@@ -8,6 +8,7 @@
 #include "runtime/desktop/windows.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QListView>
 
 namespace lookfar::desktop {
@@ -43,6 +44,14 @@ void synchronise_combo_box(QComboBox& box, ListModel& model, const ComboBox& con
     place(box, control);
 }
 
+/// Assistive technology on Unix calls a combo box by its entry, and finds what the entry is in the
+/// label whose buddy the box is.
+void add_hidden_label(QComboBox& box, const QString& name) {
+    auto label = std::make_unique<QLabel>(name, box.parentWidget());
+    label->setBuddy(&box);
+    label.release()->hide();
+}
+
 int selected_row(const QListView& view) {
     const QModelIndexList selected = view.selectionModel()->selectedIndexes();
     return selected.empty() ? -1 : selected.front().row();
@@ -71,7 +80,7 @@ NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& windo
     // Without this the box measures every entry.
     box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box.setFont(screen_font(control.Font));
-    box.setAccessibleName(shown_text(control.AccessibleName));
+    add_hidden_label(box, shown_text(control.AccessibleName));
     QObject::connect(&box, &QComboBox::activated, &box,
                      [&control, &windows](int row) { select(control, windows, row); });
     return {.widget = WidgetOwner(owned.release()),

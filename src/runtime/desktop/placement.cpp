@@ -20,4 +20,9 @@ void set_palette_colour(QWidget& widget, QPalette::ColorRole role, const QColor&
     widget.setPalette(palette);
 }
 
+void set_accessible_name(QWidget& widget, const QString& name) {
+    if (widget.accessibleName() != name)
+        widget.setAccessibleName(name);
+}
+
 } // namespace lookfar::desktop

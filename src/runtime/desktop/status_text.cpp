@@ -1,35 +1,46 @@
 #include "runtime/desktop/status_text.h"
 
+#include "runtime/desktop/announcement.h"
 #include "runtime/desktop/placement.h"
 #include "runtime/desktop/texts.h"
 
-#include <QLabel>
+#include <QAccessible>
 
 namespace lookfar::desktop {
 
 namespace {
 
-constexpr int margin = 3;
-
-void synchronise_status_text(QLabel& label, const StatusBar& control) {
-    place(label, control);
-    const QString text = shown_text(control.Text.get());
-    const int room = label.contentsRect().width() - 2 * margin;
-    label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, room));
-    label.setToolTip(text.isEmpty() ? text : Qt::convertFromPlainText(text));
-    label.setAccessibleName(text);
-}
+constexpr int text_indent = 3;
 
 } // namespace
 
+StatusText::StatusText(const StatusBar& control, QWidget& window)
+    : QLabel(&window), control_(control) {
+    setTextFormat(Qt::PlainText);
+    setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    setIndent(text_indent);
+}
+
+void StatusText::synchronise() {
+    place(*this, control_);
+    const QString text = shown_text(control_.Text.get());
+    if (text != accessibleName())
+        show_text(text);
+}
+
+void StatusText::show_text(const QString& text) {
+    const int room = contentsRect().width() - 2 * text_indent;
+    setText(fontMetrics().elidedText(text, Qt::ElideRight, room));
+    setToolTip(text.isEmpty() ? text : Qt::convertFromPlainText(text));
+    setAccessibleName(text);
+    announce(*QAccessible::queryAccessibleInterface(this), text, Announcement::polite);
+}
+
 NativeControl make_status_text(StatusBar& control, QWidget& window) {
-    auto owned = std::make_unique<QLabel>(&window);
-    QLabel& label = *owned;
-    label.setTextFormat(Qt::PlainText);
-    label.setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    label.setIndent(margin);
+    auto owned = std::make_unique<StatusText>(control, window);
+    StatusText& text = *owned;
     return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&label, &control] { synchronise_status_text(label, control); },
+            .synchronise = [&text] { text.synchronise(); },
             .release = {},
             .tab_index = control.TabIndex};
 }

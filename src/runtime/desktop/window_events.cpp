@@ -28,6 +28,11 @@ short window_state_of(Qt::WindowStates states) {
     return states.testFlag(Qt::WindowMaximized) ? window_state::maximised : window_state::normal;
 }
 
+bool asks_for_menu(const QKeyEvent& event) {
+    const bool is_shift_f10 = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+    return is_shift_f10 || event.key() == Qt::Key_Menu;
+}
+
 } // namespace
 
 bool WindowView::event(QEvent* event) {
@@ -100,6 +105,8 @@ void WindowView::hideEvent(QHideEvent* event) {
 void WindowView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         press_button_by_enter();
+    else if (form_ && asks_for_menu(*event))
+        windows_.deliver(form_->runtime, [this] { form_->MenuKey.raise(); });
     else
         QWidget::keyPressEvent(event);
 }

@@ -2,12 +2,14 @@
 
 #include "runtime/desktop/fonts.h"
 #include "runtime/desktop/geometry.h"
+#include "runtime/desktop/placement.h"
 #include "runtime/desktop/popup_menus.h"
 #include "runtime/desktop/texts.h"
 #include "runtime/desktop/window_frame.h"
 #include "runtime/desktop/windows.h"
 #include "runtime/form.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScreen>
@@ -19,11 +21,20 @@
 
 namespace lookfar::desktop {
 
+namespace {
+
+bool takes_focus_by_click(const NativeControl* native) {
+    return native->widget->focusPolicy() & Qt::ClickFocus;
+}
+
+} // namespace
+
 WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     : QWidget(nullptr, window_flags(form)),
       form_(&form),
       windows_(windows),
       drawn_(form),
+      news_(*this),
       mouse_(form, drawn_, windows) {
     setFont(screen_font({}));
     setMouseTracking(true);
@@ -51,8 +62,9 @@ void WindowView::set_tab_order() {
     for (const NativeControl& native : std::views::values(natives_))
         order.push_back(&native);
     std::ranges::sort(order, {}, &NativeControl::tab_index);
-    if (!order.empty())
-        focus_at_show_ = order.front()->widget.get();
+    const auto first = std::ranges::find_if(order, takes_focus_by_click);
+    if (first != order.end())
+        focus_at_show_ = (*first)->widget.get();
     QWidget* previous = this;
     for (const NativeControl* const native : order) {
         QWidget* const next = native->widget.get();
@@ -75,7 +87,7 @@ void WindowView::take_focus() {
 }
 
 void WindowView::synchronise_window() {
-    setWindowTitle(shown_text(form_->Caption.get()));
+    take_title();
     if (!form_->Visible) {
         hide();
         return;
@@ -91,21 +103,28 @@ void WindowView::synchronise_window() {
     take_focus();
 }
 
+/// Assistive technology needs a name for a window without a caption too.
+void WindowView::take_title() {
+    const QString title = shown_text(form_->Caption.get());
+    setWindowTitle(title);
+    set_accessible_name(*this, title.isEmpty() ? QApplication::applicationName() : QString());
+}
+
 void WindowView::synchronise_controls() {
-    for (Control* const control : form_->controls()) {
-        drawn_.synchronise(*control);
-        if (const auto native = natives_.find(control); native != natives_.end())
-            native->second.synchronise();
-    }
+    for (Control* const control : form_->controls())
+        synchronise_control(*control);
 }
 
 void WindowView::synchronise(Control& control) {
-    if (!isVisible())
-        return;
+    if (isVisible())
+        synchronise_control(control);
+}
+
+void WindowView::synchronise_control(Control& control) {
+    update(drawn_.synchronise(control));
+    news_.synchronise(control);
     if (const auto native = natives_.find(&control); native != natives_.end())
         native->second.synchronise();
-    else
-        update(drawn_.synchronise(control));
 }
 
 void WindowView::synchronise_edited_pictures() {
@@ -163,9 +182,9 @@ void WindowView::forget(const Element& element) {
         if (native->second.release)
             native->second.release();
         natives_.erase(native);
-        return;
     }
     drawn_.forget(element);
+    news_.forget(element);
 }
 
 void WindowView::release() {
@@ -179,11 +198,19 @@ void WindowView::release() {
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
     menu_ = make_popup_menu(menu, default_entry, windows_, *this);
-    menu_->popup(QCursor::pos());
+    const QPoint pointer = QCursor::pos();
+    const bool is_over_window = geometry().contains(pointer);
+    menu_->popup(is_over_window ? pointer : geometry().center());
 }
 
-std::vector<DrawnControl> WindowView::named_drawn_controls() const {
-    return form_ ? drawn_.named() : std::vector<DrawnControl>();
+std::vector<DrawnControl> WindowView::readable_controls() const {
+    return form_ ? drawn_.readable() : std::vector<DrawnControl>();
+}
+
+std::optional<DrawnControl> WindowView::readable_control(const Control& control) const {
+    const auto readable = readable_controls();
+    const auto own = std::ranges::find(readable, &control, &DrawnControl::control);
+    return own == readable.end() ? std::nullopt : std::optional(*own);
 }
 
 QWidget* WindowView::widget_of(const Control& control) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/desktop/drawn_controls.h"
+#include "runtime/desktop/drawn_news.h"
 #include "runtime/desktop/mouse_router.h"
 #include "runtime/desktop/native_control.h"
 
@@ -52,8 +53,11 @@ class WindowView : public QWidget {
 
     /// The native widget of a control; nothing for a control that is drawn.
     QWidget* widget_of(const Control& control) const;
-    /// The visible labels and pictures with a name, front to back; none once the window is gone.
-    std::vector<DrawnControl> named_drawn_controls() const;
+    /// The labels and pictures that assistive technology reads, front to back, hidden ones too;
+    /// none once the window is gone.
+    std::vector<DrawnControl> readable_controls() const;
+    /// One of them; nothing for a control that is none of them, or gone.
+    std::optional<DrawnControl> readable_control(const Control& control) const;
     DrawnControls& drawn() { return drawn_; }
     QMenu* popup_menu() const { return menu_.get(); }
 
@@ -74,6 +78,8 @@ class WindowView : public QWidget {
     void make_native_controls();
     void set_tab_order();
     void synchronise_controls();
+    void synchronise_control(Control& control);
+    void take_title();
     void take_pointer();
     void take_focus();
     void take_size();
@@ -87,6 +93,7 @@ class WindowView : public QWidget {
     Form* form_;
     Windows& windows_;
     DrawnControls drawn_;
+    DrawnNews news_;
     MouseRouter mouse_;
     std::unordered_map<const Element*, NativeControl> natives_;
     std::unique_ptr<QMenu, DeleteLater> menu_;
