@@ -8,6 +8,7 @@ namespace lookfar::resources {
 // One function for every icon file. The build generates what they return from the files.
 
 std::span<const std::uint8_t> icon_16();
+std::span<const std::uint8_t> icon_22();
 std::span<const std::uint8_t> icon_24();
 std::span<const std::uint8_t> icon_32();
 std::span<const std::uint8_t> icon_48();

@@ -11,6 +11,8 @@ std::span<const std::uint8_t> icon(int pixels) {
     switch (pixels) {
     case 16:
         return icon_16();
+    case 22:
+        return icon_22();
     case 24:
         return icon_24();
     case 32:

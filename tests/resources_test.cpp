@@ -11,7 +11,7 @@ namespace lookfar::testing {
 namespace {
 
 TEST(Resources, HoldTheIconInEverySizeWithTransparentCorners) {
-    for (const int pixels : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
         const Pixels icon = decode_pixels(resources::icon(pixels));
         EXPECT_EQ(icon.width, pixels);
         EXPECT_EQ(icon.height, pixels);

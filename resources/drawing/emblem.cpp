@@ -14,7 +14,7 @@ constexpr qreal half_of_square = 128;
 constexpr qreal horizon = 34;
 constexpr QPointF sun_centre(40, -26);
 
-constexpr qreal smallest_with_brass = 24;
+constexpr qreal smallest_with_brass = 22;
 constexpr qreal smallest_with_details = 64;
 
 QPainterPath disc(const QPointF& centre, qreal radius) {

@@ -38,6 +38,8 @@ QIcon icon_of(const std::vector<std::span<const std::uint8_t>>& files) {
 
 void prepare(QApplication& application) {
     QApplication::setApplicationName(QStringLiteral("Lookfar"));
+    // By this name a desktop finds the desktop entry, and so the icon, of a window.
+    QGuiApplication::setDesktopFileName(QStringLiteral(LOOKFAR_APPLICATION_ID));
     QApplication::setStyle(std::make_unique<desktop::CompactStyle>().release());
     application.setQuitOnLastWindowClosed(false);
     // Numbers are written with a decimal point wherever the user lives.
