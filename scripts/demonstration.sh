@@ -25,10 +25,7 @@ start_demonstration_cameras() {
 }
 
 start_demonstration() {
-    local program=$PWD/build/release/src/lookfar
-    pushd "$1" >/dev/null
-    start_process "$program"
-    popd >/dev/null
+    start_process env --chdir="$1" "$PWD/build/release/src/lookfar"
 }
 
 # The window whose title fits the pattern, once it is on the screen.

@@ -65,6 +65,21 @@ install_test_packages() {
     install_missing_packages openssl xdotool
 }
 
+# What the Debian package is made and checked with.
+install_packaging_packages() {
+    install_missing_packages \
+        appstream \
+        desktop-file-utils \
+        dpkg-dev \
+        file \
+        imagemagick \
+        lintian \
+        man-db \
+        mandoc \
+        shellcheck \
+        xdotool
+}
+
 install_virtual_display_packages() {
     install_missing_packages openbox x11-utils xvfb
 }

@@ -1,0 +1,128 @@
+# shellcheck shell=bash
+# Checks of the files of the package. This file is sourced.
+
+source packaging/layout.sh
+
+# Runs a validator that has nothing to say about a good file, whatever its exit status.
+expect_silence() {
+    local output
+    output=$("$@" 2>&1) || fail "$* failed: $output"
+    [[ -z $output ]] || fail "$*: $output"
+}
+
+print_installed_files() {
+    local pixels
+    printf '%s\n' \
+        bin/lookfar \
+        bin/lookfar-desktop \
+        "share/applications/$application.desktop" \
+        share/man/man1/lookfar-desktop.1.gz \
+        share/man/man1/lookfar.1.gz \
+        "share/metainfo/$application.metainfo.xml"
+    for pixels in "${icon_sizes[@]}"; do
+        echo "share/icons/hicolor/${pixels}x$pixels/apps/$application.png"
+    done
+}
+
+print_packaged_files() {
+    print_installed_files
+    printf '%s\n' \
+        share/doc/lookfar/changelog.Debian.gz \
+        share/doc/lookfar/copyright \
+        share/lintian/overrides/lookfar
+}
+
+# Expects all files of a folder, and no other, on the standard input.
+check_file_list() {
+    diff --unified --label expected --label "$1" \
+        <(LC_ALL=C sort) <(find "$1" ! -type d -printf '%P\n' | LC_ALL=C sort) ||
+        fail "These are not the files that $1 should have."
+}
+
+check_file_lists() {
+    echo "The installed files"
+    print_installed_files | check_file_list "$installed"
+    print_packaged_files | check_file_list "$unpacked/usr"
+}
+
+check_versions() {
+    echo "The version"
+    local package=$1 version changelog release
+    version=$(dpkg-deb --field "$package" Version)
+    changelog=$(dpkg-parsechangelog --file packaging/debian/changelog --show-field Version)
+    release=$(grep --max-count 1 --only-matching --perl-regexp '<release version="\K[^"]*' \
+        "packaging/$application.metainfo.xml")
+    [[ $changelog == "$version" ]] ||
+        fail "The package is of version $version, but its changelog of $changelog."
+    [[ $release == "${version%-*}" ]] ||
+        fail "The package is of version $version, but its AppStream data of $release."
+}
+
+check_desktop_entry() {
+    echo "The desktop entry"
+    expect_silence desktop-file-validate "$unpacked/usr/share/applications/$application.desktop"
+}
+
+check_appstream_data() {
+    echo "The AppStream data"
+    appstreamcli validate-tree --no-net --strict --explain "$unpacked"
+}
+
+check_icon() {
+    local icon=$1 pixels=$2 properties
+    properties=$(identify -format '%m %wx%h %[opaque]' "$icon")
+    [[ ${properties,,} == "png ${pixels}x$pixels false" ]] ||
+        fail "$icon should be a PNG file of $pixels pixels with transparency, but is $properties."
+    cmp "$icon" "resources/icon-$pixels.png" || fail "$icon is not the icon of the windows."
+}
+
+check_icons() {
+    echo "The icons"
+    local pixels
+    for pixels in "${icon_sizes[@]}"; do
+        check_icon "$unpacked/usr/share/icons/hicolor/${pixels}x$pixels/apps/$application.png" \
+            "$pixels"
+    done
+}
+
+lint_manual_page() {
+    MANWIDTH=80 man --warnings -E UTF-8 -l -Tutf8 -Z "$1" >/dev/null
+    zcat "$1" | mandoc -T lint
+}
+
+check_manual_pages() {
+    echo "The manual pages"
+    local page
+    for page in "$unpacked"/usr/share/man/man1/*.1.gz; do
+        expect_silence lint_manual_page "$page"
+    done
+}
+
+check_debian_rules() {
+    echo "The rules of Debian"
+    lintian --allow-root --fail-on error,warning "$1"
+}
+
+print_shell_scripts() {
+    git ls-files '*.sh'
+    git grep --files-with-matches '^#!.*sh$'
+}
+
+check_shell_scripts() {
+    echo "The shell scripts"
+    local scripts
+    mapfile -t scripts < <(print_shell_scripts | sort --unique)
+    ((${#scripts[@]} > 0)) || fail "There are no tracked shell scripts."
+    shellcheck --external-sources "${scripts[@]}"
+}
+
+check_files() {
+    check_file_lists
+    check_versions "$1"
+    check_desktop_entry
+    check_appstream_data
+    check_icons
+    check_manual_pages
+    check_debian_rules "$1"
+    check_shell_scripts
+}
