@@ -6,6 +6,8 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <locale>
+#include <sstream>
 #include <string_view>
 
 namespace lookfar {
@@ -29,6 +31,16 @@ struct Reading {
     std::string_view rest;
 };
 
+/// The value of digits that std::from_chars finds out of range without telling on which side: 0
+/// where they are too small, infinity where they are too large.
+double value_out_of_range(const std::string& digits) {
+    std::istringstream stream(digits);
+    stream.imbue(std::locale::classic());
+    double nearest = 0;
+    stream >> nearest;
+    return nearest < 1 ? 0 : HUGE_VAL;
+}
+
 Reading read_number(std::string_view text) {
     text = without_leading_blanks(text);
     const bool is_negative = text.starts_with('-');
@@ -44,7 +56,7 @@ Reading read_number(std::string_view text) {
     if (error == std::errc::invalid_argument)
         return {.found = false, .value = 0, .rest = text};
     if (error == std::errc::result_out_of_range)
-        value = HUGE_VAL;
+        value = value_out_of_range({text.data(), end});
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
     return {.found = true, .value = is_negative ? -value : value, .rest = text};
 }

@@ -43,6 +43,11 @@ TEST(Numbers, AreReadStrictlyAndLeniently) {
         {"0x10", 0, std::nullopt},
         {"1 2", 1, std::nullopt},
         {"1e999", HUGE_VAL, HUGE_VAL},
+        {"-1e999", -HUGE_VAL, -HUGE_VAL},
+        {"1e-400", 0, 0},
+        {"1e-999999999999999999999", 0, 0},
+        {"1e-400x", 0, std::nullopt},
+        {"4e-320", 4e-320, 4e-320},
     };
     for (const auto& [text, lenient, strict] : cases) {
         EXPECT_EQ(Val(text), lenient) << text;
