@@ -37,11 +37,20 @@ void refuse_size(QSize size) {
                std::to_string(size.height()) + " pixels.");
 }
 
+/// Lets the reader allocate the largest picture in its widest format, four channels of two bytes.
+void raise_allocation_limit() {
+    constexpr long long bytes_per_pixel = 8;
+    constexpr long long bytes_per_megabyte = 1024 * 1024;
+    QImageReader::setAllocationLimit(
+        static_cast<int>(largest_picture * bytes_per_pixel / bytes_per_megabyte));
+}
+
 QImage read_image(std::span<const std::uint8_t> bytes) {
     auto content = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
                                            static_cast<qsizetype>(bytes.size()));
     QBuffer buffer(&content);
     buffer.open(QIODevice::ReadOnly);
+    raise_allocation_limit();
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);
     refuse_format(reader.format());

@@ -95,6 +95,14 @@ TEST(Pictures, EndWhereTheyEndWhateverFollows) {
     EXPECT_EQ(PictureDecoder().decode(file)->width(), 40);
 }
 
+TEST(Pictures, AreDecodedUpToTheLargestSize) {
+    constexpr int side = 8192;
+    static_assert(1LL * side * side == largest_picture);
+    const auto picture = PictureDecoder().decode(picture_file(side, side));
+    EXPECT_EQ(picture->width(), side);
+    EXPECT_EQ(picture->height(), side);
+}
+
 TEST(Pictures, AreRefusedWithAReason) {
     const std::string too_large = "The picture is too large: 60000 x 60000 pixels.";
     const Bytes whole = detailed_jpeg(64, 64);
