@@ -1,0 +1,72 @@
+// Any bytes are a picture in good order, or are refused with the one failure of pictures.
+#include "fuzz/support/expect.h"
+#include "fuzz/support/png_checksums.h"
+#include "runtime/failure.h"
+#include "runtime/picture_decoder.h"
+#include "runtime/png_texts.h"
+
+#include <cstdint>
+#include <numeric>
+#include <span>
+
+namespace lookfar::fuzz {
+namespace {
+
+/// Has the address sanitizer see that all of them are there.
+std::uint64_t sum_of(std::span<const std::uint8_t> bytes) {
+    return std::accumulate(bytes.begin(), bytes.end(), std::uint64_t{0});
+}
+
+PictureReference decode(PictureDecoder& decoder, const Bytes& bytes) {
+    try {
+        return decoder.decode(bytes);
+    } catch (const Failure& failure) {
+        expect(failure.Number == failure_number::invalid_picture, "a refusal is that of a picture");
+        expect(!failure.Description.empty(), "a refusal has a reason");
+        return nullptr;
+    }
+}
+
+void check_order(const Picture& picture) {
+    expect(picture.width() > 0 && picture.height() > 0, "a picture has a size");
+    expect(static_cast<long long>(picture.width()) * picture.height() <= largest_picture,
+           "a picture is no larger than allowed");
+    expect(picture.stride() == stride_of(picture.width()), "rows are padded to four bytes");
+    expect(sum_of(picture.bytes()) <= picture.bytes().size() * 255, "every byte is there");
+    const std::size_t pixels =
+        static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(picture.height());
+    expect(picture.opacity().empty() || picture.opacity().size() == pixels,
+           "a pixel has one opacity");
+    expect(sum_of(picture.opacity()) <= pixels * 255, "every opacity is there");
+}
+
+void check(const Bytes& bytes) {
+    PictureDecoder decoder;
+    const PictureReference picture = decode(decoder, bytes);
+    if (!picture)
+        return;
+    check_order(*picture);
+    const PictureReference again = decode(decoder, bytes);
+    expect(again && again->bytes().data() == picture->bytes().data(),
+           "the same picture shares its pixels");
+    again->edit().front() ^= 0xFFU;
+    expect(again->bytes().front() != picture->bytes().front(), "an edit reaches one picture");
+}
+
+} // namespace
+} // namespace lookfar::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    lookfar::fuzz::check({data, data + size});
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t max_size);
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
+                                               std::size_t max_size, unsigned /*seed*/) {
+    const std::span changed(data, LLVMFuzzerMutate(data, size, max_size));
+    if (lookfar::starts_png(changed))
+        lookfar::fuzz::repair_png_checksums(changed);
+    return changed.size();
+}
