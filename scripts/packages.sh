@@ -60,9 +60,17 @@ install_build_packages() {
     install_optional_package qt6-image-formats-plugins
 }
 
-# What the tests drive windows and play a hostile host with.
+# What the tests drive windows with, read them by and play a hostile host with.
 install_test_packages() {
-    install_missing_packages openssl xdotool
+    install_missing_packages \
+        at-spi2-core \
+        dbus-daemon \
+        libatspi2.0-dev \
+        libxcb-ewmh-dev \
+        libxcb-keysyms1-dev \
+        libxcb-xtest0-dev \
+        openssl \
+        pkgconf
 }
 
 # What the Debian package is made and checked with.
