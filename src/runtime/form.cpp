@@ -25,7 +25,8 @@ Form::Form(Runtime& host, const FormDesign& design)
       ShowInTaskbar(design.ShowInTaskbar),
       CentredOnScreen(design.CentredOnScreen),
       HasIcon(design.HasIcon),
-      BackColor(design.BackColor) {}
+      BackColor(design.BackColor),
+      AccessibleName(design.AccessibleName) {}
 
 Form::~Form() = default;
 

@@ -29,6 +29,8 @@ struct FormDesign {
     bool HasIcon = true;
     Colour BackColor = colour::button_face;
     short MousePointer = mouse_pointer::standard;
+    /// What assistive technology calls a window that has no caption.
+    std::string AccessibleName = {};
 };
 
 /// A window: the base of the window classes, which declare their controls as members, front to
@@ -80,6 +82,7 @@ class Form : public Element, public MouseEvents {
     const bool CentredOnScreen;
     const bool HasIcon;
     const Colour BackColor;
+    const std::string AccessibleName;
 
   private:
     friend class Control;

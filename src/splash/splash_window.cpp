@@ -13,7 +13,8 @@ SplashWindow::SplashWindow(Program& program)
                              .MinButton = false,
                              .ShowInTaskbar = false,
                              .CentredOnScreen = true,
-                             .MousePointer = mouse_pointer::hourglass}),
+                             .MousePointer = mouse_pointer::hourglass,
+                             .AccessibleName = "Lookfar is starting"}),
       Form1(program.Form1) {
     Timer1.Tick.connect(this, &SplashWindow::Timer1_Timer);
     Timer2.Tick.connect(this, &SplashWindow::Timer2_Timer);

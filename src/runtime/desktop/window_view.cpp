@@ -2,14 +2,12 @@
 
 #include "runtime/desktop/fonts.h"
 #include "runtime/desktop/geometry.h"
-#include "runtime/desktop/placement.h"
 #include "runtime/desktop/popup_menus.h"
 #include "runtime/desktop/texts.h"
 #include "runtime/desktop/window_frame.h"
 #include "runtime/desktop/windows.h"
 #include "runtime/form.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
 #include <QScreen>
@@ -40,6 +38,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     setMouseTracking(true);
     // The canvas fills every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAccessibleName(shown_text(form.AccessibleName));
     if (form.HasIcon)
         setWindowIcon(icon);
     make_native_controls();
@@ -87,7 +86,7 @@ void WindowView::take_focus() {
 }
 
 void WindowView::synchronise_window() {
-    take_title();
+    setWindowTitle(shown_text(form_->Caption.get()));
     if (!form_->Visible) {
         hide();
         return;
@@ -101,13 +100,6 @@ void WindowView::synchronise_window() {
     synchronise_controls();
     show();
     take_focus();
-}
-
-/// Assistive technology needs a name for a window without a caption too.
-void WindowView::take_title() {
-    const QString title = shown_text(form_->Caption.get());
-    setWindowTitle(title);
-    set_accessible_name(*this, title.isEmpty() ? QApplication::applicationName() : QString());
 }
 
 void WindowView::synchronise_controls() {

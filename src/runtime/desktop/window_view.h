@@ -79,7 +79,6 @@ class WindowView : public QWidget {
     void set_tab_order();
     void synchronise_controls();
     void synchronise_control(Control& control);
-    void take_title();
     void take_pointer();
     void take_focus();
     void take_size();
