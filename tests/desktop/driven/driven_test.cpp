@@ -65,42 +65,48 @@ std::optional<ScreenWindow> DrivenTest::window(const std::string& title) const {
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
+std::vector<Element> DrivenTest::windows_titled(const std::string& title) const {
+    std::vector<Element> found = reader.windows_of(program->process());
+    std::erase_if(found, [&](const Element& window) { return window.name() != title; });
+    return found;
+}
+
 std::optional<Element> DrivenTest::look_for(const std::string& title, std::string_view role,
-                                            std::string_view name) const {
-    for (const Element& candidate : reader.windows_of(program->process()))
-        if (candidate.name() == title)
-            if (auto found = candidate.find(role, name))
-                return found;
+                                            std::string_view beginning) const {
+    for (const Element& candidate : windows_titled(title))
+        if (auto found = candidate.find(role, beginning))
+            return found;
     return std::nullopt;
 }
 
 std::string DrivenTest::all_that_reads(const std::string& title) const {
-    std::string all;
-    for (const Element& candidate : reader.windows_of(program->process()))
-        if (candidate.name() == title)
-            for (const Element& element : candidate.all_showing())
-                all += element.role() + " '" + element.name() + "'\n";
-    return "'" + title + "' has\n" + all;
+    std::string all = "The window '" + title + "' reads:\n";
+    for (const Element& candidate : windows_titled(title))
+        for (const Element& element : candidate.all_showing())
+            all += element.role() + " '" + element.name() + "' '" + element.text() + "'\n";
+    return all;
 }
 
 Element DrivenTest::find(const std::string& title, std::string_view role,
-                         std::string_view name) const {
+                         std::string_view beginning) const {
     std::optional<Element> found;
-    comes_true([&] { return (found = look_for(title, role, name)).has_value(); });
+    comes_true([&] { return (found = look_for(title, role, beginning)).has_value(); });
     if (!found)
-        throw std::runtime_error("There is no " + std::string(role) + " '" + std::string(name) +
-                                 "': " + all_that_reads(title));
+        throw std::runtime_error("There is no " + std::string(role) + " '" +
+                                 std::string(beginning) + "'. " + all_that_reads(title));
     return *found;
 }
 
 QPoint DrivenTest::picture(const std::string& title) const {
-    return find(title, "image", "Camera picture").place().center();
+    return find(title, role::picture, "Camera picture").place().center();
 }
 
 AssertionResult DrivenTest::comes_up(const std::string& title) const {
     const bool is_up = comes_true([&] {
         const auto found = window(title);
-        return found && screen.active_window() == found->id && look_for(title, "frame", title);
+        const auto read = look_for(title, role::window, title);
+        return found && read && screen.active_window() == found->id &&
+               read->place() == found->place;
     });
     return is_up ? AssertionSuccess() : AssertionFailure() << "No window '" << title << "' came.";
 }
@@ -112,15 +118,15 @@ AssertionResult DrivenTest::goes(const std::string& title) const {
 }
 
 AssertionResult DrivenTest::comes_to_read(const std::string& title, std::string_view role,
-                                          std::string_view name) const {
-    return comes_true([&] { return look_for(title, role, name).has_value(); })
+                                          std::string_view beginning) const {
+    return comes_true([&] { return look_for(title, role, beginning).has_value(); })
                ? AssertionSuccess()
                : AssertionFailure() << all_that_reads(title);
 }
 
 AssertionResult DrivenTest::stops_reading(const std::string& title, std::string_view role,
-                                          std::string_view name) const {
-    return comes_true([&] { return !look_for(title, role, name); })
+                                          std::string_view beginning) const {
+    return comes_true([&] { return !look_for(title, role, beginning); })
                ? AssertionSuccess()
                : AssertionFailure() << all_that_reads(title);
 }
@@ -133,8 +139,21 @@ AssertionResult DrivenTest::comes_to_show(const QPoint& point, const QColor& col
                      << " at " << point.x() << ", " << point.y();
 }
 
-void DrivenTest::click(const std::string& title, std::string_view role, std::string_view name) {
-    hands.click(find(title, role, name).place().center());
+void DrivenTest::click(const std::string& title, std::string_view role,
+                       std::string_view beginning) {
+    hands.click(find(title, role, beginning).place().center());
+}
+
+void DrivenTest::fill_in(const std::string& title, std::string_view name, const QString& text) {
+    const Element entry = find(title, role::entry, name);
+    // Arrows may lie over the left half.
+    const QRect place = entry.place();
+    hands.click({place.center().x() + place.width() / 4, place.center().y()});
+    if (!comes_true([&] { return entry.is_focused(); }))
+        throw std::runtime_error("The text box does not get the keyboard.");
+    hands.press(Key::home);
+    hands.press_with_shift(Key::end);
+    hands.type(text);
 }
 
 void DrivenTest::close(const std::string& title) {

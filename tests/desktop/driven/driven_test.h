@@ -22,13 +22,26 @@ namespace lookfar::driven {
 /// The titles that the windows bear.
 namespace title {
 inline constexpr const char* splash_window = "";
-inline constexpr const char* popup_menu = "";
 inline constexpr const char* main_window = "Lookfar";
 inline constexpr const char* fullscreen_window = "Lookfar Fullscreen Window";
 inline constexpr const char* list_window = "Skyglass list";
 inline constexpr const char* editor = "Skyglass";
 inline constexpr const char* about_window = "About Lookfar 2.2.2002";
+inline constexpr const char* removal_question = "Remove Skyglass";
+inline constexpr const char* overwrite_question = "Lookfar";
 } // namespace title
+
+/// The roles of things, as the accessibility bus words them.
+namespace role {
+inline constexpr const char* any = "";
+inline constexpr const char* window = "frame";
+inline constexpr const char* button = "push button";
+inline constexpr const char* check_box = "check box";
+inline constexpr const char* selector = "combo box";
+inline constexpr const char* entry = "text";
+inline constexpr const char* list_item = "list item";
+inline constexpr const char* picture = "image";
+} // namespace role
 
 namespace colour {
 inline constexpr QColor red(200, 40, 40);
@@ -65,22 +78,25 @@ class DrivenTest : public ::testing::Test {
     // What the user sees.
 
     std::optional<ScreenWindow> window(const std::string& title) const;
-    /// The thing of that role and name in the window, once it shows. Throws where it never does.
-    Element find(const std::string& title, std::string_view role, std::string_view name) const;
+    /// The first thing of that role in the window whose name or text begins so, once it shows.
+    /// Throws where it never does.
+    Element find(const std::string& title, std::string_view role, std::string_view beginning) const;
     /// The middle of the camera's picture.
     QPoint picture(const std::string& title) const;
 
     ::testing::AssertionResult comes_up(const std::string& title) const;
     ::testing::AssertionResult goes(const std::string& title) const;
     ::testing::AssertionResult comes_to_read(const std::string& title, std::string_view role,
-                                             std::string_view name) const;
+                                             std::string_view beginning) const;
     ::testing::AssertionResult stops_reading(const std::string& title, std::string_view role,
-                                             std::string_view name) const;
+                                             std::string_view beginning) const;
     ::testing::AssertionResult comes_to_show(const QPoint& point, const QColor& colour) const;
 
     // What the user does.
 
-    void click(const std::string& title, std::string_view role, std::string_view name);
+    void click(const std::string& title, std::string_view role, std::string_view beginning);
+    /// Replaces what stands in a text box.
+    void fill_in(const std::string& title, std::string_view name, const QString& text);
     void close(const std::string& title);
 
     ::testing::AssertionResult ends_with_status_0();
@@ -94,8 +110,9 @@ class DrivenTest : public ::testing::Test {
     std::optional<RunningProgram> program;
 
   private:
+    std::vector<Element> windows_titled(const std::string& title) const;
     std::optional<Element> look_for(const std::string& title, std::string_view role,
-                                    std::string_view name) const;
+                                    std::string_view beginning) const;
     std::string all_that_reads(const std::string& title) const;
     void close_frontmost_window();
 };

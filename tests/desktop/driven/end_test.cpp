@@ -21,7 +21,7 @@ TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
     start({"Harbour"});
     EXPECT_TRUE(lookfar::testing::exists("data.dat"));
     cameras->answer("/Harbour", demo::stall());
-    click(title::main_window, "push button", "Reload");
+    click(title::main_window, role::button, "Reload");
     ASSERT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
     close(title::main_window);
     EXPECT_TRUE(ends_with_status_0());

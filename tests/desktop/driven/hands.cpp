@@ -32,6 +32,13 @@ xcb_keycode_t Hands::key_of(xcb_keysym_t symbol) const {
     return keys ? *keys : xcb_keycode_t{XCB_NO_SYMBOL};
 }
 
+xcb_keycode_t Hands::known_key_of(xcb_keysym_t symbol) const {
+    const xcb_keycode_t key = key_of(symbol);
+    if (key == XCB_NO_SYMBOL)
+        throw std::runtime_error("The keyboard has no such key.");
+    return key;
+}
+
 void Hands::give_key_to(xcb_keysym_t symbol) {
     const xcb_setup_t& setup = *xcb_get_setup(x_.get());
     for (int key = setup.max_keycode; key >= setup.min_keycode; --key) {
@@ -83,6 +90,11 @@ void Hands::press(Key key) {
     x_.finish();
 }
 
+void Hands::press_with_shift(Key key) {
+    strike(known_key_of(static_cast<xcb_keysym_t>(key)), true);
+    x_.finish();
+}
+
 void Hands::type(const QString& text) {
     for (const char32_t letter : text.toUcs4())
         strike(symbol_of(letter));
@@ -90,16 +102,18 @@ void Hands::type(const QString& text) {
 }
 
 void Hands::strike(xcb_keysym_t symbol) {
-    const xcb_keycode_t key = key_of(symbol);
-    if (key == XCB_NO_SYMBOL)
-        throw std::runtime_error("The keyboard has no such key.");
-    const bool is_shifted = xcb_key_symbols_get_keysym(keys_.get(), key, 0) != symbol;
+    const xcb_keycode_t key = known_key_of(symbol);
+    strike(key, xcb_key_symbols_get_keysym(keys_.get(), key, 0) != symbol);
+}
+
+void Hands::strike(xcb_keycode_t key, bool is_shifted) {
+    const xcb_keycode_t shift = known_key_of(left_shift);
     if (is_shifted)
-        fake(XCB_KEY_PRESS, key_of(left_shift));
+        fake(XCB_KEY_PRESS, shift);
     fake(XCB_KEY_PRESS, key);
     fake(XCB_KEY_RELEASE, key);
     if (is_shifted)
-        fake(XCB_KEY_RELEASE, key_of(left_shift));
+        fake(XCB_KEY_RELEASE, shift);
 }
 
 } // namespace lookfar::driven

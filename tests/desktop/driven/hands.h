@@ -36,6 +36,7 @@ class Hands {
     void double_click(const QPoint& point);
 
     void press(Key key);
+    void press_with_shift(Key key);
     void type(const QString& text);
 
   private:
@@ -45,7 +46,9 @@ class Hands {
 
     void give_key_to(xcb_keysym_t symbol);
     void strike(xcb_keysym_t symbol);
+    void strike(xcb_keycode_t key, bool is_shifted);
     xcb_keycode_t key_of(xcb_keysym_t symbol) const;
+    xcb_keycode_t known_key_of(xcb_keysym_t symbol) const;
     void fake(std::uint8_t type, std::uint8_t detail, const QPoint& point = {}) const;
     void press_and_release(MouseButton button) const;
 

@@ -1,4 +1,5 @@
 #include "desktop/driven/driven_test.h"
+#include "desktop/driven/held_camera.h"
 
 namespace lookfar::driven {
 namespace {
@@ -12,8 +13,39 @@ TEST_F(Refresh, FetchesTheCamerasNewPictureWhenReloadIsPressed) {
     ASSERT_EQ(cameras->requests(), 1U);
 
     cameras->answer("/Harbour", showing(colour::blue));
-    click(title::main_window, "push button", "Reload");
+    click(title::main_window, role::button, "Reload");
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::blue));
+    EXPECT_EQ(cameras->requests(), 2U);
+}
+
+TEST_F(Refresh, ComesAsOftenAsIsTyped) {
+    cameras->answer("/Harbour", showing(colour::red));
+    start({"Harbour"});
+    EXPECT_TRUE(comes_to_read(title::main_window, role::entry, "10"));
+    fill_in(title::main_window, "Seconds until Refresh", "1");
+    EXPECT_TRUE(comes_to_read(title::main_window, role::entry, "1"));
+    const auto before = cameras->requests();
+    EXPECT_TRUE(comes_true([&] { return cameras->requests() >= before + 2; }));
+    cameras->answer("/Harbour", showing(colour::green));
+    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
+}
+
+TEST_F(Refresh, LeavesTheWindowToItsUserWhileACameraIsSlow) {
+    cameras->answer("/Harbour", showing(colour::red));
+    start({"Harbour"});
+    HeldCamera camera(plain_picture(colour::blue));
+    cameras->answer("/Harbour", camera.responder());
+    click(title::main_window, role::button, "Reload");
+    EXPECT_TRUE(comes_to_read(title::main_window, role::picture, "A picture is on its way"));
+    EXPECT_TRUE(find(title::main_window, role::check_box, "Blur Effect").is_checked());
+    click(title::main_window, role::check_box, "Blur Effect");
+    EXPECT_TRUE(comes_true(
+        [this] { return !find(title::main_window, role::check_box, "Blur Effect").is_checked(); }));
+    EXPECT_TRUE(is_like(screen.colour_at(picture(title::main_window)), colour::red));
+
+    camera.let_go();
+    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::blue));
+    EXPECT_TRUE(stops_reading(title::main_window, role::picture, "A picture is on its way"));
     EXPECT_EQ(cameras->requests(), 2U);
 }
 

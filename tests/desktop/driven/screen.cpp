@@ -39,28 +39,58 @@ bool Screen::belongs_to(xcb_window_t id, qint64 process) const {
 }
 
 ScreenWindow Screen::look_at(xcb_window_t id) const {
-    ScreenWindow window{.id = id, .title = {}, .place = {}};
-    xcb_ewmh_get_utf8_strings_reply_t title{};
-    if (xcb_ewmh_get_wm_name_reply(&names_, xcb_ewmh_get_wm_name(&names_, id), &title, nullptr)) {
-        window.title.assign(title.strings, title.strings_len);
-        xcb_ewmh_get_utf8_strings_reply_wipe(&title);
-    }
+    return {
+        .id = id, .title = title_of(id), .place = place_of(id), .is_fullscreen = is_fullscreen(id)};
+}
+
+std::string Screen::title_of(xcb_window_t id) const {
+    xcb_ewmh_get_utf8_strings_reply_t reply{};
+    const auto question = xcb_ewmh_get_wm_name(&names_, id);
+    if (xcb_ewmh_get_wm_name_reply(&names_, question, &reply, nullptr) == 0)
+        return {};
+    std::string title(reply.strings, reply.strings_len);
+    xcb_ewmh_get_utf8_strings_reply_wipe(&reply);
+    return title;
+}
+
+QRect Screen::place_of(xcb_window_t id) const {
     const auto size_question = xcb_get_geometry(x_.get(), id);
     const auto corner_question = xcb_translate_coordinates(x_.get(), id, x_.root(), 0, 0);
     const Reply<xcb_get_geometry_reply_t> size(
         xcb_get_geometry_reply(x_.get(), size_question, nullptr));
     const Reply<xcb_translate_coordinates_reply_t> corner(
         xcb_translate_coordinates_reply(x_.get(), corner_question, nullptr));
-    if (size && corner)
-        window.place = {corner->dst_x, corner->dst_y, size->width, size->height};
+    return size && corner ? QRect(corner->dst_x, corner->dst_y, size->width, size->height)
+                          : QRect();
+}
+
+bool Screen::is_fullscreen(xcb_window_t id) const {
     xcb_ewmh_get_atoms_reply_t states{};
-    if (xcb_ewmh_get_wm_state_reply(&names_, xcb_ewmh_get_wm_state(&names_, id), &states,
-                                    nullptr)) {
-        window.is_fullscreen = std::ranges::count(std::span(states.atoms, states.atoms_len),
-                                                  names_._NET_WM_STATE_FULLSCREEN) > 0;
-        xcb_ewmh_get_atoms_reply_wipe(&states);
-    }
-    return window;
+    const auto question = xcb_ewmh_get_wm_state(&names_, id);
+    if (xcb_ewmh_get_wm_state_reply(&names_, question, &states, nullptr) == 0)
+        return false;
+    const auto count = std::ranges::count(std::span(states.atoms, states.atoms_len),
+                                          names_._NET_WM_STATE_FULLSCREEN);
+    xcb_ewmh_get_atoms_reply_wipe(&states);
+    return count > 0;
+}
+
+bool Screen::has_popup_of(qint64 process) const {
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(x_.get(), xcb_query_tree(x_.get(), x_.root()), nullptr));
+    if (!tree)
+        return false;
+    const std::span all(xcb_query_tree_children(tree.get()), tree->children_len);
+    return std::ranges::any_of(
+        all, [&](xcb_window_t id) { return is_popup(id) && belongs_to(id, process); });
+}
+
+/// The window manager leaves menus and drop-down lists alone.
+bool Screen::is_popup(xcb_window_t id) const {
+    const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
+        x_.get(), xcb_get_window_attributes(x_.get(), id), nullptr));
+    return attributes && attributes->override_redirect != 0 &&
+           attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 xcb_window_t Screen::active_window() const {

@@ -35,6 +35,8 @@ class Screen {
 
     /// The windows of a process, the hindmost first.
     std::vector<ScreenWindow> windows_of(qint64 process) const;
+    /// Whether a menu or a drop-down list of the process is open.
+    bool has_popup_of(qint64 process) const;
     /// The window that has the keyboard.
     xcb_window_t active_window() const;
     /// Asks a window to close, as the close box of its frame does.
@@ -45,6 +47,10 @@ class Screen {
 
   private:
     ScreenWindow look_at(xcb_window_t id) const;
+    std::string title_of(xcb_window_t id) const;
+    QRect place_of(xcb_window_t id) const;
+    bool is_fullscreen(xcb_window_t id) const;
+    bool is_popup(xcb_window_t id) const;
     bool belongs_to(xcb_window_t id, qint64 process) const;
 
     const XConnection& x_;

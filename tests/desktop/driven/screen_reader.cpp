@@ -67,6 +67,10 @@ std::string Element::text() const {
     return text ? taken(atspi_text_get_text(text.get(), 0, -1, nullptr)) : std::string();
 }
 
+bool Element::reads(std::string_view beginning) const {
+    return name().starts_with(beginning) || text().starts_with(beginning);
+}
+
 bool Element::has_state(int state) const {
     const Reference<AtspiStateSet> states(atspi_accessible_get_state_set(accessible_.get()));
     return states &&
@@ -127,10 +131,10 @@ void Element::add_showing(std::vector<Element>& found) const {
         child.add_showing(found);
 }
 
-std::optional<Element> Element::find(std::string_view role, std::string_view name) const {
+std::optional<Element> Element::find(std::string_view role, std::string_view beginning) const {
     const std::vector<Element> all = all_showing();
     const auto found = std::ranges::find_if(all, [&](const Element& element) {
-        return element.name() == name && element.role() == role;
+        return element.reads(beginning) && (role.empty() || element.role() == role);
     });
     return found == all.end() ? std::nullopt : std::optional(*found);
 }

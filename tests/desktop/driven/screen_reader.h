@@ -24,6 +24,9 @@ class Element {
     /// What an input field holds.
     std::string text() const;
 
+    /// Whether its name or its text begins so.
+    bool reads(std::string_view beginning) const;
+
     bool is_showing() const;
     bool is_checked() const;
     bool is_selected() const;
@@ -37,8 +40,9 @@ class Element {
     std::vector<Element> children() const;
     /// Itself and everything inside it that shows, each before its own children.
     std::vector<Element> all_showing() const;
-    /// The first one showing of that role and name.
-    std::optional<Element> find(std::string_view role, std::string_view name) const;
+    /// The first one showing of that role whose name or text begins so; every role fits an empty
+    /// one.
+    std::optional<Element> find(std::string_view role, std::string_view beginning) const;
 
   private:
     bool has_state(int state) const;
