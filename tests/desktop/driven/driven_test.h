@@ -21,7 +21,7 @@ namespace lookfar::driven {
 
 /// The titles that the windows bear.
 namespace title {
-inline constexpr const char* splash_window = "";
+inline constexpr const char* splash_window = "Lookfar is starting";
 inline constexpr const char* main_window = "Lookfar";
 inline constexpr const char* fullscreen_window = "Lookfar Fullscreen Window";
 inline constexpr const char* list_window = "Skyglass list";

@@ -13,7 +13,7 @@ TEST_F(StartUp, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
     launch();
     EXPECT_TRUE(comes_to_read(title::splash_window, role::any, "Loading..."));
     EXPECT_TRUE(comes_to_read(title::splash_window, role::any, "ding...")) << "the text runs";
-    const QRect splash = find(title::splash_window, role::window, "").place();
+    const QRect splash = find(title::splash_window, role::window, title::splash_window).place();
     EXPECT_EQ(splash.size(), QSize(320, 240));
     const QPoint off_centre = splash.center() - QRect(QPoint(), screen.size()).center();
     EXPECT_LE(off_centre.manhattanLength(), 2);
