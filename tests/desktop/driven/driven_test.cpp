@@ -97,6 +97,14 @@ Element DrivenTest::find(const std::string& title, std::string_view role,
     return *found;
 }
 
+std::optional<Element> DrivenTest::focused(const std::string& title) const {
+    for (const Element& candidate : windows_titled(title))
+        for (const Element& element : candidate.all_showing())
+            if (element.is_focused())
+                return element;
+    return std::nullopt;
+}
+
 QPoint DrivenTest::picture(const std::string& title) const {
     return find(title, role::picture, "Camera picture").place().center();
 }

@@ -41,6 +41,7 @@ inline constexpr const char* selector = "combo box";
 inline constexpr const char* entry = "text";
 inline constexpr const char* list_item = "list item";
 inline constexpr const char* picture = "image";
+inline constexpr const char* link = "link";
 } // namespace role
 
 namespace colour {
@@ -81,6 +82,8 @@ class DrivenTest : public ::testing::Test {
     /// The first thing of that role in the window whose name or text begins so, once it shows.
     /// Throws where it never does.
     Element find(const std::string& title, std::string_view role, std::string_view beginning) const;
+    /// What has the keyboard in the window.
+    std::optional<Element> focused(const std::string& title) const;
     /// The middle of the camera's picture.
     QPoint picture(const std::string& title) const;
 

@@ -20,7 +20,8 @@ enum class Key : xcb_keysym_t {
     home = 0xff50,
     up = 0xff52,
     down = 0xff54,
-    end = 0xff57
+    end = 0xff57,
+    menu = 0xff67
 };
 
 /// The user's hands on mouse and keyboard. What they do goes to whatever window lies under the
