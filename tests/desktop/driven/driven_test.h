@@ -39,6 +39,7 @@ inline constexpr const char* button = "push button";
 inline constexpr const char* check_box = "check box";
 inline constexpr const char* selector = "combo box";
 inline constexpr const char* entry = "text";
+inline constexpr const char* label = "label";
 inline constexpr const char* list_item = "list item";
 inline constexpr const char* picture = "image";
 inline constexpr const char* link = "link";
@@ -58,17 +59,17 @@ demo::Responder showing(const QColor& colour);
 /// Whether two colours differ by no more than a JPEG makes them differ.
 bool is_like(const QColor& one, const QColor& other);
 
-/// A camera of the list; its path on the tests' own server is its title behind a slash.
+/// The titles of cameras.
 using Titles = std::vector<std::string>;
 
 /// The real program, driven and watched from outside: through the windows, pixels and texts on the
 /// screen, the files in its folder, the requests to its cameras and the status that it ends with.
-/// Whatever a test did, the program must be there at its end, and end well when it is closed.
+/// Whatever a test did, the program must end well when it is closed at the test's end.
 class DrivenTest : public ::testing::Test {
   protected:
     void TearDown() override;
 
-    /// Writes a list of cameras that all live on `cameras`.
+    /// Writes a list of cameras of `cameras`, where the path of each is its title behind a slash.
     void write_list(const Titles& titles) const;
     /// Starts the program and doesn't wait for anything.
     void launch(const QProcessEnvironment& variables = {});

@@ -47,7 +47,7 @@ TEST_F(Fullscreen, OpensAndLeavesOnADoubleClick) {
     }));
     EXPECT_TRUE(goes(title::main_window));
     EXPECT_TRUE(comes_to_show(whole_screen().center(), colour::red));
-    EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::any, "Harbour"));
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::label, "Harbour"));
     EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::any, "Screenshot taken: "));
     cameras->answer("/Harbour", showing(colour::blue));
     EXPECT_TRUE(comes_to_show(whole_screen().center(), colour::blue));
@@ -77,7 +77,7 @@ TEST_F(Fullscreen, HasAPanelThatPicksCameras) {
          {std::pair("Tower", colour::blue), std::pair("Harbour", colour::red)}) {
         pick(camera);
         EXPECT_TRUE(comes_to_show(whole_screen().center(), its_colour));
-        EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label", camera));
+        EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::label, camera));
     }
     hands.double_click(whole_screen().center());
     ASSERT_TRUE(comes_up(title::main_window));
