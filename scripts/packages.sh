@@ -85,6 +85,7 @@ install_packaging_packages() {
         man-db \
         mandoc \
         shellcheck \
+        wmctrl \
         xdotool
 }
 
