@@ -25,9 +25,11 @@ launch() {
         http_proxy="$unserved_proxy" "$@" "$unpacked/usr/bin/$(value_in_desktop_entry Exec)"
 }
 
+# The splash window, which desktops call a utility, has the same name for a moment. A window that
+# goes away under the search makes it fail loudly.
 find_main_window() {
-    # A window that goes away under the search makes it fail loudly; it is tried again.
-    window=$(xdotool search --onlyvisible --name '^Lookfar$' 2>/dev/null)
+    window=$(xdotool search --onlyvisible --name '^Lookfar$' 2>/dev/null) &&
+        [[ $(xprop -id "$window" _NET_WM_WINDOW_TYPE) != *UTILITY* ]]
 }
 
 open_main_window() {
