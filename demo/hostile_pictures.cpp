@@ -4,6 +4,9 @@
 #include "demo/picture_answer.h"
 #include "demo/scenes.h"
 
+#include <QBuffer>
+#include <QImageWriter>
+
 #include <stdexcept>
 #include <string_view>
 
@@ -80,6 +83,24 @@ Answer picture_with_large_metadata() {
     Answer answer = small_picture();
     answer.body.insert(after_start_marker, metadata);
     return answer;
+}
+
+Answer picture_of_many_scans() {
+    constexpr int scan_count = 10'000;
+    constexpr std::size_t end_marker_length = 2;
+    QBuffer file;
+    QImageWriter writer(&file, "jpeg");
+    writer.setProgressiveScanWrite(true);
+    writer.write(plain_image({160, 120}));
+    std::string jpeg = file.data().toStdString();
+    const std::size_t end = jpeg.size() - end_marker_length;
+    const std::size_t last_scan = jpeg.rfind("\xFF\xDA");
+    std::string scans;
+    for (int count = 0; count < scan_count; ++count) {
+        scans.append(jpeg, last_scan, end - last_scan);
+    }
+    jpeg.insert(end, scans);
+    return {.status = 200, .content_type = "image/jpeg", .body = jpeg, .headers = {}, .delay = {}};
 }
 
 Answer long_animation() {

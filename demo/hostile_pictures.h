@@ -21,6 +21,9 @@ Answer plain_picture(QSize size);
 /// The small picture behind ten megabytes of metadata.
 Answer picture_with_large_metadata();
 
+/// A JPEG of 160 x 120 pixels that comes clearer step by step, in ten thousand steps.
+Answer picture_of_many_scans();
+
 /// A GIF of 160 x 120 pixels and 10,000 frames, all alike.
 Answer long_animation();
 

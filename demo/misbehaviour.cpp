@@ -154,6 +154,7 @@ void install_hostile_answers(CameraServer& server) {
     server.answer("/one-row", always(plain_picture({30'000, 1})));
     server.answer("/one-column", always(plain_picture({1, 30'000})));
     server.answer("/large-metadata", made_on_request(picture_with_large_metadata));
+    server.answer("/many-scans", made_on_request(picture_of_many_scans));
     server.answer("/animation", made_on_request(long_animation));
     server.answer("/gzip-bomb", made_on_request(gzip_bomb));
     server.answer("/pixel-bomb", made_on_request(pixel_bomb));

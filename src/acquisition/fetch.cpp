@@ -2,7 +2,7 @@
 
 #include "acquisition/picture_file.h"
 #include "pipeline/fullscreen_window.h"
-#include "runtime/jpeg_end.h"
+#include "runtime/jpeg_markers.h"
 #include "runtime/numbers.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "runtime/picture_decoder.h"
 
 #include "runtime/failure.h"
-#include "runtime/jpeg_end.h"
+#include "runtime/jpeg_markers.h"
 #include "runtime/png_texts.h"
 
 #include <QBuffer>
@@ -57,6 +57,8 @@ QImage read_image(std::span<const std::uint8_t> bytes) {
     refuse_size(reader.size());
     if (is_cut_short_jpeg(bytes))
         refuse("The picture ends too early.");
+    if (has_too_many_scans(bytes))
+        refuse("The picture is stored in too many scans.");
     QImage image = reader.read();
     if (image.isNull())
         refuse("The picture can't be decoded: " + reader.errorString().toStdString());

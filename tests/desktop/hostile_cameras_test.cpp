@@ -126,6 +126,7 @@ TEST_F(HostileCameras, ShowAnErrorInPlaceOfAPicture) {
         {"/huge-picture", 481, "The picture is too large: 60000 x 60000 pixels."},
         {"/pixel-bomb", 481, "The picture is too large: 20000 x 20000 pixels."},
         {"/truncated", 481, "The picture ends too early."},
+        {"/many-scans", 481, "The picture is stored in too many scans."},
         {"/gzip-bomb", 481, "The camera's answer is not a picture."},
     };
     for (ErrorCase expected : cases) {

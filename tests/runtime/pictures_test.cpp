@@ -1,5 +1,5 @@
 #include "runtime/failure.h"
-#include "runtime/jpeg_end.h"
+#include "runtime/jpeg_markers.h"
 #include "runtime/picture_decoder.h"
 #include "runtime/png_texts.h"
 #include "support/pictures.h"
@@ -138,6 +138,21 @@ TEST(Pictures, OfTheJpegKindAreCutShortWithoutTheirLastMarker) {
     const Bytes thumbnail{0xFF, 0xD8, 0xFF, 0xE1, 0x00, 0x06, 0xFF, 0xD9, 0xFF, 0xD9};
     EXPECT_TRUE(is_cut_short_jpeg(thumbnail));
     EXPECT_FALSE(is_cut_short_jpeg(picture_file(8, 8, 0, "png")));
+}
+
+TEST(Pictures, OfTheJpegKindMayHaveAHundredScans) {
+    // A scan's header may hold what looks like another one.
+    const Bytes scan{0xFF, 0xDA, 0x00, 0x04, 0xFF, 0xDA, 0x11, 0xFF, 0x00};
+    const auto jpeg_of_scans = [&scan](int count) {
+        Bytes jpeg{0xFF, 0xD8};
+        for (int number = 0; number < count; ++number)
+            jpeg.insert(jpeg.end(), scan.begin(), scan.end());
+        jpeg.insert(jpeg.end(), {0xFF, 0xD9});
+        jpeg.insert(jpeg.end(), scan.begin(), scan.end());
+        return jpeg;
+    };
+    EXPECT_FALSE(has_too_many_scans(jpeg_of_scans(100)));
+    EXPECT_TRUE(has_too_many_scans(jpeg_of_scans(101)));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // A JPEG is cut short up to some byte and whole from there on, whatever follows.
-#include "runtime/jpeg_end.h"
+#include "runtime/jpeg_markers.h"
 #include "fuzz/support/expect.h"
 
 #include <cstddef>
