@@ -18,6 +18,7 @@ SplashWindow::SplashWindow(Program& program)
       Form1(program.Form1) {
     Timer1.Tick.connect(this, &SplashWindow::Timer1_Timer);
     Timer2.Tick.connect(this, &SplashWindow::Timer2_Timer);
+    QueryUnload.connect(this, &SplashWindow::Form_QueryUnload);
 }
 
 void SplashWindow::Timer1_Timer() {
@@ -44,6 +45,11 @@ void SplashWindow::Timer2_Timer() {
     Line2.X1 = Label2.Left;
     Line2.X2 = Label2.Left + Label2.Width;
     Label2.Caption = T + T + T;
+}
+
+/// The window has no close box; without it nothing would bring up the main window.
+void SplashWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
+    Cancel = -1;
 }
 
 } // namespace lookfar

@@ -55,6 +55,7 @@ class SplashWindow : public Form {
   private:
     void Timer1_Timer();
     void Timer2_Timer();
+    void Form_QueryUnload(short& Cancel, short UnloadMode);
 
     Window<MainWindow>& Form1;
 };
