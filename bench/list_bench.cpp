@@ -55,8 +55,8 @@ void read_and_sort_titles() {
 void copy_safely() {
     const std::string content = testing::content_of("Cams.inf");
     const int file = ::open("copy", O_WRONLY | O_CREAT | O_TRUNC, 0666);
-    const ssize_t written = ::write(file, content.data(), content.size());
-    if (written != static_cast<ssize_t>(content.size()) || ::fsync(file) != 0)
+    const auto size = static_cast<ssize_t>(content.size());
+    if (file == -1 || ::write(file, content.data(), content.size()) != size || ::fsync(file) != 0)
         throw std::runtime_error("The list can't be copied.");
     ::close(file);
     std::filesystem::rename("copy", "Cams.inf");

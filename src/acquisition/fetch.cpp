@@ -54,6 +54,8 @@ short whole_seconds(float start, float end) {
 
 } // namespace
 
+// The text that a caller gives may change while the handler waits, so that this is a copy.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void MainWindow::GetRESOURCE(std::string url) {
     const float start = runtime.SecondsSinceMidnight();
     try {

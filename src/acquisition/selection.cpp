@@ -30,7 +30,7 @@ void MainWindow::Timer2_Timer() {
     float c = 0;
     do
         c = std::floor(runtime.random().Rnd() * static_cast<float>(Combo1.ListCount()));
-    while (c == Combo1.ListIndex);
+    while (c == static_cast<float>(Combo1.ListIndex));
     Form2->Combo1.Text = Combo1.List(static_cast<short>(c));
     if (Combo1.Text != Form2->Combo1.Text)
         Combo1.Text = Form2->Combo1.Text;

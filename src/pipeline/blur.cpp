@@ -46,7 +46,7 @@ std::ptrdiff_t blur_inside(std::uint8_t* bytes, std::ptrdiff_t first, std::ptrdi
                            std::ptrdiff_t stride) {
     // The row above a block must be finished before the block is begun.
     const std::ptrdiff_t longest = std::min(block_size, stride - stride % pixel);
-    std::array<std::uint16_t, block_size> sums;
+    std::array<std::uint16_t, block_size> sums{};
     while (longest > 0 && end - first >= pixel) {
         const std::ptrdiff_t count = std::min(longest, end - first - (end - first) % pixel);
         add_neighbours(bytes + first, count, stride, sums.data());

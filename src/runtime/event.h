@@ -17,6 +17,7 @@ class Event {
     Event() = default;
     Event(const Event&) = delete;
     Event& operator=(const Event&) = delete;
+    ~Event() = default;
 
     void connect(Handler handler) { handlers_.push_back(std::move(handler)); }
 

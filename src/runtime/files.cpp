@@ -128,7 +128,7 @@ bool NumberedFiles::fill(OpenFile& file) {
         return true;
     if (file.mode != OpenMode::read)
         throw Failure(failure_number::bad_file_number, file.path + " is not open for reading.");
-    std::array<std::uint8_t, block_size> block;
+    std::array<std::uint8_t, block_size> block{};
     const std::size_t count = file.file->read(block);
     file.buffer.assign(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count));
     file.position = 0;

@@ -55,9 +55,10 @@ Reading read_number(std::string_view text) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::invalid_argument)
         return {.found = false, .value = 0, .rest = text};
+    const auto length = static_cast<std::size_t>(end - text.data());
     if (error == std::errc::result_out_of_range)
-        value = value_out_of_range({text.data(), end});
-    text.remove_prefix(static_cast<std::size_t>(end - text.data()));
+        value = value_out_of_range(std::string(text.substr(0, length)));
+    text.remove_prefix(length);
     return {.found = true, .value = is_negative ? -value : value, .rest = text};
 }
 

@@ -40,7 +40,7 @@ void refuse_size(QSize size) {
 /// Lets the reader allocate the largest picture in its widest format, four channels of two bytes.
 void raise_allocation_limit() {
     constexpr long long bytes_per_pixel = 8;
-    constexpr long long bytes_per_megabyte = 1024 * 1024;
+    constexpr long long bytes_per_megabyte = 1024LL * 1024;
     QImageReader::setAllocationLimit(
         static_cast<int>(largest_picture * bytes_per_pixel / bytes_per_megabyte));
 }

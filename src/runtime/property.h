@@ -29,10 +29,13 @@ class Property {
     Property(Element& owner, Value design_value, PropertyRules<Value> rules = {})
         : owner_(owner), value_(std::move(design_value)), rules_(std::move(rules)) {}
     Property(const Property&) = delete;
+    ~Property() = default;
 
     const Value& get() const { return value_; }
     operator const Value&() const { return value_; }
 
+    // The other assignment takes a copy of the value.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     Property& operator=(const Property& other) { return *this = other.value_; }
     Property& operator=(Value value) {
         if (rules_.refuse)
@@ -79,6 +82,7 @@ class DerivedProperty {
     DerivedProperty(std::function<Value()> read, std::function<void(const Value&)> write)
         : read_(std::move(read)), write_(std::move(write)) {}
     DerivedProperty(const DerivedProperty&) = delete;
+    ~DerivedProperty() = default;
 
     Value get() const { return read_(); }
     operator Value() const { return read_(); }

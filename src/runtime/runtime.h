@@ -21,6 +21,8 @@ class Form;
 class Runtime {
   public:
     explicit Runtime(Platform& platform);
+    Runtime(const Runtime&) = delete;
+    Runtime& operator=(const Runtime&) = delete;
     ~Runtime();
 
     Platform& platform() { return platform_; }

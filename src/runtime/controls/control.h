@@ -15,6 +15,8 @@ class Form;
 class Control : public Element {
   public:
     Control(Form& owner, bool visible);
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
     ~Control() override;
 
     virtual void accept(ControlVisitor& visitor) = 0;

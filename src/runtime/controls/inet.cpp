@@ -50,6 +50,8 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
         {.url = url, .timeout = std::chrono::seconds(RequestTimeout)},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
     runtime.platform().wait_until([this] { return outcome_.has_value(); });
+    // The wait has brought an outcome.
+    // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
     return body_of(*std::exchange(outcome_, std::nullopt));
 }
 

@@ -37,10 +37,9 @@ short ListEntries::find(const std::string& text) const {
 std::vector<std::uint16_t>::iterator ListEntries::place_of(const Entry& entry) {
     if (!sorted_)
         return order_.end();
-    return std::upper_bound(order_.begin(), order_.end(), entry,
-                            [this](const Entry& added, std::uint16_t index) {
-                                return added.sort_key < entries_[index].sort_key;
-                            });
+    return std::ranges::upper_bound(
+        order_, entry.sort_key, {},
+        [this](std::uint16_t index) -> const std::u32string& { return entries_[index].sort_key; });
 }
 
 } // namespace lookfar

@@ -20,6 +20,8 @@ struct TimerDesign {
 class Timer : public Element {
   public:
     Timer(Form& owner, const TimerDesign& design);
+    Timer(const Timer&) = delete;
+    Timer& operator=(const Timer&) = delete;
     ~Timer() override;
 
     /// A write of the value that it has does not restart the count.

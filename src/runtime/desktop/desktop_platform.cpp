@@ -36,12 +36,12 @@ QIcon icon_of(const std::vector<std::span<const std::uint8_t>>& files) {
     return icon;
 }
 
-void prepare(QApplication& application) {
+void prepare() {
     QApplication::setApplicationName(QStringLiteral("Lookfar"));
     // By this name a desktop finds the desktop entry, and so the icon, of a window.
     QGuiApplication::setDesktopFileName(QStringLiteral(LOOKFAR_APPLICATION_ID));
     QApplication::setStyle(std::make_unique<desktop::CompactStyle>().release());
-    application.setQuitOnLastWindowClosed(false);
+    QGuiApplication::setQuitOnLastWindowClosed(false);
     // Numbers are written with a decimal point wherever the user lives.
     std::setlocale(LC_NUMERIC, "C");
 }
@@ -52,7 +52,7 @@ struct DesktopPlatform::Parts {
     Parts(int& argument_count, char** arguments,
           const std::vector<std::span<const std::uint8_t>>& icons)
         : application(argument_count, arguments), windows(icon_of(icons)), gate(windows) {
-        prepare(application);
+        prepare();
         application.installEventFilter(&gate);
     }
     Parts(const Parts&) = delete;
