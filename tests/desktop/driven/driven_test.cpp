@@ -162,6 +162,8 @@ void DrivenTest::fill_in(const std::string& title, std::string_view name, const 
     hands.press(Key::home);
     hands.press_with_shift(Key::end);
     hands.type(text);
+    if (!comes_true([&] { return entry.text() == text.toStdString(); }))
+        throw std::runtime_error("The text box does not take what is typed.");
 }
 
 void DrivenTest::close(const std::string& title) {

@@ -99,7 +99,7 @@ class DrivenTest : public ::testing::Test {
     // What the user does.
 
     void click(const std::string& title, std::string_view role, std::string_view beginning);
-    /// Replaces what stands in a text box.
+    /// Replaces what stands in a text box. Throws where that does not take it.
     void fill_in(const std::string& title, std::string_view name, const QString& text);
     void close(const std::string& title);
 
