@@ -31,9 +31,8 @@ struct Options {
 
 std::optional<std::uint16_t> parse_port(std::string_view text) {
     std::uint16_t port = 0;
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, port);
-    if (error != std::errc() || stop != end) {
+    const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), port);
+    if (error != std::errc() || stop != text.data() + text.size()) {
         return std::nullopt;
     }
     return port;
@@ -92,7 +91,8 @@ void serve(const Options& options, const sigset_t& awaited) {
         write_list(server, *options.list_file);
     }
     std::cout << "lookfar-cameras: " << cameras().size() << " cameras at " << server.url("/")
-              << std::endl;
+              << '\n'
+              << std::flush;
     wait_for(awaited);
 }
 

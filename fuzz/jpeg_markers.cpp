@@ -1,4 +1,5 @@
-// A JPEG is cut short up to some byte and whole from there on, whatever follows.
+// A JPEG is cut short up to some byte and whole from there on, and it may have too many scans from
+// some byte on. What follows changes neither.
 #include "runtime/jpeg_markers.h"
 #include "fuzz/support/expect.h"
 
@@ -12,22 +13,31 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// In a buffer of its own of exactly this size, so that no byte behind it can be read.
-bool is_cut_short(std::span<const std::uint8_t> bytes) {
-    return is_cut_short_jpeg(Bytes(bytes.begin(), bytes.end()));
+struct Answers {
+    bool is_whole = false;
+    bool has_too_many_scans = false;
+};
+
+/// From a buffer of its own of exactly this size, so that no byte behind it can be read.
+Answers answers_for(std::span<const std::uint8_t> bytes) {
+    const Bytes own(bytes.begin(), bytes.end());
+    return {.is_whole = !is_cut_short_jpeg(own), .has_too_many_scans = has_too_many_scans(own)};
 }
 
 void check(std::span<const std::uint8_t> segments) {
     Bytes jpeg{0xFF, 0xD8};
     jpeg.insert(jpeg.end(), segments.begin(), segments.end());
-    bool is_whole = false;
+    Answers before;
     for (std::size_t size = 2; size <= jpeg.size(); ++size) {
         const std::span bytes = std::span(jpeg).first(size);
-        const bool was_whole = is_whole;
-        is_whole = !is_cut_short(bytes);
-        expect(is_whole || !was_whole, "more bytes cut no picture short");
-        expect(!is_whole || was_whole || (bytes[size - 2] == 0xFF && bytes[size - 1] == 0xD9),
+        const Answers now = answers_for(bytes);
+        expect(now.is_whole || !before.is_whole, "more bytes cut no picture short");
+        expect(now.has_too_many_scans || !before.has_too_many_scans,
+               "more bytes take no scan away");
+        const bool ends = bytes[size - 2] == 0xFF && bytes[size - 1] == 0xD9;
+        expect(before.is_whole || !now.is_whole || ends,
                "a picture becomes whole with its end marker");
+        before = now;
     }
 }
 
@@ -36,7 +46,7 @@ void check(std::span<const std::uint8_t> segments) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t longest_for_every_prefix = 512;
-    lookfar::fuzz::is_cut_short({data, size});
+    lookfar::fuzz::answers_for({data, size});
     if (size <= longest_for_every_prefix)
         lookfar::fuzz::check({data, size});
     return 0;

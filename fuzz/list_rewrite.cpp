@@ -24,10 +24,10 @@ enum class Change { remove, add, edit };
 struct Script {
     std::string title;
     catalogue::Camera camera;
-    Change change;
-    bool may_overwrite;
-    std::size_t longest_read;
-    std::size_t operations_before_failure;
+    Change change = Change::remove;
+    bool may_overwrite = false;
+    std::size_t longest_read = 1;
+    std::size_t operations_before_failure = 0;
     /// Nothing for a list file that is missing.
     List list;
 };

@@ -9,11 +9,13 @@ namespace {
 
 Picture picture_of(int width, int height, const std::function<QRgb(int, int)>& colour_at) {
     const int stride = stride_of(width);
-    auto bytes = std::make_shared<std::uint8_t[]>(static_cast<std::size_t>(stride * height));
+    auto bytes = std::make_shared<std::uint8_t[]>(static_cast<std::size_t>(stride) *
+                                                  static_cast<std::size_t>(height));
     for (int row = 0; row < height; ++row)
         for (int column = 0; column < width; ++column) {
             const QRgb colour = colour_at(column, row);
-            std::uint8_t* const pixel = bytes.get() + row * stride + column * 3;
+            std::uint8_t* const pixel =
+                bytes.get() + std::ptrdiff_t{row} * stride + std::ptrdiff_t{column} * 3;
             pixel[0] = static_cast<std::uint8_t>(qRed(colour));
             pixel[1] = static_cast<std::uint8_t>(qGreen(colour));
             pixel[2] = static_cast<std::uint8_t>(qBlue(colour));
@@ -30,7 +32,7 @@ TEST(ReducedPicture, IsDividedByTheLargestFactorThatLeavesNoRestAndEnoughPixels)
     const struct {
         QSize picture;
         QSize size;
-        int factor;
+        int factor = 1;
     } cases[] = {
         {{384, 216}, {192, 108}, 2}, {{384, 216}, {32, 18}, 12},  {{384, 216}, {33, 18}, 8},
         {{384, 216}, {384, 216}, 1}, {{384, 216}, {800, 600}, 1}, {{384, 216}, {10, 100}, 2},

@@ -68,7 +68,8 @@ class MessageLoop {
     std::deque<std::function<void()>> queue_;
 };
 
-demo::Responder always(int status, std::string body, std::vector<demo::Header> headers = {}) {
+demo::Responder always(int status, const std::string& body,
+                       const std::vector<demo::Header>& headers = {}) {
     return [=](const demo::Request&) {
         return demo::Answer{.status = status,
                             .content_type = "text/plain",
@@ -78,7 +79,7 @@ demo::Responder always(int status, std::string body, std::vector<demo::Header> h
     };
 }
 
-demo::Responder raw(std::string bytes) {
+demo::Responder raw(const std::string& bytes) {
     return [bytes](const demo::Request&) {
         return demo::RawAnswer([bytes](demo::ReplyStream& stream) { stream.write(bytes); });
     };
@@ -146,8 +147,8 @@ class Transfers : public testing::Test {
     std::atomic<bool> is_stalling = false;
     demo::CameraServer server;
     MessageLoop loop;
-    std::optional<CurlTransfers> transfers{
-        [this](std::function<void()> work) { loop.post(std::move(work)); }};
+    std::unique_ptr<CurlTransfers> transfers = std::make_unique<CurlTransfers>(
+        [this](std::function<void()> work) { loop.post(std::move(work)); });
 };
 
 TEST_F(Transfers, HandOverTheBodyWhateverTheStatus) {
@@ -258,8 +259,8 @@ TEST_F(Transfers, AnswerAnyChallengeWithThePasswordAndTellNoOtherHost) {
         return always(200, "elsewhere")(request);
     });
     const std::vector<std::pair<std::string, std::string>> answers = {
-        {"Basic realm=\"camera\"", "Basic Z3Vlc3Q6c2VjcmV0"},
-        {"Digest realm=\"camera\", nonce=\"1\"", "Digest username=\"guest\""}};
+        {R"(Basic realm="camera")", "Basic Z3Vlc3Q6c2VjcmV0"},
+        {R"(Digest realm="camera", nonce="1")", R"(Digest username="guest")"}};
     for (const auto& [asked, answered] : answers) {
         challenge = asked;
         EXPECT_EQ(text_of(fetch("http://guest:secret@" + host() + "/locked")), "elsewhere");

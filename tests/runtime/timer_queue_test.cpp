@@ -19,7 +19,7 @@ struct TimerTicks : ::testing::Test {
     const char* const names = "ABC";
 
     void start(
-        int timer, int interval, std::function<void()> more = [] {}) {
+        int timer, int interval, const std::function<void()>& more = [] {}) {
         queue.start(&names[timer], milliseconds(interval), [this, timer, more] {
             ticks += names[timer];
             more();

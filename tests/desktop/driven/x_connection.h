@@ -8,6 +8,8 @@
 namespace lookfar::driven {
 
 struct Freed {
+    // The X library gives its replies away as memory to free.
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
     void operator()(void* memory) const { std::free(memory); }
 };
 
