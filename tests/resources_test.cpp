@@ -17,7 +17,8 @@ TEST(Resources, HoldTheIconInEverySizeWithTransparentCorners) {
         EXPECT_EQ(icon.height, pixels);
         ASSERT_NE(icon.opacity, nullptr) << pixels;
         EXPECT_EQ(icon.opacity[0], 0) << pixels;
-        const auto centre = static_cast<std::size_t>(pixels / 2 * pixels + pixels / 2);
+        const std::ptrdiff_t middle = pixels / 2;
+        const std::ptrdiff_t centre = middle * pixels + middle;
         EXPECT_EQ(icon.opacity[centre], 255) << pixels;
     }
     EXPECT_THROW(resources::icon(20), std::out_of_range);
@@ -30,7 +31,7 @@ TEST(Resources, HoldTheTestCardAndTheSplashPicture) {
     const Pixels splash = decode_pixels(resources::splash());
     EXPECT_EQ(splash.width, 320);
     EXPECT_EQ(splash.height, 240);
-    const auto row_of_the_text = splash.bytes.get() + 176 * splash.stride;
+    const auto row_of_the_text = splash.bytes.get() + std::ptrdiff_t{176} * splash.stride;
     EXPECT_EQ(std::count(row_of_the_text, row_of_the_text + 960, 255), 960);
 }
 

@@ -9,8 +9,8 @@ namespace {
 
 TEST(Fetch, FitsThePictureWholeAndCentredIntoBothWindows) {
     const struct {
-        int width;
-        int height;
+        int width = 0;
+        int height = 0;
         Bounds main;
         Bounds fullscreen;
     } cases[] = {

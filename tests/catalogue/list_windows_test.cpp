@@ -20,7 +20,7 @@ struct ListWindows : ::testing::Test {
         Form1->Command1.Click.raise();
     }
     void answer(short button) {
-        machine.platform.box_answers.push_back([button](const MessageBox&) { return button; });
+        machine.platform.box_answers.emplace_back([button](const MessageBox&) { return button; });
     }
     void save(const std::string& title, const std::string& url) {
         Form4->Text1.Text = title;
@@ -133,7 +133,7 @@ TEST_F(ListWindows, AskBeforeTheyOverwriteACamera) {
 TEST_F(ListWindows, SkipTheRefreshUnderTheQuestionOfTheEditor) {
     Form3->Command1.Click.raise();
     const auto requests = machine.platform.requests.size();
-    machine.platform.box_answers.push_back([&](const MessageBox&) {
+    machine.platform.box_answers.emplace_back([&](const MessageBox&) {
         Form1->Command2.Click.raise();
         return message_box_answer::yes;
     });

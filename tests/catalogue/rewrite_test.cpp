@@ -59,7 +59,7 @@ TEST_F(Rewrite, LeavesEveryRecordWithTheRemovedTitleOut) {
 }
 
 TEST_F(Rewrite, PutsTheSavedCameraInItsPlace) {
-    const auto save = [this](std::optional<std::string> replaced) {
+    const auto save = [this](const std::optional<std::string>& replaced) {
         return [this, replaced] {
             EXPECT_EQ(catalogue::save_camera(files, saved(replaced)), SaveOutcome::done);
         };

@@ -31,7 +31,7 @@ const Change changes[] = {
      old_list + "d\r\nud\r\n"},
     {"a removal",
      [](Machine& machine) {
-         machine.platform.box_answers.push_back(
+         machine.platform.box_answers.emplace_back(
              [](const MessageBox&) { return message_box_answer::yes; });
          machine.Form3->Command2.Click.raise();
      },

@@ -33,8 +33,8 @@ class Misbehaviour : public testing::Test {
 /// What a decoder learns of a picture file.
 struct Traits {
     QSize size;
-    int frames;
-    std::size_t bytes;
+    int frames = 0;
+    std::size_t bytes = 0;
 };
 
 Traits traits_of(const Answer& answer) {

@@ -79,7 +79,6 @@ TEST_F(AccessibilityTest, EverythingInEveryWindowHasItsRoleAndName) {
     cameras->answer("/camera", demo::hang_up());
     start({"/camera"});
     settle();
-    const std::string status = program.Form2->Label4.Caption;
     expect_all(*program.Form1.operator->(),
                {{QAccessible::Window, "Lookfar"},
                 {QAccessible::ComboBox, "/camera"},

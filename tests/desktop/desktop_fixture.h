@@ -78,7 +78,8 @@ inline PictureReference plain_picture(int width, int height, std::uint8_t red, s
     auto bytes = std::make_shared<std::uint8_t[]>(count);
     for (int row = 0; row < height; ++row)
         for (int column = 0; column < width; ++column) {
-            std::uint8_t* const first = &bytes[static_cast<std::size_t>(row * stride + column * 3)];
+            std::uint8_t* const first =
+                &bytes[std::ptrdiff_t{row} * stride + std::ptrdiff_t{column} * 3];
             first[0] = red;
             first[1] = green;
             first[2] = blue;

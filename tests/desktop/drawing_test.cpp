@@ -12,7 +12,7 @@
 namespace lookfar::desktop {
 namespace {
 
-constexpr FormDesign black_form{.Client = {3000, 3000}, .BackColor = colour::black};
+const FormDesign black_form{.Client = {3000, 3000}, .BackColor = colour::black};
 
 class DrawingTest : public DesktopTest {};
 

@@ -111,13 +111,13 @@ TEST_F(ProgramTest, PutsTheFilteredBytesOnTheScreenAtNaturalSize) {
     settle();
     const QImage screen = pixels(form);
     const auto bytes = form.ImagNT1.Picture.get()->bytes();
-    const int stride = form.ImagNT1.Picture.get()->stride();
+    const std::ptrdiff_t stride = form.ImagNT1.Picture.get()->stride();
     constexpr int left = 4;
     constexpr int top = 8;
     // The frame lies over the outermost pixels.
     for (int y = 1; y < 240; ++y)
         for (int x = 1; x < 320; ++x) {
-            const auto* const expected = &bytes[static_cast<std::size_t>(y * stride + 3 * x)];
+            const auto* const expected = bytes.data() + y * stride + std::ptrdiff_t{3} * x;
             ASSERT_EQ(screen.pixel(left + x, top + y), qRgb(expected[0], expected[1], expected[2]))
                 << x << " " << y;
         }

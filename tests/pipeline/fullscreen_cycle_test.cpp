@@ -27,7 +27,7 @@ struct Pipeline : ::testing::Test {
         machine.start();
         raw = bytes_of(Form1->ImagNT1);
     }
-    std::vector<std::uint8_t> filtered(int times) {
+    std::vector<std::uint8_t> filtered(int times) const {
         auto bytes = raw;
         for (int pass = 0; pass < times; ++pass)
             blur(bytes, 48, 192);

@@ -14,8 +14,8 @@ namespace lookfar::testing {
 namespace {
 
 struct ReadingCase {
-    const char* text;
-    double lenient;
+    const char* text = nullptr;
+    double lenient = 0;
     std::optional<double> strict;
 };
 

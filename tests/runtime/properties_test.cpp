@@ -140,6 +140,8 @@ struct Loaded : Form {
         Load.connect([this] { log_ += "load;"; });
         Unload.connect([this] { log_ += "unload;"; });
     }
+    Loaded(const Loaded&) = delete;
+    Loaded& operator=(const Loaded&) = delete;
     ~Loaded() override { log_ += "gone;"; }
 
   private:

@@ -17,6 +17,8 @@ class ScriptedTransfer : public Transfer {
   public:
     ScriptedTransfer(std::shared_ptr<bool> is_wanted, int& abandoned)
         : is_wanted_(std::move(is_wanted)), abandoned_(abandoned) {}
+    ScriptedTransfer(const ScriptedTransfer&) = delete;
+    ScriptedTransfer& operator=(const ScriptedTransfer&) = delete;
     ~ScriptedTransfer() override {
         if (*is_wanted_)
             ++abandoned_;

@@ -1,9 +1,9 @@
 #include "support/temporary_folder.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
-#include <stdlib.h>
 
 namespace lookfar::testing {
 

@@ -116,7 +116,7 @@ QImage Screen::pixels(const QRect& area) const {
     if (!reply)
         return {};
     const QImage shared(xcb_get_image_data(reply.get()), seen.width(), seen.height(),
-                        seen.width() * 4, QImage::Format_RGB32);
+                        qsizetype{seen.width()} * 4, QImage::Format_RGB32);
     return shared.copy();
 }
 

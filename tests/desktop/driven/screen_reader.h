@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+// The library names it so.
+// NOLINTNEXTLINE(readability-identifier-naming)
 struct _AtspiAccessible;
 
 namespace lookfar::driven {
