@@ -11,13 +11,10 @@
 #include "splash/splash_window.h"
 
 #include <QAccessible>
-#include <QMenu>
 #include <QPointer>
 
 #include <algorithm>
-#include <array>
 #include <optional>
-#include <utility>
 
 namespace lookfar::desktop {
 namespace {
@@ -224,22 +221,6 @@ TEST_F(ReadableFormTest, ArrowsAreAValueWithinTheirLimits) {
     EXPECT_EQ(form->UpDown1.Value, 10);
     EXPECT_EQ(value->minimumValue().toInt(), 1);
     EXPECT_EQ(value->maximumValue().toInt(), 10);
-}
-
-TEST_F(AccessibilityTest, TheMenuOpensByTheKeyboard) {
-    cameras->answer("/camera", picture(32, 24));
-    start({"/camera"});
-    WindowView& view = window(*program.Form1.operator->());
-    const std::array<std::pair<Qt::Key, Qt::KeyboardModifier>, 2> keys{
-        {{Qt::Key_Menu, Qt::NoModifier}, {Qt::Key_F10, Qt::ShiftModifier}}};
-    for (const auto& [key, modifier] : keys) {
-        QTest::keyClick(&widget(program.Form1->Command2), key, modifier);
-        ASSERT_TRUE(
-            comes_true([&] { return view.popup_menu() && view.popup_menu()->isVisible(); }));
-        EXPECT_EQ(view.popup_menu()->actions().front()->text(), "&Fullscreen");
-        QTest::keyClick(view.popup_menu(), Qt::Key_Escape);
-        EXPECT_FALSE(view.popup_menu()->isVisible());
-    }
 }
 
 } // namespace

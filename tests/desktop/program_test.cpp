@@ -3,17 +3,13 @@
 #include "acquisition/main_window.h"
 #include "catalogue/windows/camera_editor.h"
 #include "catalogue/windows/camera_list_window.h"
-#include "demo/misbehaviour.h"
 #include "pipeline/fullscreen_window.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QScreen>
 #include <QTimer>
 
 #include <chrono>
-#include <cstdlib>
 
 namespace lookfar::desktop {
 namespace {
@@ -45,30 +41,6 @@ TEST_F(ProgramTest, TicksOfEveryTimerComeWhileASlowCameraIsFetched) {
     EXPECT_GE(follows, 3);
     EXPECT_EQ(program.Form1->ImagNT1.Picture.get()->width(), 320);
     EXPECT_EQ(cameras->requests(), requests + 1) << "the refreshes inside were turned away";
-}
-
-TEST_F(ProgramTest, ShowsTheErrorOfACameraThatIsGoneAndRecovers) {
-    cameras->answer("/camera", picture(320, 240));
-    start({"/camera"});
-    const auto port = cameras->port();
-    MainWindow& form = *program.Form1.operator->();
-    ASSERT_TRUE(form.ImagNT1.Visible);
-    settle();
-    EXPECT_NE(pixel(form, 160, 60), 0U);
-
-    cameras.reset();
-    reload();
-    settle();
-    EXPECT_EQ(form.Label2.Caption.get(), "Error #7 ");
-    EXPECT_FALSE(form.Label3.Caption.get().empty());
-    EXPECT_EQ(pixel(form, 10, 235), 0U) << "the black ground lies open";
-
-    cameras.emplace(port);
-    cameras->answer("/camera", picture(320, 240));
-    reload();
-    settle();
-    EXPECT_FALSE(form.Label2.Visible);
-    EXPECT_NE(pixel(form, 160, 60), 0U);
 }
 
 TEST_F(ProgramTest, SendsOneRequestARefreshOverAKeptConnection) {
@@ -154,55 +126,6 @@ TEST_F(ProgramTest, GivesTheKeyboardToTheTitleAtEveryOpeningOfTheEditor) {
               "/a\r\n" + cameras->url("/a") +
                   "\r\nB\r\nhttp://127.0.0.1/\r\nC\r\nhttp://127.0.0.1/\r\n");
     EXPECT_EQ(program.Form1->Combo1.Text.get(), "C");
-}
-
-TEST_F(ProgramTest, CoversTheScreenOnADoubleClickAndComesBackOnAnother) {
-    cameras->answer("/camera", picture(320, 240));
-    start({"/camera"});
-    WindowView& small = window(*program.Form1.operator->());
-    QTest::mouseDClick(&small, Qt::LeftButton, {}, {160, 120});
-    FullscreenWindow& form = *program.Form2.operator->();
-    WindowView& large = window(form);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&large));
-    EXPECT_TRUE(comes_true([&] { return large.geometry() == large.screen()->geometry(); }));
-    EXPECT_FALSE(small.isVisible());
-    const QImage screen = pixels(form);
-    const QPoint centre = screen.rect().center();
-    EXPECT_NE(screen.pixel(centre) & 0xFFFFFFU, 0U) << "the picture is there at once";
-    const int top = static_cast<int>(form.Shape3.Top / twips_per_pixel);
-    const int left = static_cast<int>(form.Shape3.Left / twips_per_pixel);
-    const QRgb disc = screen.pixel(left + 36, top + 32);
-    EXPECT_EQ(qRgb(qBlue(disc), qGreen(disc), qRed(disc)) & 0xFFFFFFU, form.Shape3.FillColor);
-
-    const QPoint arrow(static_cast<int>(form.Command1.Left / twips_per_pixel) + 8, 16);
-    QTest::mouseClick(&large, Qt::LeftButton, {}, arrow);
-    EXPECT_EQ(form.Command1.Caption.get(), "3");
-    QTest::mouseDClick(&large, Qt::LeftButton, {}, centre);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&small));
-    EXPECT_FALSE(large.isVisible());
-}
-
-[[noreturn]] void close_during_a_fetch() {
-    demo::CameraServer cameras;
-    cameras.answer("/camera", picture(32, 24));
-    lookfar::testing::write_file("Cams.inf", "camera\r\n" + cameras.url("/camera") + "\r\n");
-    int argument_count = 0;
-    DesktopPlatform platform(argument_count, nullptr, {});
-    Program program(platform);
-    program.Form1->Show();
-    cameras.answer("/camera", demo::stall());
-    const bool has_picture = lookfar::testing::exists("data.dat");
-    QTimer::singleShot(milliseconds(200),
-                       [&] { platform.windows().view_of(*program.Form1.operator->())->close(); });
-    if (has_picture)
-        program.Form1->Command2.Click.raise();
-    std::_Exit(1);
-}
-
-TEST(ProgramEnd, ComesAtOnceWhenTheWindowIsClosedDuringAFetch) {
-    const lookfar::testing::TemporaryFolder folder;
-    EXPECT_EXIT(close_during_a_fetch(), ::testing::ExitedWithCode(0), "");
-    EXPECT_FALSE(lookfar::testing::exists("data.dat"));
 }
 
 } // namespace
