@@ -89,6 +89,11 @@ install_packaging_packages() {
         xdotool
 }
 
+# What the fuzz targets are built with, and what names the places in their reports.
+install_fuzz_packages() {
+    install_missing_packages clang-19 libclang-rt-19-dev libfuzzer-19-dev llvm-19
+}
+
 install_virtual_display_packages() {
     install_missing_packages openbox x11-utils xvfb
 }
