@@ -5,8 +5,11 @@
 #include <string_view>
 #include <vector>
 
+// The library names them so.
+// NOLINTBEGIN(readability-identifier-naming)
 struct _AtspiEvent;
 struct _AtspiEventListener;
+// NOLINTEND(readability-identifier-naming)
 
 namespace lookfar::driven {
 
