@@ -4,7 +4,7 @@
 #include "message_loop.h"
 #include "processor_time.h"
 
-#include "runtime/desktop/desktop_platform.h"
+#include "desktop/desktop_platform.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,7 +4,7 @@
 #include "refresh_bench.h"
 #include "stall_bench.h"
 
-#include "runtime/desktop/desktop_platform.h"
+#include "desktop/desktop_platform.h"
 #include "support/pictures.h"
 
 #include <benchmark/benchmark.h>

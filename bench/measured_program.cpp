@@ -3,10 +3,10 @@
 #include "message_loop.h"
 
 #include "acquisition/main_window.h"
+#include "desktop/desktop_platform.h"
+#include "desktop/window/window_view.h"
+#include "desktop/window/windows.h"
 #include "pipeline/fullscreen_window.h"
-#include "runtime/desktop/desktop_platform.h"
-#include "runtime/desktop/window_view.h"
-#include "runtime/desktop/windows.h"
 #include "splash/splash_window.h"
 
 #include <chrono>

@@ -6,8 +6,8 @@
 #include "processor_time.h"
 
 #include "acquisition/main_window.h"
-#include "runtime/desktop/desktop_platform.h"
-#include "runtime/picture_decoder.h"
+#include "desktop/desktop_platform.h"
+#include "runtime/pictures/picture_decoder.h"
 
 #include <benchmark/benchmark.h>
 

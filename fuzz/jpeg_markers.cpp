@@ -1,6 +1,6 @@
 // A JPEG is cut short up to some byte and whole from there on, and it may have too many scans from
 // some byte on. What follows changes neither.
-#include "runtime/jpeg_markers.h"
+#include "runtime/pictures/jpeg_markers.h"
 #include "fuzz/support/expect.h"
 
 #include <cstddef>

@@ -2,8 +2,8 @@
 #include "fuzz/support/expect.h"
 #include "fuzz/support/png_checksums.h"
 #include "runtime/failure.h"
-#include "runtime/picture_decoder.h"
-#include "runtime/png_texts.h"
+#include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/png_texts.h"
 
 #include <cstdint>
 #include <numeric>

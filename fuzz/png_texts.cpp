@@ -1,5 +1,5 @@
 // A PNG loses its text chunks and no other byte.
-#include "runtime/png_texts.h"
+#include "runtime/pictures/png_texts.h"
 #include "fuzz/support/expect.h"
 
 #include <algorithm>

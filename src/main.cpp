@@ -1,6 +1,6 @@
+#include "desktop/desktop_platform.h"
 #include "program.h"
 #include "resources/resources.h"
-#include "runtime/desktop/desktop_platform.h"
 
 int main(int argument_count, char** arguments) {
     using lookfar::resources::icon;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/picture.h"
+#include "runtime/pictures/picture.h"
 
 namespace lookfar {
 

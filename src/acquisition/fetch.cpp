@@ -2,8 +2,8 @@
 
 #include "acquisition/picture_file.h"
 #include "pipeline/fullscreen_window.h"
-#include "runtime/jpeg_markers.h"
 #include "runtime/numbers.h"
+#include "runtime/pictures/jpeg_markers.h"
 
 #include <algorithm>
 #include <limits>

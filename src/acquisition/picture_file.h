@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/disk.h"
+#include "runtime/files/disk.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/files.h"
+#include "runtime/files/files.h"
 
 #include <functional>
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "runtime/files.h"
-#include "runtime/picture.h"
-#include "runtime/picture_decoder.h"
+#include "runtime/files/files.h"
+#include "runtime/pictures/picture.h"
+#include "runtime/pictures/picture_decoder.h"
 #include "runtime/platform.h"
 #include "runtime/random.h"
 #include "runtime/timer_queue.h"

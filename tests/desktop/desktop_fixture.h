@@ -1,9 +1,9 @@
 #pragma once
 
+#include "desktop/desktop_platform.h"
+#include "desktop/window/window_view.h"
+#include "desktop/window/windows.h"
 #include "runtime/controls/control.h"
-#include "runtime/desktop/desktop_platform.h"
-#include "runtime/desktop/window_view.h"
-#include "runtime/desktop/windows.h"
 #include "runtime/form.h"
 #include "runtime/runtime.h"
 

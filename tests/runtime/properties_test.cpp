@@ -6,7 +6,7 @@
 #include "runtime/controls/timer.h"
 #include "runtime/failure.h"
 #include "runtime/form.h"
-#include "runtime/picture_decoder.h"
+#include "runtime/pictures/picture_decoder.h"
 #include "runtime/runtime.h"
 #include "runtime/window.h"
 #include "support/pictures.h"

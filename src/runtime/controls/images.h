@@ -1,7 +1,7 @@
 #pragma once
 
 #include "runtime/controls/control.h"
-#include "runtime/picture.h"
+#include "runtime/pictures/picture.h"
 
 #include <string>
 

@@ -1,0 +1,199 @@
+#include "desktop/desktop_platform.h"
+
+#include "desktop/accessible/accessibility.h"
+#include "desktop/message_boxes.h"
+#include "desktop/style/compact_style.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/geometry.h"
+#include "desktop/window/input_gate.h"
+#include "desktop/window/windows.h"
+#include "runtime/files/disk.h"
+#include "transfers/curl_transfers.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QPixmap>
+#include <QScreen>
+#include <QTime>
+#include <QTimer>
+#include <QUrl>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+
+QIcon icon_of(const std::vector<std::span<const std::uint8_t>>& files) {
+    QIcon icon;
+    for (const auto& file : files)
+        icon.addPixmap(
+            QPixmap::fromImage(QImage::fromData(file.data(), static_cast<int>(file.size()))));
+    return icon;
+}
+
+void prepare() {
+    QApplication::setApplicationName(QStringLiteral("Lookfar"));
+    // By this name a desktop finds the desktop entry, and so the icon, of a window.
+    QGuiApplication::setDesktopFileName(QStringLiteral(LOOKFAR_APPLICATION_ID));
+    QApplication::setStyle(std::make_unique<desktop::CompactStyle>().release());
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    // Numbers are written with a decimal point wherever the user lives.
+    std::setlocale(LC_NUMERIC, "C");
+}
+
+} // namespace
+
+struct DesktopPlatform::Parts {
+    Parts(int& argument_count, char** arguments,
+          const std::vector<std::span<const std::uint8_t>>& icons)
+        : application(argument_count, arguments), windows(icon_of(icons)), gate(windows) {
+        prepare();
+        application.installEventFilter(&gate);
+    }
+    Parts(const Parts&) = delete;
+    Parts& operator=(const Parts&) = delete;
+    ~Parts() { transfers.reset(); }
+
+    QApplication application;
+    desktop::Accessibility accessibility;
+    desktop::Windows windows;
+    desktop::InputGate gate;
+    std::function<void()> wake_handler;
+    QTimer wake_timer;
+    /// Receives what is posted.
+    QObject loop;
+    std::unique_ptr<Disk> disk = make_posix_disk();
+    std::unique_ptr<CurlTransfers> transfers;
+};
+
+DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
+                                 const std::vector<std::span<const std::uint8_t>>& icons)
+    : parts_(std::make_unique<Parts>(argument_count, arguments, icons)) {
+    parts_->transfers = std::make_unique<CurlTransfers>(
+        [this](std::function<void()> work) { post(std::move(work)); });
+    parts_->wake_timer.setSingleShot(true);
+    parts_->wake_timer.setTimerType(Qt::PreciseTimer);
+    parts_->wake_timer.callOnTimeout([this] {
+        if (const auto handler = parts_->wake_handler)
+            handler();
+        parts_->windows.synchronise();
+    });
+}
+
+DesktopPlatform::~DesktopPlatform() = default;
+
+Instant DesktopPlatform::now() const {
+    return std::chrono::steady_clock::now();
+}
+
+std::chrono::milliseconds DesktopPlatform::time_of_day() const {
+    return std::chrono::milliseconds(QTime::currentTime().msecsSinceStartOfDay());
+}
+
+void DesktopPlatform::set_wake_handler(std::function<void()> handler) {
+    parts_->wake_handler = std::move(handler);
+}
+
+void DesktopPlatform::wake_at(std::optional<Instant> instant) {
+    if (!instant) {
+        parts_->wake_timer.stop();
+        return;
+    }
+    using std::chrono::milliseconds;
+    const auto wait = std::chrono::ceil<milliseconds>(*instant - now());
+    parts_->wake_timer.start(std::max(wait, milliseconds::zero()));
+}
+
+void DesktopPlatform::run() {
+    QApplication::exec();
+}
+
+void DesktopPlatform::deliver_pending() {
+    // One pass may serve one source of events only; a bound keeps a busy source from holding the
+    // caller up.
+    constexpr int longest_milliseconds = 5;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, longest_milliseconds);
+}
+
+void DesktopPlatform::wait_until(const std::function<bool()>& done) {
+    while (!done())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void DesktopPlatform::post(std::function<void()> work) {
+    QMetaObject::invokeMethod(&parts_->loop, std::move(work), Qt::QueuedConnection);
+}
+
+void DesktopPlatform::end() {
+    std::fflush(nullptr);
+    std::_Exit(EXIT_SUCCESS);
+}
+
+ScreenMetrics DesktopPlatform::screen() const {
+    const QScreen& primary = *QGuiApplication::primaryScreen();
+    const QSize size = primary.size();
+    // A true-colour screen keeps its 24 bits of colour in pixels of 32 bits.
+    constexpr int colour_bits_of_true_colour = 24;
+    const int depth = primary.depth() == colour_bits_of_true_colour ? 32 : primary.depth();
+    return {.size = {desktop::to_twips(size.width()), desktop::to_twips(size.height())},
+            .bits_per_pixel = static_cast<short>(depth)};
+}
+
+Disk& DesktopPlatform::disk() {
+    return *parts_->disk;
+}
+
+std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest request,
+                                                          TransferDone done) {
+    return parts_->transfers->start(std::move(request), std::move(done));
+}
+
+void DesktopPlatform::open_link(const std::string& address) {
+    QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+short DesktopPlatform::ask(const MessageBox& box) {
+    parts_->windows.synchronise();
+    return desktop::ask(box, QApplication::activeWindow());
+}
+
+void DesktopPlatform::changed(Element& element) {
+    parts_->windows.changed(element);
+}
+
+void DesktopPlatform::forget(Element& element) {
+    parts_->windows.forget(element);
+}
+
+void DesktopPlatform::bring_forward(Form& form) {
+    parts_->windows.bring_forward(form);
+}
+
+void DesktopPlatform::set_focus(Control& control) {
+    parts_->windows.set_focus(control);
+}
+
+void DesktopPlatform::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
+    parts_->windows.pop_up(form, menu, default_entry);
+}
+
+Size DesktopPlatform::text_size(const std::string& text, const Font& font,
+                                std::optional<float> wrap_width) const {
+    return wrap_width ? desktop::measure_wrapped_text(text, font, *wrap_width)
+                      : desktop::measure_text(text, font);
+}
+
+void DesktopPlatform::report_untrapped(const Failure& failure) {
+    qWarning("Untrapped failure %d: %s", failure.Number, failure.Description.c_str());
+}
+
+desktop::Windows& DesktopPlatform::windows() {
+    return parts_->windows;
+}
+
+} // namespace lookfar

@@ -1,0 +1,200 @@
+#include "desktop/drawn/control_painter.h"
+
+#include "desktop/style/colours.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/geometry.h"
+#include "desktop/style/glyphs.h"
+#include "desktop/style/texts.h"
+#include "desktop/style/wrapped_text.h"
+#include "runtime/controls/images.h"
+#include "runtime/controls/label.h"
+#include "runtime/controls/shapes.h"
+
+#include <QPaintDevice>
+#include <QPainter>
+#include <qdrawutil.h>
+
+#include <algorithm>
+
+namespace lookfar::desktop {
+
+namespace {
+
+/// Puts the painter back into the state that it had.
+class PainterState {
+  public:
+    explicit PainterState(QPainter& painter) : painter_(painter) { painter_.save(); }
+    PainterState(const PainterState&) = delete;
+    PainterState& operator=(const PainterState&) = delete;
+    ~PainterState() { painter_.restore(); }
+
+  private:
+    QPainter& painter_;
+};
+
+Qt::Alignment alignment_flag(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::right:
+        return Qt::AlignRight;
+    case Alignment::centre:
+        return Qt::AlignHCenter;
+    case Alignment::left:
+        break;
+    }
+    return Qt::AlignLeft;
+}
+
+/// The rectangle whose outline, one pixel thick, ends at the edges of the box.
+QRect outline_of(const QRect& box) {
+    return box.adjusted(0, 0, -1, -1);
+}
+
+/// A picture that is far longer than wide, or the other way round, may be scaled to less than a
+/// pixel; a line of it is shown all the same.
+QRect picture_rectangle(const Image& image) {
+    const QRect box = pixel_rectangle(image.bounds());
+    const bool has_area = image.Width > 0 && image.Height > 0;
+    return has_area ? QRect(box.topLeft(), box.size().expandedTo({1, 1})) : box;
+}
+
+QSize size_in_pixels(const PictureReference& picture) {
+    return picture ? QSize(picture->width(), picture->height()) : QSize();
+}
+
+QRectF centred_square(const QRectF& box) {
+    const double side = std::min(box.width(), box.height());
+    QRectF square(0, 0, side, side);
+    square.moveCenter(box.center());
+    return square;
+}
+
+} // namespace
+
+void ControlPainter::visit(Label& label) {
+    const PainterState state(painter_);
+    QRect box = pixel_rectangle(label.bounds());
+    if (label.Back == BackStyle::opaque)
+        painter_.fillRect(box, screen_colour(label.BackColor, palette_));
+    if (label.Border == LabelBorder::fixed_single) {
+        painter_.setPen(screen_colour(colour::window_text, palette_));
+        painter_.drawRect(outline_of(box));
+        box.adjust(1, 1, -1, -1);
+    }
+    if (!label.Caption.get().empty())
+        draw_caption(label, box);
+}
+
+void ControlPainter::draw_caption(const Label& label, const QRect& box) {
+    const QString caption = shown_text(label.Caption.get());
+    const QColor colour = screen_colour(label.ForeColor, palette_);
+    if (is_symbol_font(label.Font)) {
+        draw_symbols(painter_, box, caption, pixel_size(label.Font), colour);
+        return;
+    }
+    const PainterState state(painter_);
+    painter_.setFont(screen_font(label.Font));
+    if (label.HasHalo)
+        draw_halo(label, box, caption);
+    painter_.setPen(colour);
+    draw_text(label, box, caption);
+}
+
+void ControlPainter::draw_text(const Label& label, const QRect& box, const QString& text) {
+    const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
+    if (!label.wraps()) {
+        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, text);
+        return;
+    }
+    const PainterState state(painter_);
+    painter_.setClipRect(box, Qt::IntersectClip);
+    WrappedText(text, painter_.font(), alignment, box.width()).draw(painter_, box.topLeft());
+}
+
+/// The text in a light colour, moved by a pixel to every side.
+void ControlPainter::draw_halo(const Label& label, const QRect& box, const QString& text) {
+    constexpr int opacity = 110;
+    painter_.setPen(QColor(255, 255, 255, opacity));
+    for (const int right : {-1, 0, 1})
+        for (const int down : {-1, 0, 1})
+            if (right != 0 || down != 0)
+                draw_text(label, box.translated(right, down), text);
+}
+
+void ControlPainter::visit(Image& image) {
+    const QRect box = picture_rectangle(image);
+    const QRect natural(box.topLeft(), size_in_pixels(image.Picture));
+    draw_picture(image, image.Picture, image.Stretch ? box : natural);
+}
+
+void ControlPainter::visit(PictureBox& box) {
+    const PainterState state(painter_);
+    const QRect area = pixel_rectangle(box.bounds());
+    painter_.setClipRect(area, Qt::IntersectClip);
+    draw_picture(box, box.Picture, {area.topLeft(), size_in_pixels(box.Picture)});
+}
+
+void ControlPainter::draw_picture(const Control& control, const PictureReference& picture,
+                                  const QRect& target) {
+    if (!picture || target.isEmpty())
+        return;
+    const double pixel_ratio = painter_.device()->devicePixelRatioF();
+    const QSize device_size = (QSizeF(target.size()) * pixel_ratio).toSize();
+    painter_.drawImage(target, pictures_.picture_for(control, picture, device_size));
+}
+
+void ControlPainter::visit(Shape& shape) {
+    const PainterState state(painter_);
+    if (shape.DrawMode == DrawMode::merge_pen)
+        painter_.setCompositionMode(QPainter::RasterOp_SourceOrDestination);
+    if (shape.Kind == ShapeKind::rectangle)
+        draw_rectangle(shape);
+    else
+        draw_ellipse(shape);
+}
+
+void ControlPainter::draw_rectangle(const Shape& shape) {
+    const QRect box = pixel_rectangle(shape.bounds());
+    if (shape.Fill == FillStyle::solid)
+        painter_.fillRect(box, screen_colour(shape.FillColor, palette_));
+    if (shape.Border == BorderStyle::transparent)
+        return;
+    painter_.setPen(screen_colour(shape.BorderColor, palette_));
+    painter_.drawRect(outline_of(box));
+}
+
+void ControlPainter::draw_ellipse(const Shape& shape) {
+    QRectF box = exact_rectangle(shape.bounds());
+    if (shape.Kind == ShapeKind::circle)
+        box = centred_square(box);
+    const bool has_border = shape.Border == BorderStyle::solid;
+    if (has_border)
+        box.adjust(0.5, 0.5, -0.5, -0.5);
+    // A merge works on whole pixels; it has no use for edges of half coverage.
+    painter_.setRenderHint(QPainter::Antialiasing, shape.DrawMode != DrawMode::merge_pen);
+    painter_.setPen(has_border ? QPen(screen_colour(shape.BorderColor, palette_)) : Qt::NoPen);
+    painter_.setBrush(shape.Fill == FillStyle::solid
+                          ? QBrush(screen_colour(shape.FillColor, palette_))
+                          : Qt::NoBrush);
+    painter_.drawEllipse(box);
+}
+
+void ControlPainter::visit(Line& line) {
+    const PainterState state(painter_);
+    painter_.setPen(screen_colour(line.BorderColor, palette_));
+    painter_.drawLine(QPointF(to_pixels(line.X1), to_pixels(line.Y1)),
+                      QPointF(to_pixels(line.X2), to_pixels(line.Y2)));
+}
+
+void ControlPainter::visit(Frame& frame) {
+    constexpr int thinnest_rectangle = 4;
+    constexpr bool sunken = true;
+    const QRect box = pixel_rectangle(frame.bounds());
+    if (box.height() < thinnest_rectangle)
+        qDrawShadeLine(&painter_, box.topLeft(), box.topRight(), palette_, sunken);
+    else if (box.width() < thinnest_rectangle)
+        qDrawShadeLine(&painter_, box.topLeft(), box.bottomLeft(), palette_, sunken);
+    else
+        qDrawShadeRect(&painter_, box, palette_, sunken);
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "desktop/drawn/drawn_control_visitor.h"
+#include "desktop/drawn/scaled_pictures.h"
+
+#include <QPalette>
+#include <QRect>
+
+class QPainter;
+
+namespace lookfar {
+class Control;
+}
+
+namespace lookfar::desktop {
+
+/// Draws the controls that are no native widgets. The painter's device must be an image without
+/// an alpha channel: shapes that merge with what lies behind need that.
+class ControlPainter : public DrawnControlVisitor {
+  public:
+    using DrawnControlVisitor::visit;
+
+    ControlPainter(QPainter& painter, const QPalette& palette, ScaledPictures& pictures)
+        : painter_(painter), palette_(palette), pictures_(pictures) {}
+
+    void visit(Frame& frame) override;
+    void visit(Image& image) override;
+    void visit(Label& label) override;
+    void visit(Line& line) override;
+    void visit(PictureBox& box) override;
+    void visit(Shape& shape) override;
+
+  private:
+    void draw_caption(const Label& label, const QRect& box);
+    void draw_text(const Label& label, const QRect& box, const QString& text);
+    void draw_halo(const Label& label, const QRect& box, const QString& text);
+    void draw_rectangle(const Shape& shape);
+    void draw_ellipse(const Shape& shape);
+    void draw_picture(const Control& control, const PictureReference& picture, const QRect& target);
+
+    QPainter& painter_;
+    const QPalette& palette_;
+    ScaledPictures& pictures_;
+};
+
+} // namespace lookfar::desktop

@@ -1,0 +1,94 @@
+#include "desktop/drawn/drawn_control.h"
+
+#include "desktop/drawn/drawn_control_visitor.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/geometry.h"
+#include "runtime/controls/images.h"
+#include "runtime/controls/label.h"
+#include "runtime/controls/shapes.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+using Role = DrawnControl::Role;
+
+/// A line has no width of its own; one pixel around it holds its thickness.
+QRectF area_of(const Line& line) {
+    const QRectF between(QPointF(to_pixels(line.X1), to_pixels(line.Y1)),
+                         QPointF(to_pixels(line.X2), to_pixels(line.Y2)));
+    return between.normalized().adjusted(-1, -1, 1, 1);
+}
+
+/// A caption may be larger than its label was designed; it is shown whole from the start.
+QRectF area_of(const Label& label) {
+    QRectF area = exact_rectangle(label.bounds());
+    if (label.wraps())
+        return area;
+    const Size size = measure_text(label.Caption, label.Font);
+    area.setWidth(std::max(area.width(), to_pixels(size.Width)));
+    area.setHeight(std::max(area.height(), to_pixels(size.Height)));
+    return area;
+}
+
+class Describer : public DrawnControlVisitor {
+  public:
+    using DrawnControlVisitor::visit;
+
+    void visit(Frame& frame) override { describe(frame); }
+    void visit(Shape& shape) override { describe(shape); }
+
+    void visit(Line& line) override {
+        drawn_ = DrawnControl{.control = &line, .area = area_of(line)};
+    }
+
+    void visit(Label& label) override {
+        DrawnControl& drawn = describe(label);
+        // A button or a link is read where the keyboard stops at it.
+        drawn.role = label.Role == LabelRole::text ? Role::text : Role::decoration;
+        drawn.area = area_of(label);
+        drawn.mouse = &label;
+        drawn.tool_tip = label.ToolTipText;
+        drawn.name = label.AccessibleName.empty() ? label.Caption.get() : label.AccessibleName;
+        drawn.announcement = label.Announcement;
+    }
+
+    void visit(Image& image) override {
+        DrawnControl& drawn = describe(image);
+        drawn.role = Role::picture;
+        drawn.mouse = &image;
+        drawn.picture = image.Picture;
+        drawn.tool_tip = image.ToolTipText;
+        drawn.name = image.AccessibleName.empty() ? image.ToolTipText : image.AccessibleName;
+    }
+
+    void visit(PictureBox& box) override {
+        DrawnControl& drawn = describe(box);
+        drawn.role = Role::picture;
+        drawn.mouse = &box;
+        drawn.picture = box.Picture;
+    }
+
+    std::optional<DrawnControl> take() { return std::move(drawn_); }
+
+  private:
+    DrawnControl& describe(BoxControl& control) {
+        return drawn_.emplace(
+            DrawnControl{.control = &control, .area = exact_rectangle(control.bounds())});
+    }
+
+    std::optional<DrawnControl> drawn_;
+};
+
+} // namespace
+
+std::optional<DrawnControl> drawn_control(Control& control) {
+    Describer describer;
+    control.accept(describer);
+    return describer.take();
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,74 @@
+#include "desktop/native/label_stop.h"
+
+#include "desktop/native/placement.h"
+#include "desktop/style/texts.h"
+#include "desktop/window/windows.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace lookfar::desktop {
+
+LabelStop::LabelStop(Label& label, Windows& windows, QWidget& window)
+    : QWidget(&window), label_(&label), windows_(windows), is_link_(label.Role == LabelRole::link) {
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void LabelStop::synchronise() {
+    const std::string& name =
+        label_->AccessibleName.empty() ? label_->Caption.get() : label_->AccessibleName;
+    set_accessible_name(*this, shown_text(name));
+    place(*this, *label_);
+}
+
+void LabelStop::click() {
+    if (label_)
+        windows_.deliver(label_->runtime, [this] { label_->Click.raise(); });
+}
+
+void LabelStop::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void LabelStop::paintEvent(QPaintEvent* /*event*/) {
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+}
+
+LabelStopInterface::LabelStopInterface(LabelStop& stop)
+    : QAccessibleWidget(&stop, stop.is_link() ? QAccessible::Link : QAccessible::Button),
+      stop_(stop) {}
+
+QStringList LabelStopInterface::actionNames() const {
+    return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+}
+
+void LabelStopInterface::doAction(const QString& name) {
+    if (name == pressAction())
+        stop_.click();
+    else
+        QAccessibleWidget::doAction(name);
+}
+
+NativeControl make_label_stop(Label& label, Windows& windows, QWidget& window) {
+    auto owned = std::make_unique<LabelStop>(label, windows, window);
+    LabelStop& stop = *owned;
+    return {.widget = WidgetOwner(owned.release()),
+            .synchronise = [&stop] { stop.synchronise(); },
+            .release = [&stop] { stop.release(); },
+            .tab_index = label.TabIndex};
+}
+
+} // namespace lookfar::desktop

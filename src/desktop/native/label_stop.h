@@ -1,0 +1,49 @@
+#pragma once
+
+#include "desktop/native/native_control.h"
+#include "runtime/controls/label.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+namespace lookfar::desktop {
+
+/// Lets the keyboard reach a label that is a button or a link: a clear widget over it, a stop of
+/// the tab key, which Space and Enter click. The label is drawn by the window and has the mouse.
+class LabelStop : public QWidget {
+  public:
+    LabelStop(Label& label, Windows& windows, QWidget& window);
+
+    void synchronise();
+    /// The label is about to go.
+    void release() { label_ = nullptr; }
+
+    bool is_link() const { return is_link_; }
+    /// Clicks the label.
+    void click();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Label* label_;
+    Windows& windows_;
+    const bool is_link_;
+};
+
+/// What assistive technology reads of it: a button or a link that can be pressed.
+class LabelStopInterface : public QAccessibleWidget {
+  public:
+    explicit LabelStopInterface(LabelStop& stop);
+
+    QStringList actionNames() const override;
+    void doAction(const QString& name) override;
+
+  private:
+    LabelStop& stop_;
+};
+
+NativeControl make_label_stop(Label& label, Windows& windows, QWidget& window);
+
+} // namespace lookfar::desktop

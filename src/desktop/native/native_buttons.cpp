@@ -1,0 +1,73 @@
+#include "desktop/native/native_buttons.h"
+
+#include "desktop/native/placement.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/glyphs.h"
+#include "desktop/style/texts.h"
+#include "desktop/window/windows.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+namespace lookfar::desktop {
+
+namespace {
+
+void show_symbols(QPushButton& button, const CommandButton& control) {
+    const QString symbols = shown_text(control.Caption.get());
+    const int size = pixel_size(control.Font);
+    button.setIconSize(QSize(size * static_cast<int>(symbols.size()), size));
+    button.setIcon(symbol_icon(symbols, size, button.palette().color(QPalette::ButtonText),
+                               button.devicePixelRatioF()));
+}
+
+void synchronise_button(QPushButton& button, const CommandButton& control) {
+    if (is_symbol_font(control.Font))
+        show_symbols(button, control);
+    else
+        button.setText(shown_text(control.Caption.get()));
+    place(button, control);
+}
+
+void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
+    const QString caption = shown_text(control.Caption.get());
+    box.setText(caption);
+    // A caption may leave a gap for another control.
+    set_accessible_name(box, caption.simplified());
+    box.setChecked(control.Value != 0);
+    place(box, control);
+}
+
+} // namespace
+
+NativeControl make_command_button(CommandButton& control, Windows& windows, QWidget& window) {
+    auto owned = std::make_unique<QPushButton>(&window);
+    QPushButton& button = *owned;
+    if (!is_symbol_font(control.Font))
+        button.setFont(screen_font(control.Font));
+    button.setDefault(control.Default);
+    button.setToolTip(shown_text(control.ToolTipText));
+    button.setAccessibleName(shown_text(control.AccessibleName));
+    QObject::connect(&button, &QPushButton::clicked, &button, [&control, &windows] {
+        windows.deliver(control.runtime, [&control] { control.Click.raise(); });
+    });
+    return {.widget = WidgetOwner(owned.release()),
+            .synchronise = [&button, &control] { synchronise_button(button, control); },
+            .release = {},
+            .tab_index = control.TabIndex};
+}
+
+NativeControl make_check_box(CheckBox& control, Windows& windows, QWidget& window) {
+    auto owned = std::make_unique<QCheckBox>(&window);
+    QCheckBox& box = *owned;
+    QObject::connect(&box, &QCheckBox::toggled, &box, [&control, &windows](bool is_ticked) {
+        windows.deliver(control.runtime,
+                        [&control, is_ticked] { control.Value = short{is_ticked}; });
+    });
+    return {.widget = WidgetOwner(owned.release()),
+            .synchronise = [&box, &control] { synchronise_check_box(box, control); },
+            .release = {},
+            .tab_index = control.TabIndex};
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,59 @@
+#include "desktop/native/native_control.h"
+
+#include "desktop/native/label_stop.h"
+#include "desktop/native/native_buttons.h"
+#include "desktop/native/native_lists.h"
+#include "desktop/native/status_text.h"
+#include "desktop/native/text_entry.h"
+#include "desktop/native/up_down_arrows.h"
+#include "runtime/controls/bars.h"
+#include "runtime/controls/visitor.h"
+
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+class NativeControlMaker : public ControlVisitor {
+  public:
+    NativeControlMaker(Windows& windows, QWidget& window) : windows_(windows), window_(window) {}
+
+    void visit(CheckBox& box) override { made_ = make_check_box(box, windows_, window_); }
+    void visit(ComboBox& box) override { made_ = make_combo_box(box, windows_, window_); }
+    void visit(CommandButton& button) override {
+        made_ = make_command_button(button, windows_, window_);
+    }
+    void visit(Label& label) override {
+        if (label.Role != LabelRole::text)
+            made_ = make_label_stop(label, windows_, window_);
+    }
+    void visit(ListBox& box) override { made_ = make_list_box(box, windows_, window_); }
+    void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }
+    void visit(TextBox& box) override { made_ = make_text_entry(box, windows_, window_); }
+    void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, windows_, window_); }
+
+    void visit(Frame&) override {}
+    void visit(Image&) override {}
+    void visit(Line&) override {}
+    void visit(PictureBox&) override {}
+    void visit(Shape&) override {}
+
+    std::optional<NativeControl> take() { return std::move(made_); }
+
+  private:
+    Windows& windows_;
+    QWidget& window_;
+    std::optional<NativeControl> made_;
+};
+
+} // namespace
+
+std::optional<NativeControl> make_native_control(Control& control, Windows& windows,
+                                                 QWidget& window) {
+    NativeControlMaker maker(windows, window);
+    control.accept(maker);
+    return maker.take();
+}
+
+} // namespace lookfar::desktop

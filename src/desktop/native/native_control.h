@@ -1,0 +1,34 @@
+#pragma once
+
+#include "desktop/native/delete_later.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace lookfar {
+class Control;
+}
+
+namespace lookfar::desktop {
+
+class Windows;
+
+/// The native widget of a control.
+struct NativeControl {
+    WidgetOwner widget;
+    /// Gives the widget what the control says; does nothing where they agree.
+    std::function<void()> synchronise;
+    /// Called when the control is about to go; the widget may outlive it by a little. May be
+    /// empty.
+    std::function<void()> release;
+    /// The control's place in the tab order.
+    int tab_index = 0;
+};
+
+/// Makes the native widget of a control, as a child of the window; nothing for a control that
+/// the window draws itself and the keyboard does not stop at.
+std::optional<NativeControl> make_native_control(Control& control, Windows& windows,
+                                                 QWidget& window);
+
+} // namespace lookfar::desktop

@@ -1,0 +1,112 @@
+#include "desktop/native/native_lists.h"
+
+#include "desktop/native/list_model.h"
+#include "desktop/native/placement.h"
+#include "desktop/style/colours.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/texts.h"
+#include "desktop/window/windows.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QListView>
+
+namespace lookfar::desktop {
+
+namespace {
+
+/// The model goes with the widget.
+ListModel& add_model(QWidget& widget, const ListControl& control) {
+    auto model = std::make_unique<ListModel>(control);
+    model->setParent(&widget);
+    return *model.release();
+}
+
+void select(ListControl& control, Windows& windows, int row) {
+    windows.deliver(control.runtime,
+                    [&control, row] { control.ListIndex = static_cast<short>(row); });
+}
+
+void colour_combo_box(QComboBox& box, const ComboBox& control) {
+    const QColor back = screen_colour(control.BackColor, box.palette());
+    const QColor text = screen_colour(control.ForeColor, box.palette());
+    for (const auto role : {QPalette::Base, QPalette::Button})
+        set_palette_colour(box, role, back);
+    for (const auto role : {QPalette::Text, QPalette::ButtonText})
+        set_palette_colour(box, role, text);
+}
+
+void synchronise_combo_box(QComboBox& box, ListModel& model, const ComboBox& control) {
+    model.refresh();
+    if (box.currentIndex() != control.ListIndex)
+        box.setCurrentIndex(control.ListIndex);
+    colour_combo_box(box, control);
+    place(box, control);
+}
+
+/// Assistive technology on Unix calls a combo box by its entry, and finds what the entry is in the
+/// label whose buddy the box is.
+void add_hidden_label(QComboBox& box, const QString& name) {
+    auto label = std::make_unique<QLabel>(name, box.parentWidget());
+    label->setBuddy(&box);
+    label.release()->hide();
+}
+
+int selected_row(const QListView& view) {
+    const QModelIndexList selected = view.selectionModel()->selectedIndexes();
+    return selected.empty() ? -1 : selected.front().row();
+}
+
+void synchronise_list_box(QListView& view, ListModel& model, const ListBox& control) {
+    model.refresh();
+    if (selected_row(view) != control.ListIndex) {
+        view.setCurrentIndex(model.index(control.ListIndex));
+        if (control.ListIndex < 0)
+            view.clearSelection();
+    }
+    place(view, control);
+}
+
+} // namespace
+
+NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& window) {
+    auto owned = std::make_unique<QComboBox>(&window);
+    QComboBox& box = *owned;
+    ListModel& model = add_model(box, control);
+    auto list = std::make_unique<QListView>();
+    list->setUniformItemSizes(true);
+    box.setView(list.release());
+    box.setModel(&model);
+    // Without this the box measures every entry.
+    box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box.setFont(screen_font(control.Font));
+    add_hidden_label(box, shown_text(control.AccessibleName));
+    QObject::connect(&box, &QComboBox::activated, &box,
+                     [&control, &windows](int row) { select(control, windows, row); });
+    return {.widget = WidgetOwner(owned.release()),
+            .synchronise = [&box, &model, &control] { synchronise_combo_box(box, model, control); },
+            .release = [&model] { model.release(); },
+            .tab_index = control.TabIndex};
+}
+
+NativeControl make_list_box(ListBox& control, Windows& windows, QWidget& window) {
+    auto owned = std::make_unique<QListView>(&window);
+    QListView& view = *owned;
+    ListModel& model = add_model(view, control);
+    view.setModel(&model);
+    view.setUniformItemSizes(true);
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view.setAccessibleName(shown_text(control.AccessibleName));
+    QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, &view,
+                     [&view, &control, &windows] {
+                         if (const int row = selected_row(view); row >= 0)
+                             select(control, windows, row);
+                     });
+    return {
+        .widget = WidgetOwner(owned.release()),
+        .synchronise = [&view, &model, &control] { synchronise_list_box(view, model, control); },
+        .release = [&model] { model.release(); },
+        .tab_index = control.TabIndex};
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "desktop/native/native_control.h"
+#include "runtime/controls/lists.h"
+
+namespace lookfar::desktop {
+
+NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& window);
+NativeControl make_list_box(ListBox& control, Windows& windows, QWidget& window);
+
+} // namespace lookfar::desktop

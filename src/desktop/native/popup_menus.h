@@ -1,0 +1,23 @@
+#pragma once
+
+#include "desktop/native/delete_later.h"
+
+#include <QMenu>
+
+#include <memory>
+
+namespace lookfar {
+class MenuItem;
+class PopupMenu;
+} // namespace lookfar
+
+namespace lookfar::desktop {
+
+class Windows;
+
+/// The native menu; the default entry, if any, is set off.
+std::unique_ptr<QMenu, DeleteLater> make_popup_menu(const PopupMenu& menu,
+                                                    const MenuItem* default_entry, Windows& windows,
+                                                    QWidget& window);
+
+} // namespace lookfar::desktop

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "desktop/native/native_control.h"
+#include "runtime/controls/bars.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+namespace lookfar::desktop {
+
+/// Two small buttons, one above the other, that repeat while they are held. No tab stop.
+class UpDownArrows : public QWidget {
+  public:
+    UpDownArrows(UpDown& control, Windows& windows, QWidget& window);
+
+    void synchronise();
+    /// The control is about to go.
+    void release() { control_ = nullptr; }
+
+    /// Nothing once the control is gone.
+    const UpDown* control() const { return control_; }
+    /// Takes the value that lies nearest within the control's limits.
+    void set_value(long value);
+
+  private:
+    void add_arrow(Qt::ArrowType type, const QString& name, int direction);
+
+    UpDown* control_;
+    Windows& windows_;
+    long shown_value_;
+};
+
+/// What assistive technology reads of the arrows: a value between two limits.
+class UpDownInterface : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    explicit UpDownInterface(UpDownArrows& arrows);
+
+    void* interface_cast(QAccessible::InterfaceType type) override;
+
+    QVariant currentValue() const override;
+    void setCurrentValue(const QVariant& value) override;
+    QVariant maximumValue() const override;
+    QVariant minimumValue() const override;
+    QVariant minimumStepSize() const override { return 1; }
+
+  private:
+    UpDownArrows& arrows_;
+};
+
+NativeControl make_up_down_arrows(UpDown& control, Windows& windows, QWidget& window);
+
+} // namespace lookfar::desktop

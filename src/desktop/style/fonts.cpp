@@ -1,0 +1,95 @@
+#include "desktop/style/fonts.h"
+
+#include "desktop/style/geometry.h"
+#include "desktop/style/texts.h"
+#include "desktop/style/wrapped_text.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QStringList>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <string_view>
+
+namespace lookfar::desktop {
+
+namespace {
+
+constexpr float twips_per_point = 20;
+
+struct Substitute {
+    std::string_view missing;
+    const char* family;
+    QFont::Weight weight;
+};
+
+constexpr std::array substitutes{
+    Substitute{"MS Sans Serif", "Liberation Sans", QFont::Normal},
+    Substitute{"Arial", "Liberation Sans", QFont::Normal},
+    Substitute{"Arial Black", "Liberation Sans", QFont::Black},
+    Substitute{"Courier New", "Liberation Mono", QFont::Normal},
+};
+
+QFont family_font(std::string_view name) {
+    const QString family = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+    const auto* const substitute = std::ranges::find(substitutes, name, &Substitute::missing);
+    if (substitute == substitutes.end() || QFontDatabase::hasFamily(family))
+        return QFont(family);
+    QFont font(substitute->family);
+    font.setWeight(substitute->weight);
+    return font;
+}
+
+int overhang(const QFontMetrics& metrics, const QString& line) {
+    return std::max(0, metrics.boundingRect(line).right() + 1 - metrics.horizontalAdvance(line));
+}
+
+QSize plain_size(const QString& text, const QFont& font) {
+    const QFontMetrics metrics(font);
+    constexpr int no_flags = 0;
+    QSize size = metrics.size(no_flags, text);
+    int beyond = 0;
+    for (const QString& line : text.split('\n'))
+        beyond = std::max(beyond, overhang(metrics, line));
+    return {size.width() + beyond, size.height()};
+}
+
+QSize symbols_size(const QString& text, int size) {
+    return {static_cast<int>(text.size()) * size, size};
+}
+
+} // namespace
+
+QFont screen_font(const Font& font) {
+    QFont result = family_font(font.Name);
+    result.setPixelSize(pixel_size(font));
+    if (font.Bold)
+        result.setWeight(std::max(result.weight(), QFont::Bold));
+    result.setItalic(font.Italic);
+    result.setUnderline(font.Underline);
+    return result;
+}
+
+int pixel_size(const Font& font) {
+    return std::max(1, to_whole_pixels(font.Size * twips_per_point));
+}
+
+bool is_symbol_font(const Font& font) {
+    return font.Name == "Webdings";
+}
+
+Size measure_text(const std::string& text, const Font& font) {
+    const QString shown = shown_text(text);
+    const QSize size = is_symbol_font(font) ? symbols_size(shown, pixel_size(font))
+                                            : plain_size(shown, screen_font(font));
+    return {to_twips(size.width()), to_twips(size.height())};
+}
+
+Size measure_wrapped_text(const std::string& text, const Font& font, float width) {
+    const WrappedText wrapped(shown_text(text), screen_font(font), Qt::AlignLeft, to_pixels(width));
+    return {width, to_twips(static_cast<int>(std::ceil(wrapped.height())))};
+}
+
+} // namespace lookfar::desktop

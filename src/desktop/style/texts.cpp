@@ -1,0 +1,31 @@
+#include "desktop/style/texts.h"
+
+#include "runtime/text.h"
+
+namespace lookfar::desktop {
+
+namespace {
+
+/// More than any window has room for. Laying out a line of a megabyte takes seconds.
+constexpr qsizetype longest_shown = 1000;
+
+} // namespace
+
+QString shown_text(std::string_view bytes) {
+    QString text = whole_text(bytes);
+    if (text.size() > longest_shown) {
+        text.truncate(longest_shown);
+        text += QChar(0x2026);
+    }
+    return text;
+}
+
+QString whole_text(std::string_view bytes) {
+    return QString::fromStdString(as_utf8(bytes));
+}
+
+std::string typed_bytes(const QString& text) {
+    return text.toStdString();
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,135 @@
+#include "desktop/window/windows.h"
+
+#include "desktop/window/window_view.h"
+#include "runtime/form.h"
+#include "runtime/runtime.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <ranges>
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+class FlagSet {
+  public:
+    explicit FlagSet(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    FlagSet(const FlagSet&) = delete;
+    FlagSet& operator=(const FlagSet&) = delete;
+    ~FlagSet() { flag_ = before_; }
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
+
+Windows::Windows(QIcon icon) : icon_(std::move(icon)) {}
+
+Windows::~Windows() {
+    for (const auto& view : std::views::values(views_))
+        view->release();
+    views_.clear();
+    // No message loop will come to delete what was to be deleted later.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Windows::changed(Element& element) {
+    if (changed_.insert(&element).second)
+        changed_in_order_.push_back(&element);
+    schedule();
+}
+
+void Windows::schedule() {
+    if (std::exchange(is_scheduled_, true))
+        return;
+    QMetaObject::invokeMethod(
+        &loop_,
+        [this] {
+            is_scheduled_ = false;
+            synchronise();
+        },
+        Qt::QueuedConnection);
+}
+
+void Windows::forget(Element& element) {
+    const FlagSet synchronising(is_synchronising_);
+    if (changed_.erase(&element) > 0)
+        std::erase(changed_in_order_, &element);
+    if (const auto own = views_.find(&element); own != views_.end()) {
+        own->second->release();
+        views_.erase(own);
+        return;
+    }
+    for (const auto& view : std::views::values(views_))
+        view->forget(element);
+}
+
+void Windows::synchronise() {
+    if (is_synchronising_)
+        return;
+    const FlagSet synchronising(is_synchronising_);
+    changed_.clear();
+    for (Element* const element : std::exchange(changed_in_order_, {}))
+        synchronise(*element);
+    for (const auto& view : std::views::values(views_))
+        view->synchronise_edited_pictures();
+}
+
+void Windows::synchronise(Element& element) {
+    if (auto* const form = dynamic_cast<Form*>(&element)) {
+        synchronise_window(*form);
+        return;
+    }
+    auto* const control = dynamic_cast<Control*>(&element);
+    WindowView* const view = control ? view_of(control->form) : nullptr;
+    if (view)
+        view->synchronise(*control);
+}
+
+void Windows::synchronise_window(Form& form) {
+    auto view = views_.find(&form);
+    if (view == views_.end() && form.Visible)
+        view =
+            views_.emplace(&form, std::make_unique<WindowView>(form, *this, icon_).release()).first;
+    if (view != views_.end())
+        view->second->synchronise_window();
+}
+
+void Windows::deliver(Runtime& runtime, const std::function<void()>& handler) {
+    if (is_synchronising_)
+        return;
+    runtime.deliver(handler);
+    synchronise();
+}
+
+void Windows::bring_forward(Form& form) {
+    synchronise();
+    if (WindowView* const view = view_of(form)) {
+        view->raise();
+        view->activateWindow();
+    }
+}
+
+void Windows::set_focus(Control& control) {
+    synchronise();
+    if (WindowView* const view = view_of(control.form))
+        view->set_focus(control);
+}
+
+void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
+    synchronise();
+    if (WindowView* const view = view_of(form))
+        view->pop_up(menu, default_entry);
+}
+
+WindowView* Windows::view_of(const Form& form) const {
+    const auto view = views_.find(&form);
+    return view == views_.end() ? nullptr : view->second.get();
+}
+
+} // namespace lookfar::desktop

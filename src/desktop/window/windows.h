@@ -1,0 +1,74 @@
+#pragma once
+
+#include "desktop/native/delete_later.h"
+
+#include <QIcon>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace lookfar {
+class Control;
+class Element;
+class Form;
+class MenuItem;
+class PopupMenu;
+class Runtime;
+} // namespace lookfar
+
+namespace lookfar::desktop {
+
+class WindowView;
+
+/// The windows on the screen, kept in step with the model.
+///
+/// A changed element is only noted. The synchronisation that follows runs from the message loop,
+/// before a window paints, before the user's next action and after it. Nothing that the widgets
+/// report while they take the model's values counts as an action of the user.
+class Windows {
+  public:
+    explicit Windows(QIcon icon);
+    Windows(const Windows&) = delete;
+    Windows& operator=(const Windows&) = delete;
+    ~Windows();
+
+    void changed(Element& element);
+    /// Lets the element go; for a window, its widgets too.
+    void forget(Element& element);
+
+    /// Shows all that has changed.
+    void synchronise();
+    bool is_synchronising() const { return is_synchronising_; }
+
+    /// Runs a handler for an action of the user, and shows what it has changed.
+    void deliver(Runtime& runtime, const std::function<void()>& handler);
+
+    void bring_forward(Form& form);
+    void set_focus(Control& control);
+    void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry);
+
+    /// The window's view; nothing for a window that was never shown.
+    WindowView* view_of(const Form& form) const;
+
+  private:
+    void schedule();
+    void synchronise(Element& element);
+    void synchronise_window(Form& form);
+
+    QIcon icon_;
+    std::unordered_map<const Element*, std::unique_ptr<WindowView, DeleteLater>> views_;
+    std::unordered_set<Element*> changed_;
+    /// The same in the order of their first change: a window that is shown before another is
+    /// hidden comes up before that one goes.
+    std::vector<Element*> changed_in_order_;
+    bool is_scheduled_ = false;
+    bool is_synchronising_ = false;
+    /// Receives the scheduled synchronisation; the last member, so that it goes first.
+    QObject loop_;
+};
+
+} // namespace lookfar::desktop

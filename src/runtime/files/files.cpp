@@ -1,0 +1,165 @@
+#include "runtime/files/files.h"
+
+#include "runtime/failure.h"
+
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+constexpr std::size_t block_size = 65536;
+constexpr char carriage_return = '\r';
+constexpr char line_feed = '\n';
+} // namespace
+
+struct NumberedFiles::OpenFile {
+    std::string path;
+    OpenMode mode;
+    std::unique_ptr<DiskFile> file;
+    /// Bytes read and not yet delivered, from `position` on; or bytes not yet written.
+    std::string buffer = {};
+    std::size_t position = 0;
+    bool has_lost_lines = false;
+};
+
+NumberedFiles::NumberedFiles(Disk& disk) : disk_(disk) {}
+
+NumberedFiles::~NumberedFiles() = default;
+
+void NumberedFiles::OpenForInput(int number, const std::string& path) {
+    open(number, path, OpenMode::read);
+}
+
+void NumberedFiles::OpenForOutput(int number, const std::string& path) {
+    incomplete_.insert(path);
+    open(number, path, OpenMode::write);
+}
+
+void NumberedFiles::OpenForBinary(int number, const std::string& path) {
+    open(number, path, OpenMode::overwrite);
+}
+
+std::string NumberedFiles::LineInput(int number) {
+    OpenFile& file = open_file(number);
+    if (!fill(file))
+        throw Failure(failure_number::past_end_of_file, "Input past end of file: " + file.path);
+    std::string line;
+    do {
+        const std::size_t end = file.buffer.find(carriage_return, file.position);
+        const bool line_ends = end != std::string::npos;
+        line.append(file.buffer, file.position, line_ends ? end - file.position : end);
+        file.position = line_ends ? end + 1 : file.buffer.size();
+        if (line_ends) {
+            if (fill(file) && file.buffer[file.position] == line_feed)
+                ++file.position;
+            return line;
+        }
+    } while (fill(file));
+    return line;
+}
+
+bool NumberedFiles::EndOfFile(int number) {
+    return !fill(open_file(number));
+}
+
+void NumberedFiles::Print(int number, std::string_view line) {
+    OpenFile& file = open_file(number);
+    file.buffer.append(line).append({carriage_return, line_feed});
+    if (file.buffer.size() >= block_size)
+        flush(file);
+}
+
+void NumberedFiles::Put(int number, std::span<const std::uint8_t> bytes) {
+    open_file(number).file->write(bytes);
+}
+
+void NumberedFiles::Close(int number) {
+    const std::unique_ptr<OpenFile> closing = std::move(slot(number));
+    if (!closing || closing->mode != OpenMode::write)
+        return;
+    flush(*closing);
+    closing->file->sync();
+    if (!closing->has_lost_lines)
+        incomplete_.erase(closing->path);
+}
+
+void NumberedFiles::CloseAll() {
+    Close(1);
+    Close(2);
+}
+
+void NumberedFiles::Kill(const std::string& path) {
+    disk_.remove(path);
+}
+
+void NumberedFiles::Replace(const std::string& from, const std::string& to) {
+    if (incomplete_.contains(from))
+        throw Failure(failure_number::incomplete_file, from + " was not written completely.");
+    disk_.rename(from, to);
+}
+
+NumberedFiles::OpenFile& NumberedFiles::open_file(int number) {
+    const auto& file = slot(number);
+    if (!file)
+        throw Failure(failure_number::bad_file_number,
+                      "No file is open under the number " + std::to_string(number) + ".");
+    return *file;
+}
+
+std::unique_ptr<NumberedFiles::OpenFile>& NumberedFiles::slot(int number) {
+    if (number < 1 || number > static_cast<int>(open_.size()))
+        throw Failure(failure_number::bad_file_number,
+                      "There is no file number " + std::to_string(number) + ".");
+    return open_[static_cast<std::size_t>(number - 1)];
+}
+
+void NumberedFiles::open(int number, const std::string& path, OpenMode mode) {
+    auto& place = slot(number);
+    if (place)
+        throw Failure(failure_number::file_already_open,
+                      "The file number " + std::to_string(number) + " is open already.");
+    place = std::make_unique<OpenFile>(
+        OpenFile{.path = path, .mode = mode, .file = disk_.open(path, mode)});
+}
+
+/// Has the next byte in the buffer; false at the end of the file.
+bool NumberedFiles::fill(OpenFile& file) {
+    if (file.position < file.buffer.size())
+        return true;
+    if (file.mode != OpenMode::read)
+        throw Failure(failure_number::bad_file_number, file.path + " is not open for reading.");
+    std::array<std::uint8_t, block_size> block{};
+    const std::size_t count = file.file->read(block);
+    file.buffer.assign(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count));
+    file.position = 0;
+    return count > 0;
+}
+
+void NumberedFiles::flush(OpenFile& file) {
+    const std::string lines = std::exchange(file.buffer, {});
+    try {
+        file.file->write({reinterpret_cast<const std::uint8_t*>(lines.data()), lines.size()});
+    } catch (const Failure&) {
+        file.has_lost_lines = true;
+        throw;
+    }
+}
+
+FileCloser::~FileCloser() {
+    attempt([this] { files_.Close(number_); });
+}
+
+Bytes read_whole_file(Disk& disk, const std::string& path) {
+    const auto file = disk.open(path, OpenMode::read);
+    Bytes bytes(block_size);
+    std::size_t size = 0;
+    while (const std::size_t count = file->read(std::span(bytes).subspan(size))) {
+        size += count;
+        if (size == bytes.size())
+            bytes.resize(2 * size);
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+} // namespace lookfar

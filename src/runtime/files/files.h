@@ -1,0 +1,81 @@
+#pragma once
+
+#include "runtime/files/disk.h"
+#include "runtime/transfer.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace lookfar {
+
+/// The files of the handlers, under the numbers 1 and 2: opened, used and closed inside one
+/// handler. Opening a number that is open fails, and so does using one that is not.
+///
+/// Lines are bytes. A read ends a line at CR or CR LF and delivers it without; a lone LF does
+/// not end a line; a last line needs no line end. Lines are written with CR LF.
+///
+/// From its opening for lines on, a file counts as incomplete until it is closed with all its
+/// lines on the disk; `Replace` refuses it as long. So a failure on the way, even one that was
+/// dropped, keeps a half-written copy from taking the place of the whole one.
+class NumberedFiles {
+  public:
+    explicit NumberedFiles(Disk& disk);
+    ~NumberedFiles();
+
+    void OpenForInput(int number, const std::string& path);
+    /// Creates or empties the file, for lines.
+    void OpenForOutput(int number, const std::string& path);
+    /// Creates the file or keeps it as it is, for bytes from offset 0.
+    void OpenForBinary(int number, const std::string& path);
+
+    /// Throws a `Failure` at the end of the file.
+    std::string LineInput(int number);
+    bool EndOfFile(int number);
+    void Print(int number, std::string_view line);
+    void Put(int number, std::span<const std::uint8_t> bytes);
+
+    /// What was written as lines is on the disk afterwards. A number that is not open is left
+    /// alone.
+    void Close(int number);
+    void CloseAll();
+
+    void Kill(const std::string& path);
+    /// Gives `from` the name `to` in one step; a file of that name is replaced.
+    void Replace(const std::string& from, const std::string& to);
+
+  private:
+    struct OpenFile;
+
+    OpenFile& open_file(int number);
+    std::unique_ptr<OpenFile>& slot(int number);
+    void open(int number, const std::string& path, OpenMode mode);
+    bool fill(OpenFile& file);
+    void flush(OpenFile& file);
+
+    Disk& disk_;
+    std::array<std::unique_ptr<OpenFile>, 2> open_;
+    std::set<std::string> incomplete_;
+};
+
+/// Closes a file number when it goes, so that a pass which fails leaves nothing open.
+class FileCloser {
+  public:
+    FileCloser(NumberedFiles& files, int number) : files_(files), number_(number) {}
+    FileCloser(const FileCloser&) = delete;
+    FileCloser& operator=(const FileCloser&) = delete;
+    ~FileCloser();
+
+  private:
+    NumberedFiles& files_;
+    int number_;
+};
+
+/// All bytes of a file. Throws a `Failure` when it can't be read.
+Bytes read_whole_file(Disk& disk, const std::string& path);
+
+} // namespace lookfar

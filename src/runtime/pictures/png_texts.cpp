@@ -1,0 +1,58 @@
+#include "runtime/pictures/png_texts.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace lookfar {
+
+namespace {
+
+constexpr std::array<std::uint8_t, 8> signature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+constexpr std::size_t length_size = 4;
+constexpr std::size_t type_size = 4;
+constexpr std::size_t checksum_size = 4;
+
+std::size_t content_length(std::span<const std::uint8_t> chunk) {
+    std::size_t length = 0;
+    for (const std::uint8_t byte : chunk.first(length_size))
+        length = length << 8U | byte;
+    return length;
+}
+
+bool is_text(std::span<const std::uint8_t> chunk) {
+    const auto type = chunk.subspan(length_size, type_size);
+    const auto is_type = [type](std::string_view name) { return std::ranges::equal(type, name); };
+    return is_type("tEXt") || is_type("zTXt") || is_type("iTXt");
+}
+
+/// The chunk that the bytes start with, or all of them where they end too early.
+std::span<const std::uint8_t> first_chunk(std::span<const std::uint8_t> bytes) {
+    constexpr std::size_t around_content = length_size + type_size + checksum_size;
+    if (bytes.size() < around_content)
+        return bytes;
+    return bytes.first(std::min(bytes.size(), content_length(bytes) + around_content));
+}
+
+} // namespace
+
+bool starts_png(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= signature.size() &&
+           std::ranges::equal(bytes.first(signature.size()), signature);
+}
+
+std::vector<std::uint8_t> without_png_texts(std::span<const std::uint8_t> bytes) {
+    std::vector<std::uint8_t> kept(signature.begin(), signature.end());
+    kept.reserve(bytes.size());
+    auto rest = bytes.subspan(signature.size());
+    while (!rest.empty()) {
+        const auto chunk = first_chunk(rest);
+        if (chunk.size() < length_size + type_size || !is_text(chunk))
+            kept.insert(kept.end(), chunk.begin(), chunk.end());
+        rest = rest.subspan(chunk.size());
+    }
+    return kept;
+}
+
+} // namespace lookfar

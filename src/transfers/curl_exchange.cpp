@@ -1,0 +1,145 @@
+#include "transfers/curl_exchange.h"
+
+#include "runtime/text.h"
+#include "transfers/curl_transfers.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdint>
+#include <new>
+#include <string>
+#include <utility>
+
+namespace lookfar {
+
+namespace {
+
+constexpr const char* user_agent = "Lookfar/0.1";
+constexpr const char* spoken_protocols = "http,https";
+
+Failure body_too_large() {
+    return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
+}
+
+/// The number is the one with which the library ends a single line that is too long for it.
+Failure header_too_large() {
+    return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
+}
+
+void check_url(const std::string& url) {
+    if (url.size() > CurlTransfers::longest_url)
+        throw Failure(CURLE_URL_MALFORMAT, "The address is too long.");
+    if (url.find('\0') != std::string::npos || as_utf8(url) != url)
+        throw Failure(CURLE_URL_MALFORMAT, "The address holds characters that are not allowed.");
+}
+
+/// The library takes zero as "no limit" and refuses what does not fit an int.
+long timeout_milliseconds(std::chrono::milliseconds timeout) {
+    return static_cast<long>(std::clamp<std::int64_t>(timeout.count(), 1, INT_MAX));
+}
+
+} // namespace
+
+CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket)
+    : multi_(multi), ticket_(std::move(ticket)) {
+    check_url(ticket_->request.url);
+    set_destination();
+    set_limits();
+    set_receiver();
+    if (curl_multi_add_handle(multi_, easy_.get()) != CURLM_OK)
+        throw failure_of(CURLE_FAILED_INIT);
+}
+
+CurlExchange::~CurlExchange() {
+    curl_multi_remove_handle(multi_, easy_.get());
+}
+
+TransferOutcome CurlExchange::take_outcome(CURLcode code) {
+    if (refusal_)
+        return *refusal_;
+    if (code == CURLE_OK)
+        return std::move(body_);
+    if (code == CURLE_FILESIZE_EXCEEDED)
+        return body_too_large();
+    if (code == CURLE_OUT_OF_MEMORY && is_reading_head())
+        return header_too_large();
+    if (error_text_.front() != '\0')
+        return Failure(code, as_utf8(error_text_.data()));
+    return failure_of(code);
+}
+
+template <class Value>
+void CurlExchange::set(CURLoption option, Value value) {
+    if (const CURLcode code = curl_easy_setopt(easy_.get(), option, value); code != CURLE_OK)
+        throw failure_of(code);
+}
+
+void CurlExchange::set_destination() {
+    set(CURLOPT_URL, ticket_->request.url.c_str());
+    set(CURLOPT_DEFAULT_PROTOCOL, "http");
+    set(CURLOPT_PROTOCOLS_STR, spoken_protocols);
+    set(CURLOPT_REDIR_PROTOCOLS_STR, spoken_protocols);
+    set(CURLOPT_FOLLOWLOCATION, 1L);
+    set(CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
+    set(CURLOPT_HTTPAUTH, CURLAUTH_ANY);
+    set(CURLOPT_USERAGENT, user_agent);
+}
+
+void CurlExchange::set_limits() {
+    const long timeout = timeout_milliseconds(ticket_->request.timeout);
+    set(CURLOPT_TIMEOUT_MS, timeout);
+    set(CURLOPT_CONNECTTIMEOUT_MS, timeout);
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(CurlTransfers::largest_body));
+    set(CURLOPT_NOSIGNAL, 1L);
+    // A name look-up that hangs is left behind rather than waited for.
+    set(CURLOPT_QUICK_EXIT, 1L);
+}
+
+void CurlExchange::set_receiver() {
+    set(CURLOPT_ERRORBUFFER, error_text_.data());
+    set(CURLOPT_HEADERFUNCTION, &CurlExchange::receive_header);
+    set(CURLOPT_HEADERDATA, this);
+    set(CURLOPT_WRITEFUNCTION, &CurlExchange::receive_body);
+    set(CURLOPT_WRITEDATA, this);
+}
+
+// The library ends the transfer if fewer bytes are taken than it gives.
+std::size_t CurlExchange::receive_header(char* data, std::size_t, std::size_t size,
+                                         void* exchange) {
+    return static_cast<CurlExchange*>(exchange)->count_header({data, size}) ? size : 0;
+}
+
+std::size_t CurlExchange::receive_body(char* data, std::size_t, std::size_t size, void* exchange) {
+    return static_cast<CurlExchange*>(exchange)->append_body({data, size}) ? size : 0;
+}
+
+bool CurlExchange::count_header(std::string_view line) {
+    is_head_complete_ = line == "\r\n" || line == "\n";
+    header_size_ += line.size();
+    return header_size_ <= CurlTransfers::largest_header || refuse(header_too_large());
+}
+
+bool CurlExchange::append_body(std::span<const char> part) {
+    if (part.size() > CurlTransfers::largest_body - body_.size())
+        return refuse(body_too_large());
+    try {
+        body_.insert(body_.end(), part.begin(), part.end());
+    } catch (const std::bad_alloc&) {
+        return refuse(failure_of(CURLE_OUT_OF_MEMORY));
+    }
+    return true;
+}
+
+bool CurlExchange::refuse(Failure failure) {
+    refusal_ = std::move(failure);
+    return false;
+}
+
+/// Whether the host was asked and has not sent the whole head of its answer.
+bool CurlExchange::is_reading_head() const {
+    long asked_bytes = 0;
+    curl_easy_getinfo(easy_.get(), CURLINFO_REQUEST_SIZE, &asked_bytes);
+    return asked_bytes > 0 && !is_head_complete_;
+}
+
+} // namespace lookfar

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "runtime/transfer.h"
+#include "transfers/curl_handles.h"
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace lookfar {
+
+/// What the main thread and the worker know in common of one transfer.
+struct TransferTicket {
+    TransferRequest request;
+    /// Touched on the main thread only; empty once the transfer is reported or abandoned.
+    TransferDone done;
+    /// Written by the worker before it posts the report, read on the main thread after.
+    TransferOutcome outcome;
+    std::atomic<bool> is_abandoned = false;
+};
+
+/// One transfer on its way through the library, from its construction to its destruction. It
+/// belongs to the worker.
+class CurlExchange {
+  public:
+    /// Throws a Failure if the request cannot be started.
+    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket);
+    CurlExchange(const CurlExchange&) = delete;
+    CurlExchange& operator=(const CurlExchange&) = delete;
+    ~CurlExchange();
+
+    bool is_on(const CURL* handle) const { return easy_.get() == handle; }
+    const std::shared_ptr<TransferTicket>& ticket() const { return ticket_; }
+
+    /// The body or the failure of a transfer that the library ended with the code.
+    TransferOutcome take_outcome(CURLcode code);
+
+  private:
+    template <class Value>
+    void set(CURLoption option, Value value);
+    void set_destination();
+    void set_limits();
+    void set_receiver();
+
+    static std::size_t receive_header(char* data, std::size_t, std::size_t size, void* exchange);
+    static std::size_t receive_body(char* data, std::size_t, std::size_t size, void* exchange);
+    bool count_header(std::string_view line);
+    bool append_body(std::span<const char> part);
+    bool refuse(Failure failure);
+    bool is_reading_head() const;
+
+    CURLM* multi_;
+    std::shared_ptr<TransferTicket> ticket_;
+    Bytes body_;
+    std::size_t header_size_ = 0;
+    bool is_head_complete_ = false;
+    std::optional<Failure> refusal_;
+    std::array<char, CURL_ERROR_SIZE> error_text_{};
+    EasyHandle easy_ = make_easy_handle();
+};
+
+} // namespace lookfar

@@ -1,0 +1,32 @@
+#include "transfers/curl_handles.h"
+
+namespace lookfar {
+
+Failure failure_of(CURLcode code) {
+    return Failure(code, curl_easy_strerror(code));
+}
+
+CurlLibrary::CurlLibrary() {
+    if (const CURLcode code = curl_global_init(CURL_GLOBAL_DEFAULT); code != CURLE_OK)
+        throw failure_of(code);
+}
+
+CurlLibrary::~CurlLibrary() {
+    curl_global_cleanup();
+}
+
+EasyHandle make_easy_handle() {
+    EasyHandle handle(curl_easy_init());
+    if (!handle)
+        throw failure_of(CURLE_FAILED_INIT);
+    return handle;
+}
+
+MultiHandle make_multi_handle() {
+    MultiHandle handle(curl_multi_init());
+    if (!handle)
+        throw failure_of(CURLE_FAILED_INIT);
+    return handle;
+}
+
+} // namespace lookfar

@@ -1,0 +1,143 @@
+#include "transfers/curl_transfers.h"
+
+#include "transfers/curl_exchange.h"
+
+#include <algorithm>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace lookfar {
+
+namespace {
+
+constexpr int longest_poll_milliseconds = 10'000;
+
+void report(TransferTicket& ticket) {
+    if (const TransferDone done = std::exchange(ticket.done, nullptr))
+        done(std::move(ticket.outcome));
+}
+
+} // namespace
+
+/// The thread that moves all transfers forward.
+class CurlTransfers::Worker {
+  public:
+    explicit Worker(Post post) : post_(std::move(post)) {
+        thread_ = std::jthread([this](const std::stop_token& stop) { run(stop); });
+    }
+
+    void add(std::shared_ptr<TransferTicket> ticket) {
+        {
+            const std::lock_guard lock(mutex_);
+            waiting_.push_back(std::move(ticket));
+        }
+        wake();
+    }
+
+    void wake() { curl_multi_wakeup(multi_.get()); }
+
+  private:
+    void run(const std::stop_token& stop) {
+        const std::stop_callback wake_to_stop(stop, [this] { wake(); });
+        while (!stop.stop_requested()) {
+            drop_abandoned();
+            start_waiting();
+            move_forward();
+            report_finished();
+            curl_multi_poll(multi_.get(), nullptr, 0, longest_poll_milliseconds, nullptr);
+        }
+    }
+
+    void drop_abandoned() {
+        std::erase_if(running_,
+                      [](const auto& exchange) { return exchange->ticket()->is_abandoned.load(); });
+    }
+
+    void start_waiting() {
+        for (const auto& ticket : take_waiting())
+            if (!ticket->is_abandoned)
+                start(ticket);
+    }
+
+    std::vector<std::shared_ptr<TransferTicket>> take_waiting() {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(waiting_, {});
+    }
+
+    void start(const std::shared_ptr<TransferTicket>& ticket) {
+        try {
+            running_.push_back(std::make_unique<CurlExchange>(multi_.get(), ticket));
+        } catch (const Failure& failure) {
+            post_report(ticket, failure);
+        }
+    }
+
+    void move_forward() {
+        int running_count = 0;
+        curl_multi_perform(multi_.get(), &running_count);
+    }
+
+    void report_finished() {
+        int messages_left = 0;
+        while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &messages_left))
+            if (message->msg == CURLMSG_DONE)
+                finish(message->easy_handle, message->data.result);
+    }
+
+    void finish(const CURL* handle, CURLcode code) {
+        const auto found = std::ranges::find_if(
+            running_, [handle](const auto& exchange) { return exchange->is_on(handle); });
+        const auto exchange = std::move(*found);
+        running_.erase(found);
+        post_report(exchange->ticket(), exchange->take_outcome(code));
+    }
+
+    void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {
+        ticket->outcome = std::move(outcome);
+        post_([ticket] { report(*ticket); });
+    }
+
+    const Post post_;
+    const CurlLibrary library_;
+    const MultiHandle multi_ = make_multi_handle();
+    std::mutex mutex_;
+    std::vector<std::shared_ptr<TransferTicket>> waiting_;
+    /// Touched on the worker's thread only, and after its end.
+    std::vector<std::unique_ptr<CurlExchange>> running_;
+    std::jthread thread_;
+};
+
+class CurlTransfers::Handle : public Transfer {
+  public:
+    Handle(std::weak_ptr<Worker> worker, std::shared_ptr<TransferTicket> ticket)
+        : worker_(std::move(worker)), ticket_(std::move(ticket)) {}
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() override {
+        ticket_->done = nullptr;
+        ticket_->is_abandoned = true;
+        if (const auto worker = worker_.lock())
+            worker->wake();
+    }
+
+  private:
+    std::weak_ptr<Worker> worker_;
+    std::shared_ptr<TransferTicket> ticket_;
+};
+
+CurlTransfers::CurlTransfers(Post post) : worker_(std::make_shared<Worker>(std::move(post))) {}
+
+CurlTransfers::~CurlTransfers() = default;
+
+std::unique_ptr<Transfer> CurlTransfers::start(TransferRequest request, TransferDone done) {
+    auto ticket = std::make_shared<TransferTicket>();
+    ticket->request = std::move(request);
+    ticket->done = std::move(done);
+    worker_->add(ticket);
+    return std::make_unique<Handle>(worker_, std::move(ticket));
+}
+
+} // namespace lookfar

@@ -1,0 +1,139 @@
+#include "runtime/failure.h"
+#include "runtime/files/files.h"
+#include "support/faulty_disk.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <sys/stat.h>
+#include <vector>
+
+namespace lookfar::testing {
+namespace {
+
+struct Files : ::testing::Test {
+    TemporaryFolder folder;
+    FaultyDisk disk;
+    NumberedFiles files{disk};
+
+    std::vector<std::string> lines_of(const std::string& content) {
+        write_file("lines", content);
+        files.OpenForInput(1, "lines");
+        const FileCloser closer(files, 1);
+        std::vector<std::string> lines;
+        while (!files.EndOfFile(1))
+            lines.push_back(files.LineInput(1));
+        return lines;
+    }
+
+    static int number_of(const std::function<void()>& statement) {
+        try {
+            statement();
+        } catch (const Failure& failure) {
+            EXPECT_FALSE(failure.Description.empty());
+            return failure.Number;
+        }
+        return 0;
+    }
+};
+
+TEST_F(Files, EndALineAtCarriageReturnWithOrWithoutLineFeed) {
+    using Lines = std::vector<std::string>;
+    const std::string long_line(1 << 20, 'x');
+    const struct {
+        std::string content;
+        Lines lines;
+    } cases[] = {
+        {"", {}},
+        {"\r", {""}},
+        {"\r\n", {""}},
+        {"a\r\nb\rc", {"a", "b", "c"}},
+        {"a\nb\r\n", {"a\nb"}},
+        {"a\r\n\r\nb\r\n", {"a", "", "b"}},
+        {"a\r\rb", {"a", "", "b"}},
+        {" a \t\r\n", {" a \t"}},
+        {"\xFF\xFE\r\n", {"\xFF\xFE"}},
+        {long_line + "\r\n" + long_line, {long_line, long_line}},
+        {std::string(65535, 'x') + "\r\ny", {std::string(65535, 'x'), "y"}},
+        {std::string(65536, 'x') + "\r\ny", {std::string(65536, 'x'), "y"}},
+    };
+    for (const auto& [content, lines] : cases)
+        EXPECT_EQ(lines_of(content), lines) << content.substr(0, 20);
+}
+
+TEST_F(Files, FailToReadBehindTheirEnd) {
+    write_file("lines", "a");
+    files.OpenForInput(1, "lines");
+    EXPECT_EQ(files.LineInput(1), "a");
+    EXPECT_EQ(number_of([&] { files.LineInput(1); }), failure_number::past_end_of_file);
+}
+
+TEST_F(Files, RefuseNumbersThatAreOpenOrAreNot) {
+    write_file("lines", "a");
+    files.OpenForInput(1, "lines");
+    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "lines"); }),
+              failure_number::file_already_open);
+    EXPECT_EQ(number_of([&] {
+                  files.Print(1, "x");
+                  files.Close(1);
+                  files.Print(1, "x");
+              }),
+              failure_number::bad_file_number);
+    EXPECT_EQ(number_of([&] { files.LineInput(2); }), failure_number::bad_file_number);
+    EXPECT_EQ(number_of([&] { files.OpenForInput(3, "lines"); }), failure_number::bad_file_number);
+    EXPECT_EQ(content_of("lines"), "a") << "a file that is read is not written";
+}
+
+TEST_F(Files, WriteLinesWithBothLineEndCharacters) {
+    files.OpenForOutput(2, "lines");
+    files.Print(2, "a");
+    files.Print(2, "");
+    files.Close(2);
+    EXPECT_EQ(content_of("lines"), "a\r\n\r\n");
+    EXPECT_EQ(disk.operations.back(), "sync lines") << "the lines are on the disk after the close";
+}
+
+TEST_F(Files, WriteBytesOverTheStartAndKeepTheTail) {
+    write_file("bytes", "0123456789");
+    files.OpenForBinary(1, "bytes");
+    files.Put(1, Bytes{'a', 'b', 'c'});
+    files.Close(1);
+    EXPECT_EQ(content_of("bytes"), "abc3456789");
+    EXPECT_EQ(read_whole_file(disk, "bytes").size(), 10U);
+}
+
+TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
+    for (const char* operation : {"open-write copy", "write copy", "sync copy"}) {
+        write_file("list", "old");
+        write_file("copy", "stale");
+        disk.fail(operation, ENOSPC);
+        attempt([&] { files.OpenForOutput(2, "copy"); });
+        attempt([&] { files.Print(2, "new"); });
+        attempt([&] { files.Close(2); });
+        disk.mend();
+        EXPECT_EQ(number_of([&] { files.Replace("copy", "list"); }),
+                  failure_number::incomplete_file)
+            << operation;
+        EXPECT_EQ(content_of("list"), "old") << operation;
+
+        files.OpenForOutput(2, "copy");
+        files.Print(2, "new");
+        files.Close(2);
+        files.Replace("copy", "list");
+        EXPECT_EQ(content_of("list"), "new\r\n") << "a copy made anew is whole";
+        EXPECT_FALSE(exists("copy"));
+    }
+}
+
+TEST_F(Files, ThatAreNoRegularFilesAreRefusedAtOnce) {
+    std::filesystem::create_directory("folder");
+    ::mkfifo("pipe", 0600);
+    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "folder"); }), EISDIR);
+    EXPECT_NE(number_of([&] { files.OpenForInput(1, "pipe"); }), 0);
+    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "missing"); }), ENOENT);
+    EXPECT_EQ(number_of([&] { files.Kill("missing"); }), ENOENT);
+}
+
+} // namespace
+} // namespace lookfar::testing

@@ -1,0 +1,159 @@
+#include "runtime/failure.h"
+#include "runtime/pictures/jpeg_markers.h"
+#include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/png_texts.h"
+#include "support/pictures.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+namespace lookfar::testing {
+namespace {
+
+std::string refusal_of(const Bytes& bytes) {
+    try {
+        PictureDecoder().decode(bytes);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.Number, failure_number::invalid_picture);
+        return failure.Description;
+    }
+    return "none";
+}
+
+Bytes bytes_of(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+/// A JPEG whose frame header claims a size in pixels.
+Bytes claiming_size(std::uint16_t side) {
+    Bytes bytes = picture_file(16, 16);
+    const Bytes frame_marker{0xFF, 0xC0};
+    const auto frame = std::ranges::search(bytes, frame_marker).begin();
+    for (const int offset : {5, 7}) {
+        frame[offset] = static_cast<std::uint8_t>(side >> 8U);
+        frame[offset + 1] = static_cast<std::uint8_t>(side & 0xFFU);
+    }
+    return bytes;
+}
+
+TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
+    const auto picture = PictureDecoder().decode(picture_file(5, 3, 0x102030, "png"));
+    EXPECT_EQ(picture->width(), 5);
+    EXPECT_EQ(picture->height(), 3);
+    EXPECT_EQ(picture->stride(), 16);
+    ASSERT_EQ(picture->bytes().size(), 48U);
+    EXPECT_EQ(picture->bytes()[16], 0x10);
+    EXPECT_EQ(picture->bytes()[17], 0x20);
+    EXPECT_EQ(picture->bytes()[18], 0x30);
+    EXPECT_TRUE(picture->opacity().empty());
+}
+
+TEST(Pictures, LoseThePngTextsAndNothingElse) {
+    constexpr int end_of_first_chunk = 33;
+    constexpr std::size_t signature_size = 8;
+    const Bytes file = picture_file(5, 3, 0x102030, "png");
+    for (const std::string type : {"tEXt", "zTXt", "iTXt"}) {
+        const Bytes text = bytes_of(std::string("\0\0\0\1", 4) + type + "?1234");
+        const Bytes of_untrue_length = bytes_of("\xFF\xFF\xFF\xFF" + type + "?1234");
+        Bytes told = file;
+        told.insert(told.begin() + end_of_first_chunk, text.begin(), text.end());
+        told.insert(told.end(), text.begin(), text.end());
+        told.insert(told.end(), of_untrue_length.begin(), of_untrue_length.end());
+        EXPECT_EQ(without_png_texts(told), file) << type;
+        EXPECT_EQ(PictureDecoder().decode(told)->width(), 5) << type;
+    }
+    for (std::size_t size = signature_size; size < file.size(); ++size) {
+        const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(without_png_texts(cut), cut);
+    }
+}
+
+TEST(Pictures, DecodedFromTheSameBytesAreObjectsOfTheirOwnThatShareTheirPixels) {
+    PictureDecoder decoder;
+    const Bytes file = picture_file(40, 30);
+    const auto first = decoder.decode(file);
+    const auto second = decoder.decode(file);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->bytes().data(), second->bytes().data());
+
+    const std::uint8_t before = first->bytes()[0];
+    second->edit()[0] = static_cast<std::uint8_t>(before + 1);
+    EXPECT_EQ(first->bytes()[0], before) << "an edit reaches one object only";
+    EXPECT_EQ(first->revision(), 0U);
+    EXPECT_EQ(second->revision(), 1U);
+    EXPECT_EQ(decoder.decode(file)->bytes()[0], before);
+    EXPECT_EQ(decoder.decode(picture_file(41, 30))->width(), 41);
+}
+
+TEST(Pictures, EndWhereTheyEndWhateverFollows) {
+    Bytes file = picture_file(40, 30);
+    const Bytes tail = detailed_jpeg(100, 100);
+    file.insert(file.end(), tail.begin() + 500, tail.end());
+    EXPECT_EQ(PictureDecoder().decode(file)->width(), 40);
+}
+
+TEST(Pictures, AreDecodedUpToTheLargestSize) {
+    constexpr int side = 8192;
+    static_assert(1LL * side * side == largest_picture);
+    const auto picture = PictureDecoder().decode(picture_file(side, side));
+    EXPECT_EQ(picture->width(), side);
+    EXPECT_EQ(picture->height(), side);
+}
+
+TEST(Pictures, AreRefusedWithAReason) {
+    const std::string too_large = "The picture is too large: 60000 x 60000 pixels.";
+    const Bytes whole = detailed_jpeg(64, 64);
+    Bytes wrecked = picture_file(40, 30, 0x336699, "png");
+    std::fill(wrecked.end() - 40, wrecked.end(), std::uint8_t{0});
+    const struct {
+        const char* name;
+        Bytes bytes;
+        std::string reason;
+    } cases[] = {
+        {"nothing", {}, "not a picture"},
+        {"a page", bytes_of("<html><body>404</body></html>"), "not a picture"},
+        {"a drawing", bytes_of("<svg xmlns='http://www.w3.org/2000/svg'/>"), "not a picture"},
+        {"a huge picture", claiming_size(60000), too_large},
+        {"half a JPEG",
+         {whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2)},
+         "ends too early"},
+        {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, ""},
+        {"a wrecked PNG", wrecked, "can't be decoded"},
+    };
+    for (const auto& [name, bytes, reason] : cases) {
+        EXPECT_NE(refusal_of(bytes), "none") << name;
+        EXPECT_NE(refusal_of(bytes).find(reason), std::string::npos) << name << refusal_of(bytes);
+    }
+}
+
+TEST(Pictures, OfTheJpegKindAreCutShortWithoutTheirLastMarker) {
+    const Bytes whole = detailed_jpeg(64, 64);
+    EXPECT_FALSE(is_cut_short_jpeg(whole));
+    for (std::size_t length = 2; length + 1 < whole.size(); length += 97)
+        EXPECT_TRUE(is_cut_short_jpeg({whole.data(), length})) << length;
+    // An end marker inside a segment, such as a thumbnail's, ends nothing.
+    const Bytes thumbnail{0xFF, 0xD8, 0xFF, 0xE1, 0x00, 0x06, 0xFF, 0xD9, 0xFF, 0xD9};
+    EXPECT_TRUE(is_cut_short_jpeg(thumbnail));
+    EXPECT_FALSE(is_cut_short_jpeg(picture_file(8, 8, 0, "png")));
+}
+
+TEST(Pictures, OfTheJpegKindMayHaveAHundredScans) {
+    // A scan's header may hold what looks like another one.
+    const Bytes scan{0xFF, 0xDA, 0x00, 0x04, 0xFF, 0xDA, 0x11, 0xFF, 0x00};
+    const auto jpeg_of_scans = [&scan](int count) {
+        Bytes jpeg{0xFF, 0xD8};
+        for (int number = 0; number < count; ++number)
+            jpeg.insert(jpeg.end(), scan.begin(), scan.end());
+        jpeg.insert(jpeg.end(), {0xFF, 0xD9});
+        jpeg.insert(jpeg.end(), scan.begin(), scan.end());
+        return jpeg;
+    };
+    EXPECT_FALSE(has_too_many_scans(jpeg_of_scans(100)));
+    EXPECT_TRUE(has_too_many_scans(jpeg_of_scans(101)));
+}
+
+} // namespace
+} // namespace lookfar::testing
