@@ -1,179 +1,66 @@
 #include "demo/gif_writer.h"
 
-#include <array>
-#include <cstdint>
-#include <span>
+#include <gif_lib.h>
+
+#include <algorithm>
+#include <memory>
 #include <stdexcept>
-#include <string_view>
-#include <unordered_map>
-#include <utility>
-#include <vector>
 
 namespace lookfar::demo {
+
 namespace {
 
-constexpr int palette_size = 256;
-constexpr int largest_side = 65535;
-constexpr unsigned bits_per_pixel = 8;
-
-void append_word(std::string& file, int value) {
-    file += static_cast<char>(value & 0xFF);
-    file += static_cast<char>(value >> 8);
-}
-
-/// Collects codes of varying width, least significant bit first.
-class BitWriter {
-  public:
-    void write(unsigned code, unsigned width) {
-        pending_ |= code << pending_width_;
-        pending_width_ += width;
-        while (pending_width_ >= 8) {
-            write_byte();
-            pending_width_ -= 8;
-        }
-    }
-
-    std::string finish() {
-        if (pending_width_ > 0) {
-            write_byte();
-        }
-        return std::move(bytes_);
-    }
-
-  private:
-    void write_byte() {
-        bytes_ += static_cast<char>(pending_ & 0xFF);
-        pending_ >>= 8;
-    }
-
-    std::string bytes_;
-    std::uint32_t pending_ = 0;
-    unsigned pending_width_ = 0;
+struct FileEnd {
+    void operator()(GifFileType* gif) const { EGifCloseFile(gif, nullptr); }
 };
 
-/// The LZW of the format: codes grow from 9 to 12 bits, then the table starts anew.
-class LzwEncoder {
-  public:
-    std::string encode(std::span<const std::uint8_t> pixels) {
-        bits_.write(clear_code, width_);
-        unsigned prefix = pixels.front();
-        for (const std::uint8_t pixel : pixels.subspan(1)) {
-            const std::uint32_t key = (prefix << bits_per_pixel) | pixel;
-            if (const auto known = table_.find(key); known != table_.end()) {
-                prefix = known->second;
-                continue;
-            }
-            bits_.write(prefix, width_);
-            add(key);
-            prefix = pixel;
-        }
-        bits_.write(prefix, width_);
-        widen_for_decoder();
-        bits_.write(end_code, width_);
-        return bits_.finish();
-    }
+using Gif = std::unique_ptr<GifFileType, FileEnd>;
+using Palette = std::unique_ptr<ColorMapObject, decltype(&GifFreeMapObject)>;
 
-  private:
-    static constexpr unsigned clear_code = 1U << bits_per_pixel;
-    static constexpr unsigned end_code = clear_code + 1;
-    static constexpr unsigned first_free_code = clear_code + 2;
-    static constexpr unsigned first_width = bits_per_pixel + 1;
-    static constexpr unsigned last_width = 12;
-    static constexpr unsigned code_limit = 1U << last_width;
-
-    void add(std::uint32_t key) {
-        if (next_code_ == code_limit) {
-            restart();
-            return;
-        }
-        widen_for_decoder();
-        table_.emplace(key, next_code_++);
-    }
-
-    /// The decoder learns an entry one code later, so a width holds until its last code is taken.
-    void widen_for_decoder() {
-        if (next_code_ == 1U << width_ && width_ < last_width) {
-            ++width_;
-        }
-    }
-
-    void restart() {
-        bits_.write(clear_code, width_);
-        table_.clear();
-        next_code_ = first_free_code;
-        width_ = first_width;
-    }
-
-    BitWriter bits_;
-    std::unordered_map<std::uint32_t, unsigned> table_;
-    unsigned next_code_ = first_free_code;
-    unsigned width_ = first_width;
-};
-
-void append_header(std::string& file, const QImage& indexed) {
-    constexpr char palette_of_256_colours = '\xF7';
-    file += "GIF89a";
-    append_word(file, indexed.width());
-    append_word(file, indexed.height());
-    file += palette_of_256_colours;
-    file += '\0'; // Background colour.
-    file += '\0'; // Pixel aspect ratio: not told.
+int append(GifFileType* gif, const GifByteType* bytes, int count) {
+    auto& file = *static_cast<std::string*>(gif->UserData);
+    file.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(count));
+    return count;
 }
 
-void append_palette(std::string& file, const QImage& indexed) {
-    QList<QRgb> colours = indexed.colorTable();
-    colours.resize(palette_size);
-    for (const QRgb colour : colours) {
-        file += static_cast<char>(qRed(colour));
-        file += static_cast<char>(qGreen(colour));
-        file += static_cast<char>(qBlue(colour));
-    }
+void check(bool is_done) {
+    if (!is_done)
+        throw std::runtime_error("cannot encode a GIF picture");
 }
 
-void append_image_descriptor(std::string& file, const QImage& indexed) {
-    file += ',';
-    append_word(file, 0);
-    append_word(file, 0);
-    append_word(file, indexed.width());
-    append_word(file, indexed.height());
-    file += '\0'; // Neither a palette of its own nor interlaced.
+GifColorType gif_colour(QRgb colour) {
+    return {static_cast<GifByteType>(qRed(colour)), static_cast<GifByteType>(qGreen(colour)),
+            static_cast<GifByteType>(qBlue(colour))};
 }
 
-std::vector<std::uint8_t> pixels_of(const QImage& indexed) {
-    std::vector<std::uint8_t> pixels;
-    for (int row = 0; row < indexed.height(); ++row) {
-        const std::span line(indexed.constScanLine(row), static_cast<std::size_t>(indexed.width()));
-        pixels.insert(pixels.end(), line.begin(), line.end());
-    }
-    return pixels;
+Palette palette_of(const QImage& indexed) {
+    constexpr int colour_count = 256;
+    Palette palette(GifMakeMapObject(colour_count, nullptr), GifFreeMapObject);
+    check(palette != nullptr);
+    std::ranges::transform(indexed.colorTable(), palette->Colors, gif_colour);
+    return palette;
 }
 
-void append_blocks(std::string& file, std::string_view data) {
-    constexpr std::size_t longest_block = 255;
-    while (!data.empty()) {
-        const std::string_view block = data.substr(0, longest_block);
-        file += static_cast<char>(block.size());
-        file += block;
-        data.remove_prefix(block.size());
-    }
-    file += '\0';
+void write(GifFileType* gif, QImage indexed) {
+    constexpr int bits_per_colour = 8;
+    const int width = indexed.width();
+    const int height = indexed.height();
+    const Palette palette = palette_of(indexed);
+    check(EGifPutScreenDesc(gif, width, height, bits_per_colour, 0, palette.get()) == GIF_OK);
+    check(EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr) == GIF_OK);
+    for (int row = 0; row < height; ++row)
+        check(EGifPutLine(gif, indexed.scanLine(row), width) == GIF_OK);
 }
 
 } // namespace
 
 std::string to_gif(const QImage& picture) {
-    if (picture.isNull() || picture.width() > largest_side || picture.height() > largest_side) {
-        throw std::invalid_argument("a picture of this size cannot be a GIF");
-    }
     const QImage opaque = picture.convertToFormat(QImage::Format_RGB32);
-    const QImage indexed = opaque.convertToFormat(QImage::Format_Indexed8);
     std::string file;
-    append_header(file, indexed);
-    append_palette(file, indexed);
-    append_image_descriptor(file, indexed);
-    file += static_cast<char>(bits_per_pixel);
-    append_blocks(file, LzwEncoder().encode(pixels_of(indexed)));
-    file += ';';
+    Gif gif(EGifOpen(&file, append, nullptr));
+    check(gif != nullptr);
+    write(gif.get(), opaque.convertToFormat(QImage::Format_Indexed8));
+    gif.reset();
     return file;
 }
 

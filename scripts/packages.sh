@@ -52,6 +52,7 @@ install_build_packages() {
         g++ \
         libbenchmark-dev \
         libcurl4-openssl-dev \
+        libgif-dev \
         libgtest-dev \
         libjpeg62-turbo-dev \
         ninja-build \
