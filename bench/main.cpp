@@ -20,7 +20,9 @@ class UnattendedDesktop : public lookfar::DesktopPlatform {
   public:
     using DesktopPlatform::DesktopPlatform;
 
-    short ask(const lookfar::MessageBox&) override { return lookfar::message_box_answer::yes; }
+    lookfar::MessageBoxAnswer ask(const lookfar::MessageBox&) override {
+        return lookfar::MessageBoxAnswer::yes;
+    }
 };
 
 /// A camera that serves two pictures of one size in turn.

@@ -50,12 +50,12 @@ struct Limits {
     double longest;
 };
 
-void press(TextBox& box, short key, Limits limits) {
+void press(TextBox& box, KeyCode key, Limits limits) {
     const double before = Val(box.Text);
     double expected = before;
-    if (key == key_code::up && before < 60)
+    if (key == KeyCode::up && before < 60)
         expected = std::min(before + 1, limits.longest);
-    if (key == key_code::down && before > 1)
+    if (key == KeyCode::down && before > 1)
         expected = std::max(before - 1, limits.shortest);
     box.KeyDown.raise(key, 0);
     expect(Val(box.Text) == expected, "a key steps by one and stops at the limits");
@@ -65,7 +65,7 @@ void check_box(FuzzedDataProvider& input, MainWindow& window, TextBox& box, Limi
     write(box, input.ConsumeRandomLengthString(32));
     expect_order(window);
     for (int presses = input.ConsumeIntegralInRange(0, 8); presses > 0; --presses) {
-        press(box, input.ConsumeBool() ? key_code::up : key_code::down, limits);
+        press(box, input.ConsumeBool() ? KeyCode::up : KeyCode::down, limits);
         expect_order(window);
     }
     box.GotFocus.raise();
@@ -85,6 +85,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace lookfar;
     static fuzz::Machine machine;
     FuzzedDataProvider input(data, size);
-    fuzz::check(input, *machine.program.Form1.operator->());
+    fuzz::check(input, *machine.program.Form1);
     return 0;
 }

@@ -21,7 +21,7 @@ PictureReference decode(PictureDecoder& decoder, const Bytes& bytes) {
     try {
         return decoder.decode(bytes);
     } catch (const Failure& failure) {
-        expect(failure.Number == failure_number::invalid_picture, "a refusal is that of a picture");
+        expect(failure.Kind == FailureKind::invalid_picture, "a refusal is that of a picture");
         expect(!failure.Description.empty(), "a refusal has a reason");
         return nullptr;
     }

@@ -31,7 +31,7 @@ class MemoryFile : public DiskFile {
         const std::size_t count = fails ? bytes.size() / 2 : bytes.size();
         content_->append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(count));
         if (fails)
-            throw Failure(ENOSPC, path_);
+            throw disk_failure(path_, ENOSPC);
     }
 
     void sync() override { disk_.begin_operation(path_); }
@@ -79,13 +79,13 @@ bool MemoryDisk::fails_now() {
 
 void MemoryDisk::begin_operation(const std::string& path) {
     if (fails_now())
-        throw Failure(EIO, path);
+        throw disk_failure(path, EIO);
 }
 
 MemoryDisk::Content MemoryDisk::existing(const std::string& path) const {
     const auto file = files_.find(path);
     if (file == files_.end())
-        throw Failure(ENOENT, path);
+        throw disk_failure(path, ENOENT);
     return file->second;
 }
 

@@ -17,7 +17,7 @@ namespace {
 /// end of a picture that was cut short, so such an answer is refused before it gets there.
 void refuse_cut_short(const Bytes& bytes) {
     if (is_cut_short_jpeg(bytes))
-        throw Failure(failure_number::invalid_picture, "The picture ends too early.");
+        throw Failure(FailureKind::invalid_picture, "The picture ends too early.");
 }
 
 void store(NumberedFiles& files, const std::string& path, const Bytes& bytes) {
@@ -59,7 +59,7 @@ short whole_seconds(float start, float end) {
 void MainWindow::GetRESOURCE(std::string url) {
     const float start = runtime.SecondsSinceMidnight();
     try {
-        MousePointer = mouse_pointer::hourglass;
+        MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
         const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
         refuse_cut_short(bytes);
@@ -79,7 +79,7 @@ void MainWindow::GetRESOURCE(std::string url) {
         Form2->Label2.Visible = false;
         Form2->Label3.Visible = false;
     } catch (const Failure& failure) {
-        if (failure.Number == failure_number::transfer_busy)
+        if (failure.Kind == FailureKind::transfer_busy)
             clear_error_display();
         else
             show_error(failure);

@@ -14,10 +14,10 @@ long milliseconds(const std::string& seconds) {
     return round_to_long(strict_number(seconds) * 1000);
 }
 
-void step_with_arrow_keys(TextBox& box, short KeyCode) {
-    if (Val(box.Text) < longest && KeyCode == key_code::up)
+void step_with_arrow_keys(TextBox& box, KeyCode KeyCode) {
+    if (Val(box.Text) < longest && KeyCode == KeyCode::up)
         box.Text = number_text(Val(box.Text) + 1);
-    if (Val(box.Text) > shortest && KeyCode == key_code::down)
+    if (Val(box.Text) > shortest && KeyCode == KeyCode::down)
         box.Text = number_text(Val(box.Text) - 1);
 }
 
@@ -46,11 +46,11 @@ void MainWindow::Text2_Change() {
     }
 }
 
-void MainWindow::Text1_KeyDown(short KeyCode, short /*Shift*/) {
+void MainWindow::Text1_KeyDown(lookfar::KeyCode KeyCode, short /*Shift*/) {
     step_with_arrow_keys(Text1, KeyCode);
 }
 
-void MainWindow::Text2_KeyDown(short KeyCode, short /*Shift*/) {
+void MainWindow::Text2_KeyDown(lookfar::KeyCode KeyCode, short /*Shift*/) {
     step_with_arrow_keys(Text2, KeyCode);
 }
 

@@ -214,8 +214,8 @@ class MainWindow : public Form {
     // Interval inputs.
     void Text1_Change();
     void Text2_Change();
-    void Text1_KeyDown(short KeyCode, short Shift);
-    void Text2_KeyDown(short KeyCode, short Shift);
+    void Text1_KeyDown(KeyCode KeyCode, short Shift);
+    void Text2_KeyDown(KeyCode KeyCode, short Shift);
     void Text1_GotFocus();
     void UpDown1_Change();
 
@@ -227,8 +227,8 @@ class MainWindow : public Form {
     void ImagNT1_DblClick();
     void Label4_DblClick();
     void GoToFull_Click();
-    void ImagNT1_MouseDown(short Button);
-    void Label4_MouseDown(short Button);
+    void ImagNT1_MouseDown(MouseButton Button);
+    void Label4_MouseDown(MouseButton Button);
     void Form_MenuKey();
 
     // The About window.

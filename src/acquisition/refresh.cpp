@@ -12,7 +12,7 @@ void MainWindow::Timer1_Timer() {
         look_up_selected_camera();
         Image1.Visible = true;
         GetRESOURCE(Text3.Text);
-        MousePointer = mouse_pointer::standard;
+        MousePointer = MousePointer::standard;
         Form2->Label8.Caption = "0";
     });
 }
@@ -20,7 +20,7 @@ void MainWindow::Timer1_Timer() {
 void MainWindow::look_up_selected_camera() {
     // An empty list would otherwise find its empty selection in every blank line.
     if (Form2->Combo1.ListIndex == -1)
-        throw Failure(failure_number::no_such_entry, "No camera is selected.");
+        throw Failure(FailureKind::no_such_entry, "No camera is selected.");
     NumberedFiles& files = runtime.files();
     catalogue::scan_lines(files, [this, &files](const std::string& line) {
         if (line != Form2->Combo1.Text)

@@ -2,8 +2,6 @@
 
 #include "runtime/failure.h"
 
-#include <cerrno>
-
 namespace lookfar::catalogue {
 
 namespace {
@@ -27,7 +25,7 @@ bool open_existing_list(NumberedFiles& files) {
         files.OpenForInput(list_number, list_name);
         return true;
     } catch (const Failure& failure) {
-        if (failure.Number == ENOENT)
+        if (failure.Kind == FailureKind::file_not_found)
             return false;
         throw;
     }
@@ -43,7 +41,7 @@ Found read_list(NumberedFiles& files, const std::function<void(const std::string
     } catch (const Failure& failure) {
         // Only the end of the file before the first line speaks of an empty list; a disk that
         // can't be read must not have it replaced.
-        if (failure.Number != failure_number::past_end_of_file)
+        if (failure.Kind != FailureKind::past_end_of_file)
             return Found::lines;
     }
     return found;

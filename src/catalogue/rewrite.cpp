@@ -3,8 +3,6 @@
 #include "catalogue/list_file.h"
 #include "runtime/failure.h"
 
-#include <cerrno>
-
 namespace lookfar::catalogue {
 
 namespace {
@@ -87,9 +85,9 @@ class EditorCopy {
         try {
             step();
         } catch (const Failure& failure) {
-            const bool nothing_is_lost = failure.Number == ENOENT ||
-                                         failure.Number == failure_number::past_end_of_file ||
-                                         failure.Number == failure_number::bad_file_number;
+            const bool nothing_is_lost = failure.Kind == FailureKind::file_not_found ||
+                                         failure.Kind == FailureKind::past_end_of_file ||
+                                         failure.Kind == FailureKind::bad_file_number;
             has_lost_input_ = has_lost_input_ || !nothing_is_lost;
         }
     }

@@ -157,7 +157,7 @@ void DesktopPlatform::open_link(const std::string& address) {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
 }
 
-short DesktopPlatform::ask(const MessageBox& box) {
+MessageBoxAnswer DesktopPlatform::ask(const MessageBox& box) {
     parts_->windows.synchronise();
     return desktop::ask(box, QApplication::activeWindow());
 }

@@ -41,7 +41,7 @@ class DesktopPlatform : public Platform {
 
     void open_link(const std::string& address) override;
 
-    short ask(const MessageBox& box) override;
+    MessageBoxAnswer ask(const MessageBox& box) override;
     void changed(Element& element) override;
     void forget(Element& element) override;
     void bring_forward(Form& form) override;

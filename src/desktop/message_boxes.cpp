@@ -10,16 +10,16 @@ namespace lookfar::desktop {
 
 namespace {
 
-bool has(const MessageBox& box, int flag) {
-    return (box.flags & flag) != 0;
+bool has(const MessageBox& box, MessageBoxFlag flag) {
+    return (static_cast<int>(box.flags) & static_cast<int>(flag)) != 0;
 }
 
 QMessageBox::Icon icon_of(const MessageBox& box) {
-    if (has(box, message_box_flag::information))
+    if (has(box, MessageBoxFlag::information))
         return QMessageBox::Information;
-    if (has(box, message_box_flag::question))
+    if (has(box, MessageBoxFlag::question))
         return QMessageBox::Question;
-    return has(box, message_box_flag::critical) ? QMessageBox::Critical : QMessageBox::NoIcon;
+    return has(box, MessageBoxFlag::critical) ? QMessageBox::Critical : QMessageBox::NoIcon;
 }
 
 void add_yes_and_no(QMessageBox& native, bool no_is_default) {
@@ -39,17 +39,17 @@ int run(QMessageBox& native) {
 
 } // namespace
 
-short ask(const MessageBox& box, QWidget* parent) {
+MessageBoxAnswer ask(const MessageBox& box, QWidget* parent) {
     const QString title =
         box.title.empty() ? QCoreApplication::applicationName() : shown_text(box.title);
     QMessageBox native(icon_of(box), title, shown_text(box.text), QMessageBox::Ok, parent);
     native.setTextFormat(Qt::PlainText);
-    if (!has(box, message_box_flag::yes_no)) {
+    if (!has(box, MessageBoxFlag::yes_no)) {
         run(native);
-        return message_box_answer::ok;
+        return MessageBoxAnswer::ok;
     }
-    add_yes_and_no(native, has(box, message_box_flag::second_button_default));
-    return run(native) == QMessageBox::Yes ? message_box_answer::yes : message_box_answer::no;
+    add_yes_and_no(native, has(box, MessageBoxFlag::second_button_default));
+    return run(native) == QMessageBox::Yes ? MessageBoxAnswer::yes : MessageBoxAnswer::no;
 }
 
 } // namespace lookfar::desktop

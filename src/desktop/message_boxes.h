@@ -8,6 +8,6 @@ namespace lookfar::desktop {
 
 /// Shows the box and runs the message loop until it is answered. To close a box that asks for
 /// yes or no is to answer no.
-short ask(const MessageBox& box, QWidget* parent);
+MessageBoxAnswer ask(const MessageBox& box, QWidget* parent);
 
 } // namespace lookfar::desktop

@@ -43,7 +43,7 @@ void MainWindow::draw_colour_scheme() {
         n = std::floor(runtime.random().Rnd() * schemes.size()) + 1;
     while (Val(Label5.Caption) == n);
     Label5.Caption = number_text(n);
-    apply(schemes[static_cast<std::size_t>(n) - 1], *Form2.operator->());
+    apply(schemes[static_cast<std::size_t>(n) - 1], *Form2);
 }
 
 } // namespace lookfar

@@ -4,7 +4,7 @@
 namespace lookfar {
 
 void MainWindow::Form_Resize() {
-    if (WindowState != window_state::maximised)
+    if (WindowState != WindowState::maximised)
         return;
     Form2->Left = 0;
     Form2->Top = 0;

@@ -15,7 +15,7 @@ void MainWindow::warn_of_colour_depth() {
         return;
     runtime.MsgBox("Your actual color depth is less than 32bit. The Blur-Effect, which smoothers "
                    "the Skyglass picture, can't be applied and will be switched off.",
-                   message_box_flag::critical, "Color Depth Error");
+                   MessageBoxFlag::critical, "Color Depth Error");
     Check2.Value = 0;
     BlurEffect.Caption = "0";
 }
@@ -27,7 +27,7 @@ void MainWindow::Check2_Click() {
         return;
     runtime.MsgBox("The Blur-Effect may not apply as it should be, because of your actual colour "
                    "depth!",
-                   message_box_flag::information, "Blur Effect Information");
+                   MessageBoxFlag::information, "Blur Effect Information");
 }
 
 } // namespace lookfar

@@ -4,7 +4,7 @@
 namespace lookfar {
 
 void MainWindow::ImagNT1_DblClick() {
-    WindowState = window_state::maximised;
+    WindowState = WindowState::maximised;
     Hide();
 }
 
@@ -16,22 +16,22 @@ void MainWindow::GoToFull_Click() {
     ImagNT1_DblClick();
 }
 
-void MainWindow::ImagNT1_MouseDown(short Button) {
-    if (Button == mouse_button::right)
+void MainWindow::ImagNT1_MouseDown(MouseButton Button) {
+    if (Button == MouseButton::right)
         PopupMenu(PopUpMenu1, &GoToFull);
 }
 
-void MainWindow::Label4_MouseDown(short Button) {
+void MainWindow::Label4_MouseDown(MouseButton Button) {
     ImagNT1_MouseDown(Button);
 }
 
 void MainWindow::Form_MenuKey() {
-    ImagNT1_MouseDown(mouse_button::right);
+    ImagNT1_MouseDown(MouseButton::right);
 }
 
 void FullscreenWindow::Image3_DblClick() {
     Form1->Visible = true;
-    Form1->WindowState = window_state::normal;
+    Form1->WindowState = WindowState::normal;
     Visible = false;
     Form1->Show();
 }

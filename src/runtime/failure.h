@@ -2,35 +2,48 @@
 
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace lookfar {
 
-/// Numbers of the failures that the runtime itself raises. Failures of a file carry the
-/// operating system's number, failures of a transfer that of the transfer library.
-namespace failure_number {
-inline constexpr int overflow = 6;
-inline constexpr int list_is_full = 7;
-inline constexpr int no_such_entry = 9;
-inline constexpr int type_mismatch = 13;
-inline constexpr int bad_file_number = 52;
-inline constexpr int file_already_open = 55;
-inline constexpr int past_end_of_file = 62;
-inline constexpr int incomplete_file = 75;
-inline constexpr int invalid_property_value = 380;
-inline constexpr int invalid_picture = 481;
-inline constexpr int transfer_busy = 35764;
-inline constexpr int transfer_without_bytes = 35765;
-inline constexpr int transfer_cancelled = 35766;
-} // namespace failure_number
+/// What code decides by. Each value is the number that the user reads where the runtime itself
+/// fails so.
+enum class FailureKind {
+    /// One that no code treats apart. Its number is that of the system or of the transfer library,
+    /// and may equal one of those below.
+    other = 0,
+    overflow = 6,
+    list_is_full = 7,
+    no_such_entry = 9,
+    type_mismatch = 13,
+    bad_file_number = 52,
+    file_not_found = 53,
+    file_already_open = 55,
+    past_end_of_file = 62,
+    incomplete_file = 75,
+    invalid_property_value = 380,
+    invalid_picture = 481,
+    transfer_busy = 35764,
+    transfer_without_bytes = 35765,
+    transfer_cancelled = 35766,
+};
 
-/// The one way in which a statement fails: a number and a text for the user.
+/// The one way in which a statement fails: a kind for the code that traps it, a number and a text
+/// for the user.
 class Failure : public std::exception {
   public:
+    /// A failure of the runtime's own, with the number of its kind.
+    Failure(FailureKind kind, std::string description)
+        : Failure(kind, static_cast<int>(kind), std::move(description)) {}
+    /// A failure of the system or of the transfer library, with the number that it has there.
     Failure(int number, std::string description)
-        : Number(number), Description(std::move(description)) {}
+        : Failure(FailureKind::other, number, std::move(description)) {}
+    Failure(FailureKind kind, int number, std::string description)
+        : Kind(kind), Number(number), Description(std::move(description)) {}
 
     const char* what() const noexcept override { return Description.c_str(); }
 
+    FailureKind Kind;
     int Number;
     std::string Description;
 };

@@ -28,7 +28,7 @@ struct FormDesign {
     bool CentredOnScreen = false;
     bool HasIcon = true;
     Colour BackColor = colour::button_face;
-    short MousePointer = mouse_pointer::standard;
+    lookfar::MousePointer MousePointer = MousePointer::standard;
     /// What assistive technology calls a window that has no caption.
     std::string AccessibleName = {};
 };
@@ -63,8 +63,8 @@ class Form : public Element, public MouseEvents {
     /// display.
     Property<float> Width;
     Property<float> Height;
-    Property<short> WindowState;
-    Property<short> MousePointer;
+    Property<lookfar::WindowState> WindowState;
+    Property<lookfar::MousePointer> MousePointer;
 
     Event<> Initialize;
     Event<> Load;

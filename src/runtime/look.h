@@ -61,10 +61,7 @@ enum class DrawMode : short { copy_pen = 13, merge_pen = 15 };
 /// it is saying, or at once.
 enum class Announcement { none, polite, assertive };
 
-namespace mouse_pointer {
-inline constexpr short standard = 0;
-inline constexpr short hourglass = 11;
-} // namespace mouse_pointer
+enum class MousePointer : short { standard = 0, hourglass = 11 };
 
 /// How a window is framed.
 enum class FormBorder : short {
@@ -74,10 +71,6 @@ enum class FormBorder : short {
     fixed_tool_window = 4
 };
 
-namespace window_state {
-inline constexpr short normal = 0;
-inline constexpr short minimised = 1;
-inline constexpr short maximised = 2;
-} // namespace window_state
+enum class WindowState : short { normal = 0, minimised = 1, maximised = 2 };
 
 } // namespace lookfar

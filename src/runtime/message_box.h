@@ -4,25 +4,27 @@
 
 namespace lookfar {
 
-namespace message_box_flag {
-inline constexpr int yes_no = 4;
-inline constexpr int critical = 16;
-inline constexpr int question = 32;
-inline constexpr int information = 64;
-inline constexpr int second_button_default = 256;
-} // namespace message_box_flag
+/// The buttons of a message box, its icon, and the button that Enter presses; a box has the sum of
+/// its flags.
+enum class MessageBoxFlag : int {
+    ok_only = 0,
+    yes_no = 4,
+    critical = 16,
+    question = 32,
+    information = 64,
+    second_button_default = 256,
+};
 
-namespace message_box_answer {
-inline constexpr short ok = 1;
-inline constexpr short yes = 6;
-inline constexpr short no = 7;
-} // namespace message_box_answer
+constexpr MessageBoxFlag operator+(MessageBoxFlag left, MessageBoxFlag right) {
+    return static_cast<MessageBoxFlag>(static_cast<int>(left) + static_cast<int>(right));
+}
 
-/// A question or a notice. The flags are a sum: the buttons (0 for OK alone, or `yes_no`), the
-/// icon, and which button Enter presses.
+enum class MessageBoxAnswer : short { ok = 1, yes = 6, no = 7 };
+
+/// A question or a notice.
 struct MessageBox {
     std::string text;
-    int flags = 0;
+    MessageBoxFlag flags = MessageBoxFlag::ok_only;
     /// The application's title where it is empty.
     std::string title;
 };

@@ -67,7 +67,7 @@ Whole round_to(double value) {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= std::numeric_limits<Whole>::min() &&
           rounded <= std::numeric_limits<Whole>::max()))
-        throw Failure(failure_number::overflow, "The number is too large.");
+        throw Failure(FailureKind::overflow, "The number is too large.");
     return static_cast<Whole>(rounded);
 }
 
@@ -80,7 +80,7 @@ double Val(const std::string& text) {
 double strict_number(const std::string& text) {
     const Reading reading = read_number(text);
     if (!reading.found || !without_leading_blanks(reading.rest).empty())
-        throw Failure(failure_number::type_mismatch, "The text is not a number.");
+        throw Failure(FailureKind::type_mismatch, "The text is not a number.");
     return reading.value;
 }
 

@@ -75,7 +75,7 @@ class Platform {
     // Asking and showing.
 
     /// Shows a modal box, runs the message loop under it, and gives back the button pressed.
-    virtual short ask(const MessageBox& box) = 0;
+    virtual MessageBoxAnswer ask(const MessageBox& box) = 0;
     /// A property of the element has changed; shown at the next opportunity.
     virtual void changed(Element& element) = 0;
     /// The element is about to go; nothing may refer to it any more.

@@ -13,9 +13,9 @@ namespace lookfar {
 template <class Value>
 struct PropertyRules {
     /// Throws a `Failure` for a value that the property refuses; the old value then stays.
-    std::function<void(const Value&)> refuse;
+    std::function<void(const Value&)> refuse = {};
     /// Runs last, inside the write, when the value has changed; raises the property's event.
-    std::function<void()> changed;
+    std::function<void()> changed = {};
 };
 
 /// A value of an element that reads like a member and is written by assignment.

@@ -49,7 +49,8 @@ void Runtime::End() {
     std::abort();
 }
 
-short Runtime::MsgBox(const std::string& text, int flags, const std::string& title) {
+MessageBoxAnswer Runtime::MsgBox(const std::string& text, MessageBoxFlag flags,
+                                 const std::string& title) {
     return platform_.ask({.text = text, .flags = flags, .title = title});
 }
 

@@ -35,9 +35,9 @@ class Runtime {
     /// Stops the program on the spot.
     [[noreturn]] void End();
 
-    /// Shows a modal box and gives back the button pressed (`message_box_answer`). The message
-    /// loop runs meanwhile.
-    short MsgBox(const std::string& text, int flags, const std::string& title = {});
+    /// Shows a modal box and gives back the button pressed. The message loop runs meanwhile.
+    MessageBoxAnswer MsgBox(const std::string& text, MessageBoxFlag flags,
+                            const std::string& title = {});
 
     /// Decodes a picture file; every call yields a picture object of its own. Throws a `Failure`
     /// when the file can't be read or is no picture.

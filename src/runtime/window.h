@@ -9,8 +9,8 @@
 
 namespace lookfar {
 
-/// The one instance of a window class. The first use through `->` makes and loads it, inside
-/// that expression: `Initialize`, then `Load`. Handlers that run meanwhile reach the same
+/// The one instance of a window class. The first use through `->` or `*` makes and loads it,
+/// inside that expression: `Initialize`, then `Load`. Handlers that run meanwhile reach the same
 /// instance. A window that was unloaded is made anew at its next use.
 template <class Kind>
 class Window {
@@ -19,11 +19,12 @@ class Window {
 
     Window(Runtime& runtime, Maker make) : runtime_(runtime), make_(std::move(make)) {}
 
-    Kind* operator->() {
+    Kind& operator*() {
         if (!instance_)
             load();
-        return instance_.get();
+        return *instance_;
     }
+    Kind* operator->() { return &operator*(); }
 
     bool is_loaded() const { return instance_ != nullptr; }
 

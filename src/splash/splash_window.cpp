@@ -13,7 +13,7 @@ SplashWindow::SplashWindow(Program& program)
                              .MinButton = false,
                              .ShowInTaskbar = false,
                              .CentredOnScreen = true,
-                             .MousePointer = mouse_pointer::hourglass,
+                             .MousePointer = MousePointer::hourglass,
                              .AccessibleName = "Lookfar is starting"}),
       Form1(program.Form1) {
     Timer1.Tick.connect(this, &SplashWindow::Timer1_Timer);

@@ -90,7 +90,7 @@ TEST(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
         EXPECT_EQ(machine.Form1->ImagNT1.Picture.get(), picture) << "the old picture is kept";
         EXPECT_EQ(machine.Form2->Picture1.Picture.get(), picture);
         EXPECT_EQ(machine.Form2->Label7.Caption.get(), "2") << "halves go to the even neighbour";
-        EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::standard);
+        EXPECT_EQ(machine.Form1->MousePointer, MousePointer::standard);
     }
     machine.set_answer('a', picture_file(32, 24));
     machine.Form1->Command2.Click.raise();

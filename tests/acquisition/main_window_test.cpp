@@ -92,10 +92,11 @@ TEST(IntervalInputs, StepByTheArrowKeysBetweenOneAndSixty) {
     machine.start();
     const struct {
         const char* before;
-        short key;
+        KeyCode key;
         const char* after;
-    } cases[] = {{"10", 38, "11"}, {"10", 40, "9"}, {"60", 38, "60"}, {"59", 38, "60"},
-                 {"1", 40, "1"},   {"2", 40, "1"},  {"10", 65, "10"}};
+    } cases[] = {{"10", KeyCode::up, "11"}, {"10", KeyCode::down, "9"}, {"60", KeyCode::up, "60"},
+                 {"59", KeyCode::up, "60"}, {"1", KeyCode::down, "1"},  {"2", KeyCode::down, "1"},
+                 {"10", KeyCode{65}, "10"}};
     for (TextBox* box : {&machine.Form1->Text1, &machine.Form1->Text2}) {
         for (const auto& [before, key, after] : cases) {
             box->Text = before;
@@ -104,9 +105,9 @@ TEST(IntervalInputs, StepByTheArrowKeysBetweenOneAndSixty) {
         }
     }
     machine.Form1->Text1.Text = "65";
-    machine.Form1->Text1.KeyDown.raise(38, 0);
+    machine.Form1->Text1.KeyDown.raise(KeyCode::up, 0);
     EXPECT_EQ(machine.Form1->Text1.Text.get(), "65");
-    machine.Form1->Text1.KeyDown.raise(40, 0);
+    machine.Form1->Text1.KeyDown.raise(KeyCode::down, 0);
     EXPECT_EQ(machine.Form1->Text1.Text.get(), "64");
 }
 
@@ -125,10 +126,10 @@ TEST(IntervalInputs, FollowTheArrowsWhichKeepAValueOfTheirOwn) {
 TEST(PopupMenu, OpensOnTheRightButtonOverThePicture) {
     Machine machine;
     machine.start();
-    for (const short button : {mouse_button::left, mouse_button::middle})
+    for (const MouseButton button : {MouseButton::left, MouseButton::middle})
         machine.Form1->Label4.MouseDown.raise(button);
     EXPECT_TRUE(machine.platform.menus.empty());
-    machine.Form1->Label4.MouseDown.raise(mouse_button::right);
+    machine.Form1->Label4.MouseDown.raise(MouseButton::right);
     ASSERT_EQ(machine.platform.menus.size(), 1U);
     EXPECT_EQ(machine.platform.default_menu_entry, &machine.Form1->GoToFull);
 }

@@ -93,7 +93,7 @@ TEST(Refresh, InsideARunningFetchIsTurnedAwayAndTakesTheErrorDisplayDown) {
         machine.Form1->Command2.Click.raise();
         EXPECT_FALSE(machine.Form1->Label2.Visible);
         EXPECT_TRUE(machine.Form1->ImagNT1.Visible);
-        EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::standard);
+        EXPECT_EQ(machine.Form1->MousePointer, MousePointer::standard);
         EXPECT_EQ(machine.Form1->Text3.Text.get(), Machine::url_of('b'));
         EXPECT_EQ(machine.Form2->Label7.Caption.get(), "0");
     });

@@ -24,14 +24,14 @@ TEST(StartUp, ShowsTheMainWindowOnlyWhenTheFirstRefreshHasEnded) {
     machine.platform.after(seconds(5), [&] {
         EXPECT_FALSE(machine.Form1->Visible);
         EXPECT_TRUE(machine.Form1->Image1.Visible);
-        EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::hourglass);
+        EXPECT_EQ(machine.Form1->MousePointer, MousePointer::hourglass);
         EXPECT_EQ(machine.Form1->ImagNT1.Picture.get(), nullptr);
     });
     machine.start();
     EXPECT_TRUE(machine.Form1->Visible);
     EXPECT_FALSE(machine.Form2->Visible);
     EXPECT_FALSE(machine.Form3->Visible);
-    EXPECT_EQ(machine.Form1->MousePointer, mouse_pointer::standard);
+    EXPECT_EQ(machine.Form1->MousePointer, MousePointer::standard);
     EXPECT_NE(machine.Form1->ImagNT1.Picture.get(), nullptr);
     EXPECT_EQ(machine.platform.requests.size(), 1U) << "the tick of the wait was turned away";
     EXPECT_TRUE(machine.platform.untrapped.empty());

@@ -19,7 +19,7 @@ struct ListWindows : ::testing::Test {
         machine.pick(1);
         Form1->Command1.Click.raise();
     }
-    void answer(short button) {
+    void answer(MessageBoxAnswer button) {
         machine.platform.box_answers.emplace_back([button](const MessageBox&) { return button; });
     }
     void save(const std::string& title, const std::string& url) {
@@ -45,7 +45,7 @@ TEST_F(ListWindows, OpenOnTheCurrentCameraAndPickAtOnce) {
     expect_selected("c");
     Form3->request_close();
     EXPECT_FALSE(Form3->Visible || Form3->Timer1.Enabled);
-    EXPECT_EQ(machine.platform.brought_forward.back(), Form1.operator->());
+    EXPECT_EQ(machine.platform.brought_forward.back(), &*Form1);
     EXPECT_EQ(Form3->List1.ListCount(), 3);
     Form1->Combo1.ListIndex = 0;
     EXPECT_EQ(Form3->List1.Text.get(), "c") << "only an opening brings the list into line";
@@ -54,16 +54,16 @@ TEST_F(ListWindows, OpenOnTheCurrentCameraAndPickAtOnce) {
 }
 
 TEST_F(ListWindows, AskBeforeTheyRemoveAndSelectTheFirstCameraAfterwards) {
-    answer(message_box_answer::no);
+    answer(MessageBoxAnswer::no);
     press_remove();
     EXPECT_EQ(machine.platform.boxes[0].text,
               "Do you really want to remove 'b' from your Skyglass list?");
     EXPECT_EQ(machine.platform.boxes[0].title, "Remove Skyglass");
-    EXPECT_EQ(machine.platform.boxes[0].flags, 36);
+    EXPECT_EQ(machine.platform.boxes[0].flags, MessageBoxFlag{36});
     EXPECT_EQ(content_of("Cams.inf"), list);
     EXPECT_FALSE(exists("C1.DAT"));
 
-    answer(message_box_answer::yes);
+    answer(MessageBoxAnswer::yes);
     press_remove();
     EXPECT_EQ(content_of("Cams.inf"),
               "a\r\n" + Machine::url_of('a') + "\r\nc\r\n" + Machine::url_of('c') + "\r\n");
@@ -77,7 +77,7 @@ TEST_F(ListWindows, StayUsableWhenTheLastCameraIsRemoved) {
     let_tick();
     const auto picture = Form1->ImagNT1.Picture.get();
     for (int camera = 0; camera < 3; ++camera) {
-        answer(message_box_answer::yes);
+        answer(MessageBoxAnswer::yes);
         press_remove();
         let_tick();
     }
@@ -88,7 +88,7 @@ TEST_F(ListWindows, StayUsableWhenTheLastCameraIsRemoved) {
     EXPECT_EQ(machine.platform.requests.size(), requests);
     EXPECT_EQ(Form1->ImagNT1.Picture.get(), picture);
 
-    answer(message_box_answer::yes);
+    answer(MessageBoxAnswer::yes);
     press_remove();
     machine.program.runtime.deliver([this] { Form3->Command3.Click.raise(); });
     EXPECT_EQ(content_of("Cams.inf"), "");
@@ -106,23 +106,23 @@ TEST_F(ListWindows, AddACameraAtTheEndAndSelectIt) {
     EXPECT_FALSE(Form4->Visible);
     expect_selected("B\xC3\xBC ro");
     EXPECT_EQ(machine.platform.focus, &Form4->Text1);
-    EXPECT_EQ(machine.platform.brought_forward.back(), Form3.operator->());
+    EXPECT_EQ(machine.platform.brought_forward.back(), &*Form3);
     Form1->Command2.Click.raise();
     EXPECT_EQ(machine.platform.requests.back(), "http://new.example/  ");
 }
 
 TEST_F(ListWindows, AskBeforeTheyOverwriteACamera) {
     Form3->Command1.Click.raise();
-    answer(message_box_answer::no);
+    answer(MessageBoxAnswer::no);
     save("a", "http://new.example/");
-    EXPECT_EQ(machine.platform.boxes[0].flags, 292);
+    EXPECT_EQ(machine.platform.boxes[0].flags, MessageBoxFlag{292});
     EXPECT_EQ(machine.platform.boxes[0].title, "");
     EXPECT_TRUE(Form4->Visible);
     EXPECT_EQ(Form4->Text1.Text.get(), "a");
     EXPECT_EQ(content_of("Cams.inf"), list);
     EXPECT_TRUE(exists("C1.DAT"));
 
-    answer(message_box_answer::yes);
+    answer(MessageBoxAnswer::yes);
     save("a", "http://new.example/");
     EXPECT_FALSE(Form4->Visible);
     EXPECT_TRUE(content_of("Cams.inf").starts_with("a\r\nhttp://new.example/\r\nb\r\n"));
@@ -135,7 +135,7 @@ TEST_F(ListWindows, SkipTheRefreshUnderTheQuestionOfTheEditor) {
     const auto requests = machine.platform.requests.size();
     machine.platform.box_answers.emplace_back([&](const MessageBox&) {
         Form1->Command2.Click.raise();
-        return message_box_answer::yes;
+        return MessageBoxAnswer::yes;
     });
     save("a", "http://new.example/");
     EXPECT_EQ(machine.platform.requests.size(), requests);

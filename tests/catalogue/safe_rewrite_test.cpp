@@ -32,7 +32,7 @@ const Change changes[] = {
     {"a removal",
      [](Machine& machine) {
          machine.platform.box_answers.emplace_back(
-             [](const MessageBox&) { return message_box_answer::yes; });
+             [](const MessageBox&) { return MessageBoxAnswer::yes; });
          machine.Form3->Command2.Click.raise();
      },
      "b\r\n" + Machine::url_of('b') + "\r\nc\r\n" + Machine::url_of('c') + "\r\n"},

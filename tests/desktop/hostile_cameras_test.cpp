@@ -92,7 +92,7 @@ class HostileCameras : public ProgramTest {
         const PictureReference picture = program.Form1->ImagNT1.Picture;
         ASSERT_TRUE(picture);
         EXPECT_EQ(QSize(picture->width(), picture->height()), expected.natural);
-        const QRect lit = lit_rectangle(pixels(*program.Form1.operator->()).copy(picture_area));
+        const QRect lit = lit_rectangle(pixels(*program.Form1).copy(picture_area));
         EXPECT_EQ(lit.size(), expected.on_screen);
         EXPECT_LE((lit.center() - QRect({0, 0}, picture_area.size()).center()).manhattanLength(),
                   1);
@@ -173,7 +173,7 @@ TEST_F(HostileCameras, AreNotTrustedWithASelfSignedCertificate) {
 
 TEST_F(HostileCameras, ShowAThinPictureAsALineOverTheScreen) {
     program.Form1->GoToFull.Click.raise();
-    FullscreenWindow& form = *program.Form2.operator->();
+    FullscreenWindow& form = *program.Form2;
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window(form)));
     const QSize screen = pixels(form).size();
     const QRect across(screen.width() / 4, screen.height() / 2 - 5, 1, 10);

@@ -40,7 +40,7 @@ class LoopForm : public Form {
 class MessageLoopTest : public DesktopTest {
   protected:
     Window<LoopForm> slot{runtime, [this] { return std::make_unique<LoopForm>(runtime); }};
-    LoopForm& form = *slot.operator->();
+    LoopForm& form = *slot;
 };
 
 TEST_F(MessageLoopTest, TicksComeWhileAHandlerWaits) {
@@ -54,11 +54,11 @@ TEST_F(MessageLoopTest, TicksComeWhileAHandlerWaits) {
 TEST_F(MessageLoopTest, TicksComeUnderAMessageBoxThatIsOpenedByATick) {
     show(form);
     int ticks_before = 0;
-    std::optional<short> answer;
+    std::optional<MessageBoxAnswer> answer;
     form.Timer2.Tick.connect([&] {
         form.Timer2.Enabled = false;
         ticks_before = form.ticks;
-        answer = runtime.MsgBox("Go <b>on</b>?", message_box_flag::yes_no);
+        answer = runtime.MsgBox("Go <b>on</b>?", MessageBoxFlag::yes_no);
     });
     form.Timer1.Tick.connect([&] {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -75,22 +75,22 @@ TEST_F(MessageLoopTest, TicksComeUnderAMessageBoxThatIsOpenedByATick) {
     });
     form.Timer2.Enabled = true;
     EXPECT_TRUE(comes_true([&] { return answer.has_value(); }));
-    EXPECT_EQ(answer, message_box_answer::yes);
+    EXPECT_EQ(answer, MessageBoxAnswer::yes);
 }
 
 TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosed) {
     struct Case {
-        int flags;
+        MessageBoxFlag flags;
         Qt::Key key;
-        short answer;
+        MessageBoxAnswer answer;
     };
-    using namespace message_box_flag;
+    using enum MessageBoxFlag;
     const std::array cases{
-        Case{critical, Qt::Key_Return, message_box_answer::ok},
-        Case{information, Qt::Key_Escape, message_box_answer::ok},
-        Case{yes_no + question, Qt::Key_Return, message_box_answer::yes},
-        Case{yes_no + question + second_button_default, Qt::Key_Return, message_box_answer::no},
-        Case{yes_no + question, Qt::Key_Escape, message_box_answer::no},
+        Case{critical, Qt::Key_Return, MessageBoxAnswer::ok},
+        Case{information, Qt::Key_Escape, MessageBoxAnswer::ok},
+        Case{yes_no + question, Qt::Key_Return, MessageBoxAnswer::yes},
+        Case{yes_no + question + second_button_default, Qt::Key_Return, MessageBoxAnswer::no},
+        Case{yes_no + question, Qt::Key_Escape, MessageBoxAnswer::no},
     };
     for (const Case& each : cases) {
         QTimer presser;
@@ -99,7 +99,8 @@ TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosed) {
                 QTest::keyClick(box, each.key);
         });
         presser.start(milliseconds(50));
-        EXPECT_EQ(runtime.MsgBox("Text", each.flags), each.answer) << each.flags << each.key;
+        EXPECT_EQ(runtime.MsgBox("Text", each.flags), each.answer)
+            << static_cast<int>(each.flags) << each.key;
     }
 }
 

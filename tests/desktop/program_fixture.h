@@ -38,7 +38,7 @@ class ProgramTest : public DesktopTest {
         program.start();
         ASSERT_TRUE(
             comes_true([&] { return program.Form1.is_loaded() && program.Form1->Visible; }));
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form1.operator->())));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form1)));
     }
     void reload() { QTest::mouseClick(&widget(program.Form1->Command2), Qt::LeftButton); }
 

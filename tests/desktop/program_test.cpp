@@ -56,7 +56,7 @@ TEST_F(ProgramTest, TakesWhatIsTypedAndPicked) {
     cameras->answer("/a", picture(32, 24));
     cameras->answer("/b", picture(48, 24));
     start({"/a", "/b"});
-    MainWindow& form = *program.Form1.operator->();
+    MainWindow& form = *program.Form1;
     auto& seconds = widget<QLineEdit>(form.Text1);
     QTest::mouseClick(&seconds, Qt::LeftButton);
     QTest::keyClicks(&seconds, "7");
@@ -78,7 +78,7 @@ TEST_F(ProgramTest, TakesWhatIsTypedAndPicked) {
 TEST_F(ProgramTest, PutsTheFilteredBytesOnTheScreenAtNaturalSize) {
     cameras->answer("/camera", picture(321, 241));
     start({"/camera"});
-    MainWindow& form = *program.Form1.operator->();
+    MainWindow& form = *program.Form1;
     ASSERT_TRUE(comes_true([&] { return program.Form2->Label8.Caption == "1"; }));
     settle();
     const QImage screen = pixels(form);
@@ -100,7 +100,7 @@ TEST_F(ProgramTest, GivesTheKeyboardToTheTitleAtEveryOpeningOfTheEditor) {
     start({"/a"});
     const auto add = [this](const char* title) {
         QTest::mouseClick(&widget(program.Form3->Command1), Qt::LeftButton);
-        auto& editor = window(*program.Form4.operator->());
+        auto& editor = window(*program.Form4);
         EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
         EXPECT_EQ(QApplication::focusWidget(), &widget(program.Form4->Text1));
         QTest::keyClicks(QApplication::focusWidget(), title);
@@ -112,7 +112,7 @@ TEST_F(ProgramTest, GivesTheKeyboardToTheTitleAtEveryOpeningOfTheEditor) {
         settle();
     };
     QTest::mouseClick(&widget(program.Form1->Command1), Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form3.operator->())));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window(*program.Form3)));
     add("B");
     QTimer answer;
     answer.callOnTimeout([] {

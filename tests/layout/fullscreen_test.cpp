@@ -28,7 +28,7 @@ constexpr std::array<float, 4> open_panel{10477.5F, 11145, 11205, 10717.5F};
 constexpr std::array<float, 4> closed_panel{14692.5F, 15360, 15360, 14932.5F};
 
 TEST_F(Fullscreen, IsLaidOutFromTheStartForTheScreen) {
-    FullscreenWindow& form = *Form2.operator->();
+    FullscreenWindow& form = *Form2;
     EXPECT_EQ(form.TestBild.bounds(), (Bounds{0, 0, 15360, 11520}));
     EXPECT_EQ(form.Shape3.bounds(), (Bounds{13905, 10185, 1095, 975}));
     EXPECT_EQ(form.Shape4.bounds(), (Bounds{480, 10185, 14050, 555}));
@@ -44,7 +44,7 @@ TEST_F(Fullscreen, IsLaidOutFromTheStartForTheScreen) {
 }
 
 TEST_F(Fullscreen, KeepsItsMarginsAtEverySize) {
-    FullscreenWindow& form = *Form2.operator->();
+    FullscreenWindow& form = *Form2;
     for (const Size size : {Size{57600, 32400}, Size{10800, 28800}, Size{300, 150}}) {
         for (int run = 0; run < 2; ++run) {
             form.Height = size.Height;
@@ -78,14 +78,14 @@ TEST_F(Fullscreen, SwapsTheWindowsByEveryWayInAndEveryWayOut) {
         for (const auto& way_out : ways_out) {
             way_in();
             EXPECT_TRUE(Form2->Visible && !Form1->Visible);
-            EXPECT_EQ(Form1->WindowState, 2);
+            EXPECT_EQ(Form1->WindowState, WindowState::maximised);
             EXPECT_EQ(Form2->Left + Form2->Top, 0);
             EXPECT_EQ(Form2->Width, 15360);
             EXPECT_EQ(Form2->Height, 11520);
             way_out();
             EXPECT_TRUE(Form1->Visible && !Form2->Visible);
-            EXPECT_EQ(Form1->WindowState, 0);
-            EXPECT_EQ(machine.platform.brought_forward.back(), Form1.operator->());
+            EXPECT_EQ(Form1->WindowState, WindowState::normal);
+            EXPECT_EQ(machine.platform.brought_forward.back(), &*Form1);
         }
     }
     EXPECT_TRUE(machine.program.Form2.is_loaded());
@@ -160,7 +160,7 @@ TEST_F(Fullscreen, DrawsAnotherColourAtEveryEntryAndAllFourInTheEnd) {
         last = scheme;
         drawn.insert(scheme);
         const auto number = static_cast<std::size_t>(std::stoi(scheme));
-        FullscreenWindow& form = *Form2.operator->();
+        FullscreenWindow& form = *Form2;
         for (const Colour colour : {form.Shape1.BorderColor.get(), form.Line1.BorderColor.get(),
                                     form.Shape4.FillColor.get(), form.Shape5.BorderColor.get()})
             EXPECT_EQ(colour, bright[number]);
@@ -176,10 +176,10 @@ TEST_F(Fullscreen, DrawsAnotherColourAtEveryEntryAndAllFourInTheEnd) {
 
 TEST_F(Fullscreen, IgnoresEveryOtherChangeOfTheMainWindow) {
     const std::string scheme = Form1->Label5.Caption;
-    Form1->WindowState = window_state::minimised;
-    Form1->WindowState = window_state::normal;
-    Form2->MouseDown.raise(mouse_button::right);
-    Form2->Image3.MouseDown.raise(mouse_button::right);
+    Form1->WindowState = WindowState::minimised;
+    Form1->WindowState = WindowState::normal;
+    Form2->MouseDown.raise(MouseButton::right);
+    Form2->Image3.MouseDown.raise(MouseButton::right);
     EXPECT_FALSE(Form2->Visible);
     EXPECT_EQ(Form1->Label5.Caption.get(), scheme);
     EXPECT_TRUE(machine.platform.menus.empty());

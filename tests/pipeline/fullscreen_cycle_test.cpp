@@ -153,9 +153,9 @@ TEST(ColourDepthGate, WarnsOnceOnAPoorScreenAndAgainWheneverTheBoxIsTicked) {
         EXPECT_EQ(machine.platform.boxes.size(), 2 * boxes) << depth;
         if (boxes > 0) {
             EXPECT_EQ(machine.platform.boxes[0].title, "Color Depth Error");
-            EXPECT_EQ(machine.platform.boxes[0].flags, 16);
+            EXPECT_EQ(machine.platform.boxes[0].flags, MessageBoxFlag{16});
             EXPECT_EQ(machine.platform.boxes[1].title, "Blur Effect Information");
-            EXPECT_EQ(machine.platform.boxes[1].flags, 64);
+            EXPECT_EQ(machine.platform.boxes[1].flags, MessageBoxFlag{64});
         }
         machine.platform.run_for(seconds(1));
         EXPECT_EQ(machine.Form2->Label8.Caption.get(), "1") << "ticked, it filters on any screen";

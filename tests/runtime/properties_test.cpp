@@ -59,7 +59,7 @@ TEST_F(Properties, RaiseTheirEventInsideTheWriteAndOnlyForAChange) {
     form.UpDown1.Value = 11;
     form.Width = 3001;
     form.Height = 2001;
-    form.WindowState = 2;
+    form.WindowState = WindowState{2};
     form.Show();
     form.Hide();
     form.Show();

@@ -10,7 +10,7 @@ namespace {
 TEST(Splash, RunsItsTextFromTheFirstLetterAndCentresItFromTheSecondTickOn) {
     Machine machine;
     machine.program.start();
-    SplashWindow& form = *machine.program.Loading.operator->();
+    SplashWindow& form = *machine.program.Loading;
     machine.platform.run_for(milliseconds(100));
     EXPECT_EQ(form.Label2.Caption.get(), "Loading...  Loading...  Loading...  ");
     EXPECT_EQ(form.Label2.Left, 4800.0F / 2 - 735.0F / 2) << "the size of the tick before";
@@ -35,7 +35,7 @@ TEST(Splash, StaysForASecondAndForAsLongAsTheFirstFetchTakes) {
             answers ? TransferOutcome(picture_file(32, 24)) : Failure(7, "refused");
         machine.set_answer('a', outcome, seconds(5));
         machine.program.start();
-        SplashWindow& form = *machine.program.Loading.operator->();
+        SplashWindow& form = *machine.program.Loading;
         machine.platform.run_for(milliseconds(990));
         EXPECT_TRUE(form.Visible);
         EXPECT_FALSE(machine.Form1.is_loaded() || machine.Form2.is_loaded());
@@ -68,7 +68,7 @@ TEST(About, OpensFromTheMenuAndTurnsItsLinksPurpleUntilItIsUnloaded) {
     EXPECT_FALSE(About.is_loaded());
     machine.Form1->LKF_About.Click.raise();
     EXPECT_TRUE(About->Visible && machine.Form1->Visible);
-    AboutWindow* const first = About.operator->();
+    AboutWindow* const first = &*About;
     About->Label6.Click.raise();
     About->Label10.Click.raise();
     EXPECT_EQ(machine.platform.links, (std::vector<std::string>{"http://www.lookfar.example",
@@ -78,9 +78,9 @@ TEST(About, OpensFromTheMenuAndTurnsItsLinksPurpleUntilItIsUnloaded) {
 
     About->Command1.Click.raise();
     EXPECT_FALSE(About->Visible);
-    EXPECT_EQ(machine.platform.brought_forward.back(), machine.Form1.operator->());
+    EXPECT_EQ(machine.platform.brought_forward.back(), &*machine.Form1);
     machine.Form1->LKF_About.Click.raise();
-    EXPECT_EQ(About.operator->(), first) << "no second window";
+    EXPECT_EQ(&*About, first) << "no second window";
     EXPECT_EQ(About->Label6.ForeColor, 0x00800080U);
 
     About->request_close();

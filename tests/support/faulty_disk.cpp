@@ -1,7 +1,5 @@
 #include "support/faulty_disk.h"
 
-#include "runtime/failure.h"
-
 #include <filesystem>
 #include <utility>
 
@@ -54,7 +52,7 @@ std::string word_for(OpenMode mode) {
 void FaultyDisk::fail(const std::string& operation, int error) {
     before = [operation, error](const std::string& next) {
         if (next.starts_with(operation))
-            throw Failure(error, next + " fails");
+            throw disk_failure(next, error);
     };
 }
 

@@ -94,10 +94,10 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
     return std::make_unique<ScriptedTransfer>(is_wanted, abandoned_transfers);
 }
 
-short ScriptedPlatform::ask(const MessageBox& box) {
+MessageBoxAnswer ScriptedPlatform::ask(const MessageBox& box) {
     boxes.push_back(box);
     if (box_answers.empty())
-        return message_box_answer::ok;
+        return MessageBoxAnswer::ok;
     const auto answer = std::move(box_answers.front());
     box_answers.pop_front();
     return answer(box);

@@ -45,7 +45,7 @@ class ScriptedPlatform : public Platform {
     int abandoned_transfers = 0;
 
     /// Answers message boxes, in order; runs while the box is up.
-    std::deque<std::function<short(const MessageBox&)>> box_answers;
+    std::deque<std::function<MessageBoxAnswer(const MessageBox&)>> box_answers;
     std::vector<MessageBox> boxes;
 
     std::vector<std::string> links;
@@ -76,7 +76,7 @@ class ScriptedPlatform : public Platform {
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
     void open_link(const std::string& address) override { links.push_back(address); }
     RemoteAccessService* remote_access() override { return remote_access_service; }
-    short ask(const MessageBox& box) override;
+    MessageBoxAnswer ask(const MessageBox& box) override;
     void changed(Element& element) override { changed_elements.insert(&element); }
     void forget(Element& element) override { changed_elements.erase(&element); }
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }

@@ -62,11 +62,10 @@ catalogue::Save CameraEditor::what_is_saved() {
 }
 
 bool CameraEditor::may_overwrite() {
-    const short answer =
-        runtime.MsgBox("A cam with this description already exists! Do you want to overwrite it?",
-                       message_box_flag::yes_no + message_box_flag::question +
-                           message_box_flag::second_button_default);
-    if (answer == message_box_answer::no)
+    const MessageBoxAnswer answer = runtime.MsgBox(
+        "A cam with this description already exists! Do you want to overwrite it?",
+        MessageBoxFlag::yes_no + MessageBoxFlag::question + MessageBoxFlag::second_button_default);
+    if (answer == MessageBoxAnswer::no)
         return false;
     Hide();
     return true;

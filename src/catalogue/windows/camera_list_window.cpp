@@ -59,10 +59,10 @@ void CameraListWindow::Command3_Click() {
 }
 
 void CameraListWindow::Command2_Click() {
-    const short answer =
+    const MessageBoxAnswer answer =
         runtime.MsgBox("Do you really want to remove '" + List1.Text + "' from your Skyglass list?",
-                       message_box_flag::yes_no + message_box_flag::question, "Remove Skyglass");
-    if (answer == message_box_answer::no)
+                       MessageBoxFlag::yes_no + MessageBoxFlag::question, "Remove Skyglass");
+    if (answer == MessageBoxAnswer::no)
         return;
     catalogue::remove_cameras(runtime.files(), List1.List(List1.ListIndex));
     catalogue::refill(runtime.files(), selector_lists());

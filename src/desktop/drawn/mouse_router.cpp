@@ -4,23 +4,24 @@
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
+#include <optional>
 #include <utility>
 
 namespace lookfar::desktop {
 
 namespace {
 
-/// 0 for a button that handlers don't know.
-short button_code(Qt::MouseButton button) {
+/// Nothing for a button that handlers don't know.
+std::optional<MouseButton> known_button(Qt::MouseButton button) {
     switch (button) {
     case Qt::LeftButton:
-        return mouse_button::left;
+        return MouseButton::left;
     case Qt::RightButton:
-        return mouse_button::right;
+        return MouseButton::right;
     case Qt::MiddleButton:
-        return mouse_button::middle;
+        return MouseButton::middle;
     default:
-        return 0;
+        return std::nullopt;
     }
 }
 
@@ -33,12 +34,12 @@ MouseEvents& MouseRouter::target_at(const QPointF& point) const {
 
 void MouseRouter::press(Qt::MouseButton button, const QPointF& point) {
     MouseEvents& target = target_at(point);
-    const short code = button_code(button);
-    if (code == 0)
+    const auto known = known_button(button);
+    if (!known)
         return;
     if (button == Qt::LeftButton)
         pressed_ = &target;
-    windows_.deliver(form_.runtime, [&target, code] { target.MouseDown.raise(code); });
+    windows_.deliver(form_.runtime, [&target, known] { target.MouseDown.raise(*known); });
 }
 
 void MouseRouter::release(Qt::MouseButton button, const QPointF& point) {

@@ -1,7 +1,5 @@
 #include "desktop/input/key_codes.h"
 
-#include "runtime/controls/text_box.h"
-
 #include <algorithm>
 #include <array>
 
@@ -9,27 +7,37 @@ namespace lookfar::desktop {
 
 namespace {
 
-struct KeyCode {
+struct NamedKey {
     Qt::Key key;
-    short code;
+    KeyCode code;
 };
 
-constexpr std::array key_codes{
-    KeyCode{Qt::Key_Backspace, 8}, KeyCode{Qt::Key_Tab, 9},
-    KeyCode{Qt::Key_Return, 13},   KeyCode{Qt::Key_Enter, 13},
-    KeyCode{Qt::Key_Shift, 16},    KeyCode{Qt::Key_Control, 17},
-    KeyCode{Qt::Key_Alt, 18},      KeyCode{Qt::Key_Pause, 19},
-    KeyCode{Qt::Key_Escape, 27},   KeyCode{Qt::Key_Space, 32},
-    KeyCode{Qt::Key_PageUp, 33},   KeyCode{Qt::Key_PageDown, 34},
-    KeyCode{Qt::Key_End, 35},      KeyCode{Qt::Key_Home, 36},
-    KeyCode{Qt::Key_Left, 37},     KeyCode{Qt::Key_Up, key_code::up},
-    KeyCode{Qt::Key_Right, 39},    KeyCode{Qt::Key_Down, key_code::down},
-    KeyCode{Qt::Key_Insert, 45},   KeyCode{Qt::Key_Delete, 46},
-    KeyCode{Qt::Key_Plus, 187},    KeyCode{Qt::Key_Comma, 188},
-    KeyCode{Qt::Key_Minus, 189},   KeyCode{Qt::Key_Period, 190},
+constexpr std::array named_keys{
+    NamedKey{Qt::Key_Backspace, KeyCode::backspace},
+    NamedKey{Qt::Key_Tab, KeyCode::tab},
+    NamedKey{Qt::Key_Return, KeyCode::enter},
+    NamedKey{Qt::Key_Enter, KeyCode::enter},
+    NamedKey{Qt::Key_Shift, KeyCode::shift},
+    NamedKey{Qt::Key_Control, KeyCode::control},
+    NamedKey{Qt::Key_Alt, KeyCode::alt},
+    NamedKey{Qt::Key_Pause, KeyCode::pause},
+    NamedKey{Qt::Key_Escape, KeyCode::escape},
+    NamedKey{Qt::Key_Space, KeyCode::space},
+    NamedKey{Qt::Key_PageUp, KeyCode::page_up},
+    NamedKey{Qt::Key_PageDown, KeyCode::page_down},
+    NamedKey{Qt::Key_End, KeyCode::end},
+    NamedKey{Qt::Key_Home, KeyCode::home},
+    NamedKey{Qt::Key_Left, KeyCode::left},
+    NamedKey{Qt::Key_Up, KeyCode::up},
+    NamedKey{Qt::Key_Right, KeyCode::right},
+    NamedKey{Qt::Key_Down, KeyCode::down},
+    NamedKey{Qt::Key_Insert, KeyCode::insert},
+    NamedKey{Qt::Key_Delete, KeyCode::del},
+    NamedKey{Qt::Key_Plus, KeyCode::plus},
+    NamedKey{Qt::Key_Comma, KeyCode::comma},
+    NamedKey{Qt::Key_Minus, KeyCode::minus},
+    NamedKey{Qt::Key_Period, KeyCode::period},
 };
-
-constexpr short first_function_key_code = 112;
 
 bool stands_for_itself(Qt::Key key) {
     return (key >= Qt::Key_0 && key <= Qt::Key_9) || (key >= Qt::Key_A && key <= Qt::Key_Z);
@@ -37,13 +45,13 @@ bool stands_for_itself(Qt::Key key) {
 
 } // namespace
 
-short key_code_of(Qt::Key key) {
+KeyCode key_code_of(Qt::Key key) {
     if (stands_for_itself(key))
-        return static_cast<short>(key);
+        return static_cast<KeyCode>(key);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
-        return static_cast<short>(first_function_key_code + (key - Qt::Key_F1));
-    const auto* const known = std::ranges::find(key_codes, key, &KeyCode::key);
-    return known == key_codes.end() ? short{0} : known->code;
+        return static_cast<KeyCode>(static_cast<int>(KeyCode::f1) + (key - Qt::Key_F1));
+    const auto* const known = std::ranges::find(named_keys, key, &NamedKey::key);
+    return known == named_keys.end() ? KeyCode::none : known->code;
 }
 
 short shift_state_of(Qt::KeyboardModifiers modifiers) {

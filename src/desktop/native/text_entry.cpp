@@ -127,7 +127,7 @@ void TextEntry::focusInEvent(QFocusEvent* event) {
 
 void TextEntry::keyPressEvent(QKeyEvent* event) {
     if (control_) {
-        const short code = key_code_of(static_cast<Qt::Key>(event->key()));
+        const KeyCode code = key_code_of(static_cast<Qt::Key>(event->key()));
         const short shift = shift_state_of(event->modifiers());
         windows_.deliver(control_->runtime,
                          [this, code, shift] { control_->KeyDown.raise(code, shift); });

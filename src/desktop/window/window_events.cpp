@@ -22,10 +22,10 @@ namespace lookfar::desktop {
 
 namespace {
 
-short window_state_of(Qt::WindowStates states) {
+WindowState window_state_of(Qt::WindowStates states) {
     if (states.testFlag(Qt::WindowMinimized))
-        return window_state::minimised;
-    return states.testFlag(Qt::WindowMaximized) ? window_state::maximised : window_state::normal;
+        return WindowState::minimised;
+    return states.testFlag(Qt::WindowMaximized) ? WindowState::maximised : WindowState::normal;
 }
 
 bool asks_for_menu(const QKeyEvent& event) {

@@ -53,11 +53,11 @@ bool covers_screen(const Form& form, const QSize& screen) {
 }
 
 Qt::WindowStates window_states(const Form& form, const QSize& screen) {
-    if (form.WindowState == window_state::minimised)
+    if (form.WindowState == WindowState::minimised)
         return Qt::WindowMinimized;
     if (covers_screen(form, screen))
         return Qt::WindowFullScreen;
-    return form.WindowState == window_state::maximised ? Qt::WindowMaximized : Qt::WindowNoState;
+    return form.WindowState == WindowState::maximised ? Qt::WindowMaximized : Qt::WindowNoState;
 }
 
 } // namespace lookfar::desktop

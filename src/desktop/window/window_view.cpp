@@ -125,7 +125,7 @@ void WindowView::synchronise_edited_pictures() {
 }
 
 void WindowView::take_pointer() {
-    const bool is_busy = form_->MousePointer == mouse_pointer::hourglass;
+    const bool is_busy = form_->MousePointer == MousePointer::hourglass;
     const QCursor pointer(is_busy ? Qt::WaitCursor : Qt::ArrowCursor);
     if (cursor().shape() == pointer.shape())
         return;

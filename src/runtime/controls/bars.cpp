@@ -22,7 +22,7 @@ UpDown::UpDown(Form& owner, const UpDownDesign& design)
             {.refuse =
                  [this](const long& value) {
                      if (value < Min || value > Max)
-                         throw Failure(failure_number::invalid_property_value,
+                         throw Failure(FailureKind::invalid_property_value,
                                        "The value lies outside the limits of the arrows.");
                  },
              .changed = [this] { Change.raise(); }}),

@@ -20,7 +20,7 @@ void CommandButton::accept(ControlVisitor& visitor) {
 CheckBox::CheckBox(Form& owner, const CheckBoxDesign& design)
     : BoxControl(owner, design.At, design.Visible),
       Caption(*this, design.Caption),
-      Value(*this, design.Value, {.refuse = {}, .changed = [this] { Click.raise(); }}),
+      Value(*this, design.Value, {.changed = [this] { Click.raise(); }}),
       TabIndex(design.TabIndex) {}
 
 void CheckBox::accept(ControlVisitor& visitor) {

@@ -38,19 +38,14 @@ class BoxControl : public Control {
     Property<float> Height;
 };
 
-/// The buttons of `MouseDown`.
-namespace mouse_button {
-inline constexpr short left = 1;
-inline constexpr short right = 2;
-inline constexpr short middle = 4;
-} // namespace mouse_button
+enum class MouseButton : short { left = 1, right = 2, middle = 4 };
 
 /// What the mouse does to a window or to a drawn control.
 struct MouseEvents {
     Event<> Click;
     Event<> DblClick;
     /// With the button that was pressed.
-    Event<short> MouseDown;
+    Event<MouseButton> MouseDown;
     Event<> MouseMove;
 };
 

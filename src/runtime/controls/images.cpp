@@ -6,8 +6,8 @@ namespace lookfar {
 
 Image::Image(Form& owner, const ImageDesign& design)
     : BoxControl(owner, design.At, design.Visible),
-      Picture(*this, design.Picture, {.refuse = {}, .changed = [this] { take_natural_size(); }}),
-      Stretch(*this, design.Stretch, {.refuse = {}, .changed = [this] { take_natural_size(); }}),
+      Picture(*this, design.Picture, {.changed = [this] { take_natural_size(); }}),
+      Stretch(*this, design.Stretch, {.changed = [this] { take_natural_size(); }}),
       ToolTipText(design.ToolTipText),
       AccessibleName(design.AccessibleName) {}
 

@@ -27,8 +27,7 @@ Bytes body_of(TransferOutcome outcome) {
         throw *failure;
     Bytes body = std::get<Bytes>(std::move(outcome));
     if (body.empty())
-        throw Failure(failure_number::transfer_without_bytes,
-                      "The camera's answer holds no bytes.");
+        throw Failure(FailureKind::transfer_without_bytes, "The camera's answer holds no bytes.");
     return body;
 }
 
@@ -43,7 +42,7 @@ Inet::Inet(Form& owner, const InetDesign& design)
 
 Bytes Inet::OpenURL(const std::string& url, DataType) {
     if (is_busy_)
-        throw Failure(failure_number::transfer_busy, "Still executing last request");
+        throw Failure(FailureKind::transfer_busy, "Still executing last request");
     const BusyMark busy(is_busy_);
     outcome_.reset();
     const auto transfer = runtime.platform().start_transfer(
@@ -57,7 +56,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
 
 void Inet::Cancel() {
     if (is_busy_)
-        outcome_ = Failure(failure_number::transfer_cancelled, "The request was cancelled.");
+        outcome_ = Failure(FailureKind::transfer_cancelled, "The request was cancelled.");
 }
 
 } // namespace lookfar

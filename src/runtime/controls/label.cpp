@@ -12,7 +12,7 @@ namespace lookfar {
 
 Label::Label(Form& owner, const LabelDesign& design)
     : BoxControl(owner, design.At, design.Visible),
-      Caption(*this, design.Caption, {.refuse = {}, .changed = [this] { take_size_of_caption(); }}),
+      Caption(*this, design.Caption, {.changed = [this] { take_size_of_caption(); }}),
       BackColor(*this, design.BackColor),
       ForeColor(*this, design.ForeColor),
       Align(design.Align),

@@ -10,7 +10,7 @@ namespace lookfar {
 
 short ListEntries::add(const std::string& text) {
     if (count() == std::numeric_limits<short>::max())
-        throw Failure(failure_number::list_is_full, "The list is full: it holds 32767 entries.");
+        throw Failure(FailureKind::list_is_full, "The list is full: it holds 32767 entries.");
     Entry entry{.text = text, .sort_key = sorted_ ? caseless_key(text) : std::u32string()};
     const auto place = place_of(entry);
     const auto position = static_cast<short>(place - order_.begin());

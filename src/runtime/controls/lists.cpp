@@ -42,7 +42,7 @@ short ListControl::ListCount() const {
 
 void ListControl::refuse_index(short index) const {
     if (index < nothing_selected || index >= ListCount())
-        throw Failure(failure_number::invalid_property_value,
+        throw Failure(FailureKind::invalid_property_value,
                       "The list has no entry " + std::to_string(index) + ".");
 }
 
@@ -51,7 +51,7 @@ void ListControl::select(const std::string& text) {
         return;
     const short index = entries_.find(text);
     if (index == nothing_selected)
-        throw Failure(failure_number::no_such_entry, "The list has no entry '" + text + "'.");
+        throw Failure(FailureKind::no_such_entry, "The list has no entry '" + text + "'.");
     ListIndex = index;
 }
 

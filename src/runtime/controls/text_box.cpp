@@ -8,7 +8,7 @@ namespace lookfar {
 
 TextBox::TextBox(Form& owner, const TextBoxDesign& design)
     : BoxControl(owner, design.At, design.Visible),
-      Text(*this, design.Text, {.refuse = {}, .changed = [this] { Change.raise(); }}),
+      Text(*this, design.Text, {.changed = [this] { Change.raise(); }}),
       SelStart(*this, 0),
       SelLength(*this, 0),
       HasBorder(design.HasBorder),

@@ -6,6 +6,36 @@
 
 namespace lookfar {
 
+/// The keys that handlers know by a name; digits and letters have the code of their capital
+/// character.
+enum class KeyCode : short {
+    none = 0,
+    backspace = 8,
+    tab = 9,
+    enter = 13,
+    shift = 16,
+    control = 17,
+    alt = 18,
+    pause = 19,
+    escape = 27,
+    space = 32,
+    page_up = 33,
+    page_down = 34,
+    end = 35,
+    home = 36,
+    left = 37,
+    up = 38,
+    right = 39,
+    down = 40,
+    insert = 45,
+    del = 46,
+    f1 = 112,
+    plus = 187,
+    comma = 188,
+    minus = 189,
+    period = 190,
+};
+
 /// The design values of a text box.
 struct TextBoxDesign {
     std::string Text = {};
@@ -40,8 +70,8 @@ class TextBox : public BoxControl {
 
     Event<> Change;
     Event<> GotFocus;
-    /// With the code of the key and the sum of the keys held: 1 Shift, 2 Control, 4 Alt.
-    Event<short, short> KeyDown;
+    /// With the key and the sum of the keys held: 1 Shift, 2 Control, 4 Alt.
+    Event<KeyCode, short> KeyDown;
 
     const bool HasBorder;
     const Alignment Align;
@@ -51,11 +81,5 @@ class TextBox : public BoxControl {
     const int TabIndex;
     const std::string AccessibleName;
 };
-
-/// Codes of the keys that handlers ask for.
-namespace key_code {
-inline constexpr short up = 38;
-inline constexpr short down = 40;
-} // namespace key_code
 
 } // namespace lookfar

@@ -14,7 +14,7 @@ constexpr long longest_interval = 65535;
 
 Timer::Timer(Form& owner, const TimerDesign& design)
     : Element(owner.runtime),
-      Enabled(*this, design.Enabled, {.refuse = {}, .changed = [this] { restart(); }}),
+      Enabled(*this, design.Enabled, {.changed = [this] { restart(); }}),
       Interval([this] { return interval_; },
                [this](const long& milliseconds) { set_interval(milliseconds); }),
       form_(owner),
@@ -29,7 +29,7 @@ Timer::~Timer() {
 
 void Timer::set_interval(long milliseconds) {
     if (milliseconds < 0 || milliseconds > longest_interval)
-        throw Failure(failure_number::invalid_property_value,
+        throw Failure(FailureKind::invalid_property_value,
                       "A timer's interval lies between 0 and 65535 milliseconds.");
     interval_ = milliseconds;
     changed();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/failure.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -7,6 +9,9 @@
 #include <string>
 
 namespace lookfar {
+
+/// The failure of an operation on a path, with the operating system's error number and text.
+Failure disk_failure(const std::string& path, int error);
 
 enum class OpenMode {
     /// An existing file, for reading.

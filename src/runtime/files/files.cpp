@@ -42,7 +42,7 @@ void NumberedFiles::OpenForBinary(int number, const std::string& path) {
 std::string NumberedFiles::LineInput(int number) {
     OpenFile& file = open_file(number);
     if (!fill(file))
-        throw Failure(failure_number::past_end_of_file, "Input past end of file: " + file.path);
+        throw Failure(FailureKind::past_end_of_file, "Input past end of file: " + file.path);
     std::string line;
     do {
         const std::size_t end = file.buffer.find(carriage_return, file.position);
@@ -94,21 +94,21 @@ void NumberedFiles::Kill(const std::string& path) {
 
 void NumberedFiles::Replace(const std::string& from, const std::string& to) {
     if (incomplete_.contains(from))
-        throw Failure(failure_number::incomplete_file, from + " was not written completely.");
+        throw Failure(FailureKind::incomplete_file, from + " was not written completely.");
     disk_.rename(from, to);
 }
 
 NumberedFiles::OpenFile& NumberedFiles::open_file(int number) {
     const auto& file = slot(number);
     if (!file)
-        throw Failure(failure_number::bad_file_number,
+        throw Failure(FailureKind::bad_file_number,
                       "No file is open under the number " + std::to_string(number) + ".");
     return *file;
 }
 
 std::unique_ptr<NumberedFiles::OpenFile>& NumberedFiles::slot(int number) {
     if (number < 1 || number > static_cast<int>(open_.size()))
-        throw Failure(failure_number::bad_file_number,
+        throw Failure(FailureKind::bad_file_number,
                       "There is no file number " + std::to_string(number) + ".");
     return open_[static_cast<std::size_t>(number - 1)];
 }
@@ -116,7 +116,7 @@ std::unique_ptr<NumberedFiles::OpenFile>& NumberedFiles::slot(int number) {
 void NumberedFiles::open(int number, const std::string& path, OpenMode mode) {
     auto& place = slot(number);
     if (place)
-        throw Failure(failure_number::file_already_open,
+        throw Failure(FailureKind::file_already_open,
                       "The file number " + std::to_string(number) + " is open already.");
     place = std::make_unique<OpenFile>(
         OpenFile{.path = path, .mode = mode, .file = disk_.open(path, mode)});
@@ -127,7 +127,7 @@ bool NumberedFiles::fill(OpenFile& file) {
     if (file.position < file.buffer.size())
         return true;
     if (file.mode != OpenMode::read)
-        throw Failure(failure_number::bad_file_number, file.path + " is not open for reading.");
+        throw Failure(FailureKind::bad_file_number, file.path + " is not open for reading.");
     std::array<std::uint8_t, block_size> block{};
     const std::size_t count = file.file->read(block);
     file.buffer.assign(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count));

@@ -1,7 +1,5 @@
 #include "runtime/files/disk.h"
 
-#include "runtime/failure.h"
-
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
@@ -14,7 +12,7 @@ namespace lookfar {
 namespace {
 
 [[noreturn]] void fail(const std::string& path, int error) {
-    throw Failure(error, path + ": " + std::generic_category().message(error));
+    throw disk_failure(path, error);
 }
 
 /// Repeats a system call that a signal has interrupted.
@@ -124,6 +122,11 @@ class PosixDisk : public Disk {
 };
 
 } // namespace
+
+Failure disk_failure(const std::string& path, int error) {
+    const FailureKind kind = error == ENOENT ? FailureKind::file_not_found : FailureKind::other;
+    return {kind, error, path + ": " + std::generic_category().message(error)};
+}
 
 std::unique_ptr<Disk> make_posix_disk() {
     return std::make_unique<PosixDisk>();

@@ -19,7 +19,7 @@ namespace {
 constexpr std::array picture_formats{"jpeg", "jpg", "gif", "png", "bmp", "webp"};
 
 [[noreturn]] void refuse(const std::string& reason) {
-    throw Failure(failure_number::invalid_picture, reason);
+    throw Failure(FailureKind::invalid_picture, reason);
 }
 
 void refuse_format(const QByteArray& format) {

@@ -76,45 +76,44 @@ TEST_F(AccessibilityTest, EverythingInEveryWindowHasItsRoleAndName) {
     cameras->answer("/camera", demo::hang_up());
     start({"/camera"});
     settle();
-    expect_all(*program.Form1.operator->(),
-               {{QAccessible::Window, "Lookfar"},
-                {QAccessible::ComboBox, "/camera"},
-                {QAccessible::Button, "Camera list"},
-                {QAccessible::Button, "Reload"},
-                {QAccessible::EditableText, "Seconds until Refresh"},
-                {QAccessible::SpinBox, "Seconds until Refresh"},
-                {QAccessible::StaticText, "Seconds until Refresh"},
-                {QAccessible::CheckBox, "Change every seconds"},
-                {QAccessible::EditableText, "Seconds until the camera changes"},
-                {QAccessible::CheckBox, "Blur Effect"},
-                {QAccessible::StatusBar, program.Form1->StatusBar1.Text},
-                {QAccessible::Graphic, "A picture is on its way"},
-                {QAccessible::StaticText, program.Form1->Label2.Caption},
-                {QAccessible::StaticText, program.Form1->Label3.Caption}});
-    const auto labels = child(*program.Form1.operator->(), {QAccessible::ComboBox, "/camera"})
-                            .relations(QAccessible::Label);
+    expect_all(*program.Form1, {{QAccessible::Window, "Lookfar"},
+                                {QAccessible::ComboBox, "/camera"},
+                                {QAccessible::Button, "Camera list"},
+                                {QAccessible::Button, "Reload"},
+                                {QAccessible::EditableText, "Seconds until Refresh"},
+                                {QAccessible::SpinBox, "Seconds until Refresh"},
+                                {QAccessible::StaticText, "Seconds until Refresh"},
+                                {QAccessible::CheckBox, "Change every seconds"},
+                                {QAccessible::EditableText, "Seconds until the camera changes"},
+                                {QAccessible::CheckBox, "Blur Effect"},
+                                {QAccessible::StatusBar, program.Form1->StatusBar1.Text},
+                                {QAccessible::Graphic, "A picture is on its way"},
+                                {QAccessible::StaticText, program.Form1->Label2.Caption},
+                                {QAccessible::StaticText, program.Form1->Label3.Caption}});
+    const auto labels =
+        child(*program.Form1, {QAccessible::ComboBox, "/camera"}).relations(QAccessible::Label);
     ASSERT_EQ(labels.size(), 1);
     EXPECT_EQ(name_of(*labels.front().first), "Camera");
     program.Form1->Command1.Click.raise();
     settle();
-    expect_all(*program.Form3.operator->(), {{QAccessible::Window, "Skyglass list"},
-                                             {QAccessible::List, "Cameras"},
-                                             {QAccessible::Button, "Add..."},
-                                             {QAccessible::Button, "Edit..."},
-                                             {QAccessible::Button, "Remove"},
-                                             {QAccessible::Button, "Ok"}});
+    expect_all(*program.Form3, {{QAccessible::Window, "Skyglass list"},
+                                {QAccessible::List, "Cameras"},
+                                {QAccessible::Button, "Add..."},
+                                {QAccessible::Button, "Edit..."},
+                                {QAccessible::Button, "Remove"},
+                                {QAccessible::Button, "Ok"}});
     program.Form3->Command1.Click.raise();
     settle();
-    expect_all(*program.Form4.operator->(), {{QAccessible::Window, "Skyglass"},
-                                             {QAccessible::StaticText, "Title"},
-                                             {QAccessible::EditableText, "Title"},
-                                             {QAccessible::StaticText, "URL"},
-                                             {QAccessible::EditableText, "URL"},
-                                             {QAccessible::Button, "Ok"},
-                                             {QAccessible::Button, "Cancel"}});
+    expect_all(*program.Form4, {{QAccessible::Window, "Skyglass"},
+                                {QAccessible::StaticText, "Title"},
+                                {QAccessible::EditableText, "Title"},
+                                {QAccessible::StaticText, "URL"},
+                                {QAccessible::EditableText, "URL"},
+                                {QAccessible::Button, "Ok"},
+                                {QAccessible::Button, "Cancel"}});
     program.Form1->LKF_About.Click.raise();
     settle();
-    AboutWindow& about = *program.About.operator->();
+    AboutWindow& about = *program.About;
     expect_all(about, {{QAccessible::Window, about.Caption},
                        {QAccessible::StaticText, "Lookfar"},
                        {QAccessible::StaticText, about.Label2.Caption},
@@ -128,22 +127,21 @@ TEST_F(AccessibilityTest, EverythingInEveryWindowHasItsRoleAndName) {
     program.Form1->GoToFull.Click.raise();
     settle();
     program.Form2->Label2.Visible = true; // It blinks.
-    expect_all(*program.Form2.operator->(),
-               {{QAccessible::Window, "Lookfar Fullscreen Window"},
-                {QAccessible::ComboBox, "/camera"},
-                {QAccessible::Button, "Camera selection panel"},
-                {QAccessible::Graphic, "A picture is on its way"},
-                {QAccessible::StaticText, "/camera"},
-                {QAccessible::StaticText, program.Form2->Label4.Caption},
-                {QAccessible::StaticText, program.Form2->Label2.Caption},
-                {QAccessible::StaticText, program.Form2->Label3.Caption},
-                {QAccessible::Graphic, "Test card: no picture can be had"}});
+    expect_all(*program.Form2, {{QAccessible::Window, "Lookfar Fullscreen Window"},
+                                {QAccessible::ComboBox, "/camera"},
+                                {QAccessible::Button, "Camera selection panel"},
+                                {QAccessible::Graphic, "A picture is on its way"},
+                                {QAccessible::StaticText, "/camera"},
+                                {QAccessible::StaticText, program.Form2->Label4.Caption},
+                                {QAccessible::StaticText, program.Form2->Label2.Caption},
+                                {QAccessible::StaticText, program.Form2->Label3.Caption},
+                                {QAccessible::Graphic, "Test card: no picture can be had"}});
 }
 
 TEST_F(AccessibilityTest, TheSplashWindowHasANameThoughNoCaption) {
     program.start();
     settle();
-    SplashWindow& splash = *program.Loading.operator->();
+    SplashWindow& splash = *program.Loading;
     expect_all(splash, {{QAccessible::Window, "Lookfar is starting"},
                         {QAccessible::StaticText, splash.Label2.Caption},
                         {QAccessible::Graphic, "Lookfar"}});

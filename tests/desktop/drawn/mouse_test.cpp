@@ -27,8 +27,8 @@ class MouseForm : public Form {
     void log_all(const std::string& name, MouseEvents& events) {
         events.Click.connect([this, name] { log.push_back(name + " click"); });
         events.DblClick.connect([this, name] { log.push_back(name + " double"); });
-        events.MouseDown.connect([this, name](short button) {
-            log.push_back(name + " down " + std::to_string(button));
+        events.MouseDown.connect([this, name](MouseButton button) {
+            log.push_back(name + " down " + std::to_string(static_cast<int>(button)));
         });
         events.MouseMove.connect([this, name] { moved.push_back(name); });
     }

@@ -66,8 +66,8 @@ TEST_F(NativeControlsTest, TypingRaisesChangeAndTheHandlersOwnWriteWins) {
 
 TEST_F(NativeControlsTest, TheKeyComesBeforeItsEffectAndAfterTheModelsValues) {
     std::vector<std::string> seen;
-    form.Text1.KeyDown.connect([&](short code, short shift) {
-        seen.push_back(std::to_string(code) + "/" + std::to_string(shift) + "/" +
+    form.Text1.KeyDown.connect([&](KeyCode code, short shift) {
+        seen.push_back(std::to_string(static_cast<int>(code)) + "/" + std::to_string(shift) + "/" +
                        form.Text1.Text.get());
     });
     auto& entry = widget<QLineEdit>(form.Text1);
@@ -238,14 +238,14 @@ TEST_F(NativeControlsTest, AHiddenWindowTakesEverythingOverWhenItIsShownAgain) {
     settle();
     form.Text1.Text = std::string("99");
     form.Command1.Visible = false;
-    form.MousePointer = mouse_pointer::hourglass;
+    form.MousePointer = MousePointer::hourglass;
     settle();
     EXPECT_EQ(widget<QLineEdit>(form.Text1).text(), "10");
     show(form);
     EXPECT_EQ(widget<QLineEdit>(form.Text1).text(), "99");
     EXPECT_FALSE(widget(form.Command1).isVisible());
     EXPECT_EQ(widget(form.Text1).cursor().shape(), Qt::WaitCursor);
-    form.MousePointer = mouse_pointer::standard;
+    form.MousePointer = MousePointer::standard;
     settle();
     EXPECT_EQ(widget(form.Text1).cursor().shape(), Qt::IBeamCursor);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <optional>
 #include <sys/stat.h>
 #include <vector>
 
@@ -27,14 +28,14 @@ struct Files : ::testing::Test {
         return lines;
     }
 
-    static int number_of(const std::function<void()>& statement) {
+    static std::optional<FailureKind> kind_of(const std::function<void()>& statement) {
         try {
             statement();
         } catch (const Failure& failure) {
             EXPECT_FALSE(failure.Description.empty());
-            return failure.Number;
+            return failure.Kind;
         }
-        return 0;
+        return std::nullopt;
     }
 };
 
@@ -66,22 +67,21 @@ TEST_F(Files, FailToReadBehindTheirEnd) {
     write_file("lines", "a");
     files.OpenForInput(1, "lines");
     EXPECT_EQ(files.LineInput(1), "a");
-    EXPECT_EQ(number_of([&] { files.LineInput(1); }), failure_number::past_end_of_file);
+    EXPECT_EQ(kind_of([&] { files.LineInput(1); }), FailureKind::past_end_of_file);
 }
 
 TEST_F(Files, RefuseNumbersThatAreOpenOrAreNot) {
     write_file("lines", "a");
     files.OpenForInput(1, "lines");
-    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "lines"); }),
-              failure_number::file_already_open);
-    EXPECT_EQ(number_of([&] {
+    EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "lines"); }), FailureKind::file_already_open);
+    EXPECT_EQ(kind_of([&] {
                   files.Print(1, "x");
                   files.Close(1);
                   files.Print(1, "x");
               }),
-              failure_number::bad_file_number);
-    EXPECT_EQ(number_of([&] { files.LineInput(2); }), failure_number::bad_file_number);
-    EXPECT_EQ(number_of([&] { files.OpenForInput(3, "lines"); }), failure_number::bad_file_number);
+              FailureKind::bad_file_number);
+    EXPECT_EQ(kind_of([&] { files.LineInput(2); }), FailureKind::bad_file_number);
+    EXPECT_EQ(kind_of([&] { files.OpenForInput(3, "lines"); }), FailureKind::bad_file_number);
     EXPECT_EQ(content_of("lines"), "a") << "a file that is read is not written";
 }
 
@@ -112,8 +112,7 @@ TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
         attempt([&] { files.Print(2, "new"); });
         attempt([&] { files.Close(2); });
         disk.mend();
-        EXPECT_EQ(number_of([&] { files.Replace("copy", "list"); }),
-                  failure_number::incomplete_file)
+        EXPECT_EQ(kind_of([&] { files.Replace("copy", "list"); }), FailureKind::incomplete_file)
             << operation;
         EXPECT_EQ(content_of("list"), "old") << operation;
 
@@ -129,10 +128,10 @@ TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
 TEST_F(Files, ThatAreNoRegularFilesAreRefusedAtOnce) {
     std::filesystem::create_directory("folder");
     ::mkfifo("pipe", 0600);
-    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "folder"); }), EISDIR);
-    EXPECT_NE(number_of([&] { files.OpenForInput(1, "pipe"); }), 0);
-    EXPECT_EQ(number_of([&] { files.OpenForInput(1, "missing"); }), ENOENT);
-    EXPECT_EQ(number_of([&] { files.Kill("missing"); }), ENOENT);
+    EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "folder"); }), FailureKind::other);
+    EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "pipe"); }), FailureKind::other);
+    EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "missing"); }), FailureKind::file_not_found);
+    EXPECT_EQ(kind_of([&] { files.Kill("missing"); }), FailureKind::file_not_found);
 }
 
 } // namespace

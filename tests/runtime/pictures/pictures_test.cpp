@@ -17,7 +17,7 @@ std::string refusal_of(const Bytes& bytes) {
     try {
         PictureDecoder().decode(bytes);
     } catch (const Failure& failure) {
-        EXPECT_EQ(failure.Number, failure_number::invalid_picture);
+        EXPECT_EQ(failure.Kind, FailureKind::invalid_picture);
         return failure.Description;
     }
     return "none";
