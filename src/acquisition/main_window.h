@@ -136,8 +136,7 @@ class MainWindow : public Form {
                   .BackColor = colour::black,
                   .ForeColor = colour::white,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Italic = true},
-                  .AutoSize = true,
-                  .WordWrap = true,
+                  .Sizing = LabelSizing::downwards,
                   .TabIndex = 7,
                   .Announcement = Announcement::assertive}};
     // Number line of the error display.

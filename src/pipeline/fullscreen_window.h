@@ -60,8 +60,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
-                  .AutoSize = true,
-                  .StaysInWindow = true,
+                  .Sizing = LabelSizing::to_caption_in_window,
                   .HasHalo = true,
                   .Announcement = Announcement::polite}};
     // Title banner: strip behind the status line.
@@ -94,8 +93,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = 0x000000C0,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Bold = true, .Italic = true},
-                  .AutoSize = true,
-                  .StaysInWindow = true,
+                  .Sizing = LabelSizing::to_caption_in_window,
                   .HasHalo = true,
                   .Announcement = Announcement::assertive}};
     // Blinking error number.
@@ -107,8 +105,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
-                  .AutoSize = true,
-                  .StaysInWindow = true,
+                  .Sizing = LabelSizing::to_caption_in_window,
                   .HasHalo = true}};
     // State cell: title of the camera that the last refresh looked up.
     Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false}};
@@ -121,8 +118,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 20.25F, .Italic = true},
-                  .AutoSize = true,
-                  .StaysInWindow = true,
+                  .Sizing = LabelSizing::to_caption_in_window,
                   .HasHalo = true}};
     // Control panel: bar.
     Shape Shape2{*this,

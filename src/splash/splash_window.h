@@ -26,7 +26,7 @@ class SplashWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Courier New", .Bold = true},
-                  .AutoSize = true,
+                  .Sizing = LabelSizing::to_caption,
                   .TabIndex = 1}};
     // Rules above and below the text.
     Line Line1{*this, {.X1 = 120, .Y1 = 2640, .X2 = 4560, .Y2 = 2640, .BorderColor = 0x00C0C0C0}};

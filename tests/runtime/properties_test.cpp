@@ -25,8 +25,8 @@ struct Sample : Form {
     UpDown UpDown1{*this, {.Value = 10, .Min = 1, .Max = 12}};
     Label Label1{
         *this,
-        {.Caption = "one", .At = {100, 100, 10, 10}, .AutoSize = true, .StaysInWindow = true}};
-    Label Label2{*this, {.At = {0, 0, 1000, 165}, .AutoSize = true, .WordWrap = true}};
+        {.Caption = "one", .At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption_in_window}};
+    Label Label2{*this, {.At = {0, 0, 1000, 165}, .Sizing = LabelSizing::downwards}};
     Image Image1{*this, {.At = {10, 20, 300, 400}}};
     Timer Timer1{*this, {.Enabled = false, .Interval = 1000}};
 };

@@ -12,23 +12,21 @@ namespace lookfar {
 
 Label::Label(Form& owner, const LabelDesign& design)
     : BoxControl(owner, design.At, design.Visible),
-      Caption(*this, design.Caption, {.changed = [this] { take_size_of_caption(); }}),
+      Caption(*this, design.Caption, {.changed = [this] { follow_caption(); }}),
       BackColor(*this, design.BackColor),
       ForeColor(*this, design.ForeColor),
       Align(design.Align),
       Back(design.Back),
       Border(design.Border),
       Font(design.Font),
-      AutoSize(design.AutoSize),
-      StaysInWindow(design.StaysInWindow),
-      WordWrap(design.WordWrap),
+      Sizing(design.Sizing),
       HasHalo(design.HasHalo),
       TabIndex(design.TabIndex),
       ToolTipText(design.ToolTipText),
       Role(design.Role),
       Announcement(design.Announcement),
       AccessibleName(design.AccessibleName),
-      wraps_(!design.AutoSize || design.WordWrap),
+      wraps_(design.Sizing == LabelSizing::as_designed || design.Sizing == LabelSizing::downwards),
       design_width_(design.At.Width),
       design_height_(design.At.Height) {}
 
@@ -36,19 +34,36 @@ void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }
 
-void Label::take_size_of_caption() {
-    if (!AutoSize)
+void Label::follow_caption() {
+    switch (Sizing) {
+    case LabelSizing::as_designed:
         return;
-    const Platform& platform = runtime.platform();
-    if (WordWrap) {
-        Height = std::max(design_height_, platform.text_size(Caption, Font, Width).Height);
-        return;
+    case LabelSizing::to_caption:
+        return fit_caption();
+    case LabelSizing::to_caption_in_window:
+        return fit_caption_in_window();
+    case LabelSizing::downwards:
+        return grow_downwards();
     }
-    Size size = platform.text_size(Caption, Font, std::nullopt);
+}
+
+void Label::fit_caption() {
+    take(runtime.platform().text_size(Caption, Font, std::nullopt));
+}
+
+void Label::fit_caption_in_window() {
     const float room = std::max(form.Width - Left, design_width_);
-    wraps_ = StaysInWindow && size.Width > room;
-    if (wraps_)
-        size = platform.text_size(Caption, Font, room);
+    const Size size = runtime.platform().text_size(Caption, Font, std::nullopt);
+    wraps_ = size.Width > room;
+    take(wraps_ ? runtime.platform().text_size(Caption, Font, room) : size);
+}
+
+void Label::grow_downwards() {
+    const Size size = runtime.platform().text_size(Caption, Font, Width);
+    Height = std::max(design_height_, size.Height);
+}
+
+void Label::take(const Size& size) {
     Width = size.Width;
     Height = size.Height;
 }

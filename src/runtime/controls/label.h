@@ -10,6 +10,19 @@ namespace lookfar {
 /// tab key, and Space or Enter clicks it too.
 enum class LabelRole { text, button, link };
 
+/// How a label takes its size.
+enum class LabelSizing {
+    /// It keeps the size that it was designed with, and wraps its caption at its width.
+    as_designed,
+    /// It takes the size of its caption, growing from its top left corner.
+    to_caption,
+    /// The same, but it wraps a caption that would run over the window's right edge.
+    to_caption_in_window,
+    /// It keeps its width, wraps its caption and grows downwards; it never gets lower than it was
+    /// designed.
+    downwards,
+};
+
 /// The design values of a label.
 struct LabelDesign {
     std::string Caption = {};
@@ -21,14 +34,7 @@ struct LabelDesign {
     Colour BackColor = colour::button_face;
     Colour ForeColor = colour::button_text;
     lookfar::Font Font = {};
-    /// Whether the label takes the size of its caption, growing from its top left corner.
-    bool AutoSize = false;
-    /// Whether a label that sizes itself wraps a caption that would run over the window's right
-    /// edge.
-    bool StaysInWindow = false;
-    /// Whether a label that sizes itself keeps its width: it wraps its caption and grows
-    /// downwards, and never gets lower than it was designed.
-    bool WordWrap = false;
+    LabelSizing Sizing = LabelSizing::as_designed;
     /// Whether a thin light rim sets the text off from whatever picture lies behind it.
     bool HasHalo = false;
     int TabIndex = 0;
@@ -57,9 +63,7 @@ class Label : public BoxControl, public MouseEvents {
     const BackStyle Back;
     const LabelBorder Border;
     const lookfar::Font Font;
-    const bool AutoSize;
-    const bool StaysInWindow;
-    const bool WordWrap;
+    const LabelSizing Sizing;
     const bool HasHalo;
     const int TabIndex;
     const std::string ToolTipText;
@@ -68,7 +72,11 @@ class Label : public BoxControl, public MouseEvents {
     const std::string AccessibleName;
 
   private:
-    void take_size_of_caption();
+    void follow_caption();
+    void fit_caption();
+    void fit_caption_in_window();
+    void grow_downwards();
+    void take(const Size& size);
 
     bool wraps_;
     const float design_width_;

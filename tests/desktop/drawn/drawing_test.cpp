@@ -153,7 +153,7 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
                              .Back = BackStyle::transparent,
                              .ForeColor = colour::white,
                              .Font = font,
-                             .AutoSize = true}) {}
+                             .Sizing = LabelSizing::to_caption}) {}
         Label Label1;
     };
     const std::array fonts{
