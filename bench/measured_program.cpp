@@ -22,8 +22,9 @@ bool has_painted(DesktopPlatform& platform, const Image& image) {
 
 } // namespace
 
-MeasuredProgram::MeasuredProgram(DesktopPlatform& platform, const std::string& url)
-    : platform_(platform), program_(platform) {
+MeasuredProgram::MeasuredProgram(DesktopPlatform& platform, const std::string& url,
+                                 IdleTicks idle_ticks)
+    : platform_(platform), program_(platform, idle_ticks) {
     testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
     program_.Form1->Timer1.Enabled = false;
     program_.Loading->Timer1.Enabled = false;

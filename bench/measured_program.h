@@ -17,7 +17,8 @@ enum class ShownWindow { main, fullscreen };
 /// refreshes only when it is told to.
 class MeasuredProgram {
   public:
-    MeasuredProgram(DesktopPlatform& platform, const std::string& url);
+    MeasuredProgram(DesktopPlatform& platform, const std::string& url,
+                    IdleTicks idle_ticks = IdleTicks::held_back);
 
     Program& program() { return program_; }
 

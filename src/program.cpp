@@ -11,8 +11,8 @@
 
 namespace lookfar {
 
-Program::Program(Platform& platform)
-    : runtime(platform),
+Program::Program(Platform& platform, IdleTicks idle_ticks)
+    : runtime(platform, idle_ticks),
       Form1(runtime, [this] { return std::make_unique<MainWindow>(*this); }),
       Form2(runtime, [this] { return std::make_unique<FullscreenWindow>(*this); }),
       Form3(runtime, [this] { return std::make_unique<CameraListWindow>(*this); }),

@@ -16,7 +16,7 @@ class SplashWindow;
 /// One run of the program: the runtime and the six windows on it.
 class Program {
   public:
-    explicit Program(Platform& platform);
+    explicit Program(Platform& platform, IdleTicks idle_ticks = IdleTicks::held_back);
     ~Program();
 
     /// Opens the splash window, which loads the main window a second later. The message loop is

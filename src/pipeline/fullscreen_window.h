@@ -23,9 +23,9 @@ class FullscreenWindow : public Form {
     // The controls, front to back; the colours are those of the red scheme.
 
     // Hands pictures over and passes the status line on.
-    Timer Timer4{*this, {.Enabled = true, .Interval = 1}};
+    Timer Timer4{*this, {.Enabled = true, .Interval = 1, .Ticks = TickRule::after_a_change}};
     // Follows the failure flag.
-    Timer Timer3{*this, {.Enabled = true, .Interval = 1}};
+    Timer Timer3{*this, {.Enabled = true, .Interval = 1, .Ticks = TickRule::after_a_change}};
     // Blinks the error; whether it is enabled is the failure flag.
     Timer Timer2{*this, {.Enabled = false, .Interval = 500}};
     // Watches the selection against the last refresh.

@@ -26,11 +26,11 @@ class Runtime::RunningHandler {
     Runtime& runtime_;
 };
 
-Runtime::Runtime(Platform& platform)
+Runtime::Runtime(Platform& platform, IdleTicks idle_ticks)
     : platform_(platform),
       files_(platform.disk()),
       timers_([this] { return platform_.now(); },
-              [this](std::optional<Instant> instant) { platform_.wake_at(instant); }) {
+              [this](std::optional<Instant> instant) { platform_.wake_at(instant); }, idle_ticks) {
     platform_.set_wake_handler([this] { timers_.serve_due(); });
 }
 

@@ -20,7 +20,7 @@ class Form;
 /// message boxes and pictures. One runtime serves one program on one platform.
 class Runtime {
   public:
-    explicit Runtime(Platform& platform);
+    explicit Runtime(Platform& platform, IdleTicks idle_ticks = IdleTicks::held_back);
     Runtime(const Runtime&) = delete;
     Runtime& operator=(const Runtime&) = delete;
     ~Runtime();

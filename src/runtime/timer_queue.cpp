@@ -6,19 +6,16 @@
 
 namespace lookfar {
 
-namespace {
-constexpr std::chrono::milliseconds next_opportunity{1};
-}
-
 TimerQueue::TimerQueue(std::function<Instant()> now,
-                       std::function<void(std::optional<Instant>)> arm)
-    : now_(std::move(now)), arm_(std::move(arm)) {}
+                       std::function<void(std::optional<Instant>)> arm, IdleTicks idle_ticks)
+    : now_(std::move(now)), arm_(std::move(arm)), idle_ticks_(idle_ticks) {}
 
-void TimerQueue::start(Identity timer, std::chrono::milliseconds interval,
+void TimerQueue::start(Identity timer, std::chrono::milliseconds interval, TickRule rule,
                        std::function<void()> tick) {
     std::erase_if(entries_, [timer](const Entry& entry) { return entry.timer == timer; });
     entries_.push_back({.timer = timer,
                         .interval = interval,
+                        .rule = rule,
                         .tick = std::move(tick),
                         .due = now_() + interval,
                         .order = ++order_,
@@ -51,17 +48,9 @@ void TimerQueue::count_change() {
         arm();
 }
 
-void TimerQueue::tick_blindly() {
-    holds_back_ = false;
-    arm();
-}
-
-bool TimerQueue::wants_next_opportunity(const Entry& entry) {
-    return entry.interval <= next_opportunity;
-}
-
 bool TimerQueue::is_held(const Entry& entry) const {
-    return holds_back_ && wants_next_opportunity(entry) && entry.changes_at_last_tick == changes_;
+    return idle_ticks_ == IdleTicks::held_back && entry.rule == TickRule::after_a_change &&
+           entry.changes_at_last_tick == changes_;
 }
 
 /// Lets the ticks that were held back be due now, as if they had come all the while.
@@ -74,7 +63,7 @@ void TimerQueue::release_held() {
 
 bool TimerQueue::is_before(const Entry& left, const Entry& right) {
     const auto rank = [](const Entry& entry) {
-        return std::tuple(entry.due, wants_next_opportunity(entry), entry.order);
+        return std::tuple(entry.due, entry.rule, entry.order);
     };
     return rank(left) < rank(right);
 }
@@ -94,7 +83,7 @@ void TimerQueue::settle(Entry& entry, Instant now) {
     entry.due += entry.interval;
     if (entry.due <= now)
         entry.due = now + entry.interval;
-    if (!wants_next_opportunity(entry))
+    if (entry.rule == TickRule::when_due)
         entry.order = ++order_;
     entry.changes_at_last_tick = changes_;
 }

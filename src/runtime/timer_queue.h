@@ -10,26 +10,38 @@
 
 namespace lookfar {
 
+/// What a timer's due tick waits for.
+enum class TickRule {
+    /// Nothing: it is served as soon as it is due.
+    when_due,
+    /// A property that has changed since the timer's last tick began. For a timer that ticks at
+    /// the next opportunity, for ever, and whose handler is a function of property values alone:
+    /// without a change such a tick has nothing to do, and a process at rest sleeps.
+    after_a_change,
+};
+
+/// Whether ticks that wait for a change are held back, or come blindly all the while.
+enum class IdleTicks { held_back, blind };
+
 /// The due times of all timers.
 ///
 /// Due ticks are served one by one in the order of their due times, first come first served on
 /// ties. A tick that was missed many times comes once. A timer is given its next due time before
 /// its handler is called, since the handler may wait, and may restart or stop any timer.
 ///
-/// A timer with an interval of one millisecond wants its tick at the next opportunity, for ever.
-/// Its handler is a function of property values alone, so its tick is held back until a property
-/// has changed since its last tick began; a process at rest then sleeps. Among themselves these
-/// timers tick in the order of their start, after all others that are due with them: the order
-/// that ticking all the while would give.
+/// Timers that wait for a change tick in the order of their start, after all others that are due
+/// with them: the order that ticking all the while would give.
 class TimerQueue {
   public:
     using Identity = const void*;
 
     /// `arm` is told the instant of the next wake-up whenever it moves.
-    TimerQueue(std::function<Instant()> now, std::function<void(std::optional<Instant>)> arm);
+    TimerQueue(std::function<Instant()> now, std::function<void(std::optional<Instant>)> arm,
+               IdleTicks idle_ticks = IdleTicks::held_back);
 
     /// Starts the count of a timer, or starts it over.
-    void start(Identity timer, std::chrono::milliseconds interval, std::function<void()> tick);
+    void start(Identity timer, std::chrono::milliseconds interval, TickRule rule,
+               std::function<void()> tick);
     /// Takes a timer out; unknown ones are ignored.
     void stop(Identity timer);
 
@@ -39,20 +51,17 @@ class TimerQueue {
     /// Releases the ticks that are held back.
     void count_change();
 
-    /// Switches the holding back of ticks off, so that they come blindly.
-    void tick_blindly();
-
   private:
     struct Entry {
         Identity timer;
         std::chrono::milliseconds interval;
+        TickRule rule;
         std::function<void()> tick;
         Instant due;
         std::uint64_t order;
         std::optional<std::uint64_t> changes_at_last_tick;
     };
 
-    static bool wants_next_opportunity(const Entry& entry);
     static bool is_before(const Entry& left, const Entry& right);
     bool is_held(const Entry& entry) const;
     void release_held();
@@ -62,13 +71,13 @@ class TimerQueue {
 
     std::function<Instant()> now_;
     std::function<void(std::optional<Instant>)> arm_;
+    IdleTicks idle_ticks_;
     std::vector<Entry> entries_;
     std::optional<Instant> armed_;
     /// Whether the platform's wake-up still stands as `armed_` says; a wake-up spends it.
     bool wake_up_is_set_ = false;
     std::uint64_t order_ = 0;
     std::uint64_t changes_ = 0;
-    bool holds_back_ = true;
     bool some_are_held_ = false;
 };
 

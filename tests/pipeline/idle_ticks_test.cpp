@@ -42,10 +42,8 @@ class History {
   public:
     explicit History(unsigned seed) : random_(seed) {}
 
-    std::vector<std::string> states(bool blindly) {
-        Machine machine(3);
-        if (blindly)
-            machine.program.runtime.timers().tick_blindly();
+    std::vector<std::string> states(IdleTicks idle_ticks) {
+        Machine machine(3, idle_ticks);
         for (const char camera : {'a', 'b', 'c'})
             machine.set_answer(camera, detailed_jpeg(24, 16));
         machine.start();
@@ -105,8 +103,8 @@ class History {
 
 TEST(IdleTicks, HeldBackReachTheSameStatesAsBlindOnes) {
     for (unsigned seed = 1; seed <= 40; ++seed) {
-        const auto held_back = History(seed).states(false);
-        const auto blind = History(seed).states(true);
+        const auto held_back = History(seed).states(IdleTicks::held_back);
+        const auto blind = History(seed).states(IdleTicks::blind);
         ASSERT_EQ(held_back.size(), blind.size());
         for (std::size_t step = 0; step < blind.size(); ++step)
             ASSERT_EQ(held_back[step], blind[step]) << "history " << seed << ", step " << step;

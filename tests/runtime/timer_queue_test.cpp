@@ -20,7 +20,11 @@ struct TimerTicks : ::testing::Test {
 
     void start(
         int timer, int interval, const std::function<void()>& more = [] {}) {
-        queue.start(&names[timer], milliseconds(interval), [this, timer, more] {
+        start(timer, interval, TickRule::when_due, more);
+    }
+    void start(
+        int timer, int interval, TickRule rule, const std::function<void()>& more = [] {}) {
+        queue.start(&names[timer], milliseconds(interval), rule, [this, timer, more] {
             ticks += names[timer];
             more();
         });
@@ -86,7 +90,7 @@ TEST_F(TimerTicks, FollowAHandlerThatStopsOrRestartsTimers) {
 }
 
 TEST_F(TimerTicks, AtTheNextOpportunityAreHeldBackUntilAPropertyChanges) {
-    start(0, 1);
+    start(0, 1, TickRule::after_a_change);
     serve_after(1);
     EXPECT_EQ(ticks, "A");
     EXPECT_EQ(armed_in(), std::nullopt) << "at rest nothing wakes the process";
@@ -101,7 +105,7 @@ TEST_F(TimerTicks, AtTheNextOpportunityAreHeldBackUntilAPropertyChanges) {
 
 TEST_F(TimerTicks, ComeAgainAfterAChangeThatTheyMadeThemselves) {
     int changes = 2;
-    start(0, 1, [&] {
+    start(0, 1, TickRule::after_a_change, [&] {
         if (changes-- > 0)
             queue.count_change();
     });

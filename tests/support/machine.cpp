@@ -4,7 +4,7 @@
 
 namespace lookfar::testing {
 
-Machine::Machine(int cameras) {
+Machine::Machine(int cameras, IdleTicks idle_ticks) : program(platform, idle_ticks) {
     std::string list;
     for (int index = 0; index < cameras; ++index) {
         const char camera = static_cast<char>('a' + index);

@@ -21,7 +21,7 @@ using std::chrono::seconds;
 /// answer with a picture each.
 struct Machine {
     /// Lists the first so many cameras in the list file; none leaves the folder empty.
-    explicit Machine(int cameras = 1);
+    explicit Machine(int cameras = 1, IdleTicks idle_ticks = IdleTicks::held_back);
 
     /// Lets the splash window hand over to the main window, first refresh included.
     void start();
@@ -33,7 +33,7 @@ struct Machine {
 
     TemporaryFolder folder;
     ScriptedPlatform platform;
-    Program program{platform};
+    Program program;
     Window<MainWindow>& Form1 = program.Form1;
     Window<FullscreenWindow>& Form2 = program.Form2;
     Window<CameraListWindow>& Form3 = program.Form3;

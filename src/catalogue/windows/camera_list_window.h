@@ -37,7 +37,7 @@ class CameraListWindow : public Form {
     CommandButton Command4{
         *this, {.Caption = "&Ok", .At = {2760, 3360, 1095, 375}, .Default = true, .TabIndex = 4}};
     // Keeps a selection in the list.
-    Timer Timer1{*this, {.Enabled = false, .Interval = 1}};
+    Timer Timer1{*this, {.Enabled = false, .Interval = 1, .Ticks = TickRule::after_a_change}};
 
     /// The three lists of cameras, this window's first.
     catalogue::SelectorLists selector_lists();

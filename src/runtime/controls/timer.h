@@ -3,6 +3,7 @@
 #include "runtime/element.h"
 #include "runtime/event.h"
 #include "runtime/property.h"
+#include "runtime/timer_queue.h"
 
 namespace lookfar {
 
@@ -13,6 +14,7 @@ struct TimerDesign {
     bool Enabled = true;
     /// Milliseconds.
     long Interval = 0;
+    TickRule Ticks = TickRule::when_due;
 };
 
 /// Raises its event at an interval while it is enabled. It runs as long as its window is loaded,
@@ -31,6 +33,8 @@ class Timer : public Element {
     DerivedProperty<long> Interval;
 
     Event<> Tick;
+
+    const TickRule Ticks;
 
   private:
     friend class Form;
