@@ -21,7 +21,7 @@ namespace lookfar::resources {
 
 namespace {
 
-constexpr int icon_sizes[] = {16, 22, 24, 32, 48, 64, 128, 256};
+constexpr int icon_sizes[] = {LOOKFAR_ICON_SIZES};
 constexpr int jpeg_quality = 90;
 
 QImage draw_icon(int pixels) {

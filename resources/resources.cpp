@@ -1,33 +1,26 @@
 #include "resources/resources.h"
 
-#include "resources/embedded.h"
+#include "resources/icon_table.h"
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
 namespace lookfar::resources {
 
+std::vector<std::span<const std::uint8_t>> icons() {
+    std::vector<std::span<const std::uint8_t>> files;
+    std::ranges::transform(icon_table(), std::back_inserter(files), &Icon::file);
+    return files;
+}
+
 std::span<const std::uint8_t> icon(int pixels) {
-    switch (pixels) {
-    case 16:
-        return icon_16();
-    case 22:
-        return icon_22();
-    case 24:
-        return icon_24();
-    case 32:
-        return icon_32();
-    case 48:
-        return icon_48();
-    case 64:
-        return icon_64();
-    case 128:
-        return icon_128();
-    case 256:
-        return icon_256();
-    default:
+    const std::vector<Icon> icons = icon_table();
+    const auto icon = std::ranges::find(icons, pixels, &Icon::pixels);
+    if (icon == icons.end())
         throw std::out_of_range("There is no icon of " + std::to_string(pixels) + " pixels.");
-    }
+    return icon->file;
 }
 
 } // namespace lookfar::resources

@@ -2,13 +2,17 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 namespace lookfar::resources {
 
 // The picture files that the program carries, byte for byte. The bytes live as long as the program.
 
-/// The program's icon as a PNG file with transparency, so many pixels wide and high: 16, 22, 24,
-/// 32, 48, 64, 128 or 256. Any other size throws std::out_of_range.
+/// The program's icon in every size, from the smallest: square PNG files with transparency.
+std::vector<std::span<const std::uint8_t>> icons();
+
+/// The one of `icons` that is so many pixels wide and high. Where there is none, it throws
+/// std::out_of_range.
 std::span<const std::uint8_t> icon(int pixels);
 
 /// The television test card, a baseline JPEG file of 540 by 405 pixels.

@@ -11,15 +11,17 @@ namespace lookfar::testing {
 namespace {
 
 TEST(Resources, HoldTheIconInEverySizeWithTransparentCorners) {
-    for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256}) {
-        const Pixels icon = decode_pixels(resources::icon(pixels));
-        EXPECT_EQ(icon.width, pixels);
-        EXPECT_EQ(icon.height, pixels);
-        ASSERT_NE(icon.opacity, nullptr) << pixels;
-        EXPECT_EQ(icon.opacity[0], 0) << pixels;
-        const std::ptrdiff_t middle = pixels / 2;
-        const std::ptrdiff_t centre = middle * pixels + middle;
-        EXPECT_EQ(icon.opacity[centre], 255) << pixels;
+    const auto files = resources::icons();
+    EXPECT_GE(files.size(), 2U);
+    for (const auto file : files) {
+        const Pixels icon = decode_pixels(file);
+        EXPECT_EQ(resources::icon(icon.width).data(), file.data()) << icon.width;
+        EXPECT_EQ(icon.height, icon.width);
+        ASSERT_NE(icon.opacity, nullptr) << icon.width;
+        EXPECT_EQ(icon.opacity[0], 0) << icon.width;
+        const std::ptrdiff_t middle = icon.width / 2;
+        const std::ptrdiff_t centre = middle * icon.width + middle;
+        EXPECT_EQ(icon.opacity[centre], 255) << icon.width;
     }
     EXPECT_THROW(resources::icon(20), std::out_of_range);
 }
