@@ -14,7 +14,6 @@ namespace lookfar {
 
 namespace {
 
-constexpr const char* user_agent = "Lookfar/0.1";
 constexpr const char* spoken_protocols = "http,https";
 
 Failure body_too_large() {
@@ -82,7 +81,7 @@ void CurlExchange::set_destination() {
     set(CURLOPT_FOLLOWLOCATION, 1L);
     set(CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
     set(CURLOPT_HTTPAUTH, CURLAUTH_ANY);
-    set(CURLOPT_USERAGENT, user_agent);
+    set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
 }
 
 void CurlExchange::set_limits() {

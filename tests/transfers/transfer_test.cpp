@@ -226,6 +226,13 @@ TEST_F(Transfers, RefuseUnusableUrls) {
     EXPECT_EQ(text_at("/hello"), "hello");
 }
 
+TEST_F(Transfers, TellHostsTheProgramsNameAndVersion) {
+    server.answer("/who", [](const demo::Request& request) {
+        return always(200, std::string(request.header("User-Agent").value_or("")))(request);
+    });
+    EXPECT_EQ(text_at("/who"), LOOKFAR_USER_AGENT);
+}
+
 TEST_F(Transfers, KeepTheConnectionBetweenTwoGets) {
     const auto start_of_gets = Clock::now();
     for (int round = 0; round < 3; ++round)
