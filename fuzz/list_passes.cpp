@@ -47,7 +47,7 @@ void check_start_on_failing_disk(NumberedFiles& files, MemoryDisk& disk, const s
 
 void check_scan(NumberedFiles& files, const Lines& lines) {
     Lines scanned;
-    const bool went_well = attempt([&] {
+    const bool went_well = goes_well([&] {
         catalogue::scan_lines(files, [&](const std::string& line) { scanned.push_back(line); });
     });
     expect(went_well == !lines.empty(), "a scan needs a line");
@@ -58,7 +58,7 @@ void check_look_up(NumberedFiles& files, const Lines& lines, const std::string& 
     const auto found = std::ranges::find(lines, title);
     const bool has_url = lines.end() - found >= 2;
     std::optional<std::string> url;
-    const bool went_well = attempt([&] { url = catalogue::find_url(files, title); });
+    const bool went_well = goes_well([&] { url = catalogue::find_url(files, title); });
     expect(went_well == (has_url || (found == lines.end() && !lines.empty())),
            "only a missing URL line or an empty list fails the look-up");
     expect(url == (has_url ? std::optional(*(found + 1)) : std::nullopt),

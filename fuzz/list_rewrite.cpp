@@ -110,7 +110,7 @@ void run(const Script& script, NumberedFiles& files) {
 void expect_nothing_open(NumberedFiles& files, MemoryDisk& disk) {
     disk.put("any", "");
     for (const int number : {1, 2}) {
-        expect(attempt([&] { files.OpenForInput(number, "any"); }), "both numbers are free");
+        expect(goes_well([&] { files.OpenForInput(number, "any"); }), "both numbers are free");
         files.Close(number);
     }
 }

@@ -1,9 +1,10 @@
 #include "acquisition/main_window.h"
 
 #include "acquisition/picture_file.h"
+#include "file_numbers.h"
 #include "pipeline/fullscreen_window.h"
 #include "runtime/numbers.h"
-#include "runtime/pictures/jpeg_markers.h"
+#include "runtime/pictures/picture_decoder.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,18 +14,10 @@ namespace lookfar {
 
 namespace {
 
-/// The picture file keeps the tail of an earlier, longer answer. That tail would pass for the
-/// end of a picture that was cut short, so such an answer is refused before it gets there.
-void refuse_cut_short(const Bytes& bytes) {
-    if (is_cut_short_jpeg(bytes))
-        throw Failure(FailureKind::invalid_picture, "The picture ends too early.");
-}
-
 void store(NumberedFiles& files, const std::string& path, const Bytes& bytes) {
-    constexpr int picture_number = 1;
-    files.OpenForBinary(picture_number, path);
-    const FileCloser closer(files, picture_number);
-    files.Put(picture_number, bytes);
+    files.OpenForBinary(file_number::picture, path);
+    const FileCloser closer(files, file_number::picture);
+    files.Put(file_number::picture, bytes);
 }
 
 /// Scales an image of its picture's natural size into an area, as large as it fits whole, and
@@ -62,8 +55,10 @@ void MainWindow::GetRESOURCE(std::string url) {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
         const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
-        refuse_cut_short(bytes);
-        const std::string path = picture_path(runtime.platform().disk());
+        // The picture file keeps the tail of an earlier, longer answer, and that tail would pass
+        // for the end of this one.
+        refuse_cut_short_jpeg(bytes);
+        const std::string path = picture_path(runtime);
         store(runtime.files(), path, bytes);
 
         show_in_fullscreen_window(path);

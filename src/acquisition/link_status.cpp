@@ -1,6 +1,5 @@
 #include "acquisition/main_window.h"
 
-#include "runtime/platform.h"
 #include "runtime/remote_access.h"
 #include "runtime/runtime.h"
 
@@ -9,7 +8,7 @@
 namespace lookfar {
 
 bool MainWindow::DFÜStatus() {
-    RemoteAccessService* const service = runtime.platform().remote_access();
+    RemoteAccessService* const service = runtime.remote_access();
     if (!service)
         return true;
     constexpr std::uint32_t most_connections = 256;

@@ -57,7 +57,7 @@ void MainWindow::LKF_About_Click() {
 void MainWindow::Form_QueryUnload(short& Cancel, short /*UnloadMode*/) {
     Cancel = -1;
     attempt([this] {
-        runtime.files().Kill(picture_path(runtime.platform().disk()));
+        runtime.files().Kill(picture_path(runtime));
         Visible = false;
         Hide();
     });

@@ -169,8 +169,7 @@ class MainWindow : public Form {
     MenuItem ImgReload{*this, "&Reload"};
     MenuItem Strich2{*this, "-"};
     MenuItem LKF_About{*this, "&About..."};
-    lookfar::PopupMenu PopUpMenu1{
-        *this, "Menu", {&GoToFull, &Strich1, &ImgReload, &Strich2, &LKF_About}};
+    lookfar::PopupMenu PopUpMenu1{*this, {&GoToFull, &Strich1, &ImgReload, &Strich2, &LKF_About}};
 
     // The fetch.
 

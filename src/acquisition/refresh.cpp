@@ -1,6 +1,7 @@
 #include "acquisition/main_window.h"
 
 #include "catalogue/list_file.h"
+#include "file_numbers.h"
 #include "pipeline/fullscreen_window.h"
 
 namespace lookfar {
@@ -29,7 +30,7 @@ void MainWindow::look_up_selected_camera() {
         Form2->Label1.Caption = line;
         Form2->Label4.Caption = "Screenshot taken: " + runtime.TimeOfDay() + " ( " +
                                 Form2->Label7.Caption + " Sec/Pic )";
-        Text3.Text = files.LineInput(catalogue::list_number);
+        Text3.Text = files.LineInput(file_number::list);
     });
 }
 

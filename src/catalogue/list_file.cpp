@@ -1,5 +1,6 @@
 #include "catalogue/list_file.h"
 
+#include "file_numbers.h"
 #include "runtime/failure.h"
 
 namespace lookfar::catalogue {
@@ -8,21 +9,24 @@ namespace {
 
 enum class Found { lines, no_line };
 
-void read_titles(NumberedFiles& files, const std::function<void(const std::string&)>& add_title,
-                 Found& found) {
+/// A title counts once its URL is read: a title on which the list ends is no camera yet. The
+/// refill after a change (`catalogue::refill`) shows that one too.
+void add_titles_of_whole_cameras(NumberedFiles& files,
+                                 const std::function<void(const std::string&)>& add_title,
+                                 Found& found) {
     do {
-        const std::string title = files.LineInput(list_number);
+        const std::string title = files.LineInput(file_number::list);
         found = Found::lines;
         if (!title.empty()) {
-            files.LineInput(list_number);
+            files.LineInput(file_number::list);
             add_title(title);
         }
-    } while (!files.EndOfFile(list_number));
+    } while (!files.EndOfFile(file_number::list));
 }
 
 bool open_existing_list(NumberedFiles& files) {
     try {
-        files.OpenForInput(list_number, list_name);
+        files.OpenForInput(file_number::list, list_name);
         return true;
     } catch (const Failure& failure) {
         if (failure.Kind == FailureKind::file_not_found)
@@ -34,10 +38,10 @@ bool open_existing_list(NumberedFiles& files) {
 Found read_list(NumberedFiles& files, const std::function<void(const std::string&)>& add_title) {
     if (!open_existing_list(files))
         return Found::no_line;
-    const FileCloser closer(files, list_number);
+    const FileCloser closer(files, file_number::list);
     Found found = Found::no_line;
     try {
-        read_titles(files, add_title, found);
+        add_titles_of_whole_cameras(files, add_title, found);
     } catch (const Failure& failure) {
         // Only the end of the file before the first line speaks of an empty list; a disk that
         // can't be read must not have it replaced.
@@ -48,11 +52,12 @@ Found read_list(NumberedFiles& files, const std::function<void(const std::string
 }
 
 void write_default_camera(NumberedFiles& files) {
-    files.OpenForOutput(list_number, list_name);
-    const FileCloser closer(files, list_number);
-    files.Print(list_number, "Eiffeltower");
-    files.Print(list_number, "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
-    files.Close(list_number);
+    files.OpenForOutput(file_number::list, list_name);
+    const FileCloser closer(files, file_number::list);
+    files.Print(file_number::list, "Eiffeltower");
+    files.Print(file_number::list,
+                "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
+    files.Close(file_number::list);
 }
 
 } // namespace
@@ -65,20 +70,20 @@ void read_at_start(NumberedFiles& files, const std::function<void(const std::str
 }
 
 void scan_lines(NumberedFiles& files, const std::function<void(const std::string&)>& step) {
-    files.OpenForInput(list_number, list_name);
-    const FileCloser closer(files, list_number);
+    files.OpenForInput(file_number::list, list_name);
+    const FileCloser closer(files, file_number::list);
     do
-        step(files.LineInput(list_number));
-    while (!files.EndOfFile(list_number));
+        step(files.LineInput(file_number::list));
+    while (!files.EndOfFile(file_number::list));
 }
 
 std::optional<std::string> find_url(NumberedFiles& files, const std::string& title) {
-    files.OpenForInput(list_number, list_name);
-    const FileCloser closer(files, list_number);
+    files.OpenForInput(file_number::list, list_name);
+    const FileCloser closer(files, file_number::list);
     do {
-        if (files.LineInput(list_number) == title)
-            return files.LineInput(list_number);
-    } while (!files.EndOfFile(list_number));
+        if (files.LineInput(file_number::list) == title)
+            return files.LineInput(file_number::list);
+    } while (!files.EndOfFile(file_number::list));
     return std::nullopt;
 }
 

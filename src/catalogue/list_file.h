@@ -13,20 +13,17 @@ inline constexpr const char* list_name = "Cams.inf";
 /// The copy that a rewrite makes beside it.
 inline constexpr const char* copy_name = "C1.DAT";
 
-/// The file numbers of the two.
-inline constexpr int list_number = 1;
-inline constexpr int copy_number = 2;
-
 /// Gives the titles of a well-formed list in the order of the file, skipping blank lines where a
 /// title is expected. A list that is missing or has no line at all is written anew with the one
 /// default camera first. Whatever else ends the reading early, the titles given so far are the
 /// list, and the file is left alone.
 ///
-/// Throws a `Failure` when the list can't be opened, or the default camera not be written.
+/// Throws a `Failure` when the list can't be opened, and when the default camera can't be written.
 void read_at_start(NumberedFiles& files, const std::function<void(const std::string&)>& add_title);
 
 /// Gives every line of the list, titles, URLs and blank lines alike. The step may read further
-/// lines under `list_number`. The first read always happens: a list without a line fails.
+/// lines under `file_number::list`. The first read happens in any case, so a list without a line
+/// is a failure.
 ///
 /// Throws a `Failure` when the list can't be opened or read; it is closed in every case.
 void scan_lines(NumberedFiles& files, const std::function<void(const std::string&)>& step);

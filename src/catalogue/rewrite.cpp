@@ -1,6 +1,7 @@
 #include "catalogue/rewrite.h"
 
 #include "catalogue/list_file.h"
+#include "file_numbers.h"
 #include "runtime/failure.h"
 
 namespace lookfar::catalogue {
@@ -8,19 +9,19 @@ namespace lookfar::catalogue {
 namespace {
 
 void print_camera(NumberedFiles& files, const Camera& camera) {
-    files.Print(copy_number, camera.title);
-    files.Print(copy_number, camera.url);
+    files.Print(file_number::list_copy, camera.title);
+    files.Print(file_number::list_copy, camera.url);
 }
 
 void copy_without(NumberedFiles& files, const std::string& title) {
     do {
-        const std::string line = files.LineInput(list_number);
+        const std::string line = files.LineInput(file_number::list);
         if (line.empty())
             continue;
-        const std::string url = files.LineInput(list_number);
+        const std::string url = files.LineInput(file_number::list);
         if (line != title)
             print_camera(files, {.title = line, .url = url});
-    } while (!files.EndOfFile(list_number));
+    } while (!files.EndOfFile(file_number::list));
 }
 
 /// The copy that an editor makes, each failing step skipped.
@@ -29,16 +30,16 @@ class EditorCopy {
     EditorCopy(NumberedFiles& files, const Save& save) : files_(files), save_(save) {}
 
     SaveOutcome run() {
-        read([&] { files_.OpenForInput(list_number, list_name); });
-        attempt([&] { files_.OpenForOutput(copy_number, copy_name); });
+        attempt_reading([&] { files_.OpenForInput(file_number::list, list_name); });
+        attempt([&] { files_.OpenForOutput(file_number::list_copy, copy_name); });
         do {
             if (copy_line() == SaveOutcome::refused)
                 return SaveOutcome::refused;
         } while (more_lines_follow());
-        attempt([&] { files_.Close(list_number); });
+        attempt([&] { files_.Close(file_number::list); });
         if (!is_placed_)
             print_record();
-        attempt([&] { files_.Close(copy_number); });
+        attempt([&] { files_.Close(file_number::list_copy); });
         if (!has_lost_input_)
             attempt([&] { files_.Replace(copy_name, list_name); });
         return SaveOutcome::done;
@@ -47,7 +48,7 @@ class EditorCopy {
   private:
     SaveOutcome copy_line() {
         std::string line;
-        read([&] { line = files_.LineInput(list_number); });
+        attempt_reading([&] { line = files_.LineInput(file_number::list); });
         // No record has a blank title: with nothing selected no line is replaced.
         if (save_.replaced_title && !line.empty() && line == *save_.replaced_title) {
             place_record();
@@ -56,32 +57,34 @@ class EditorCopy {
                 return SaveOutcome::refused;
             place_record();
         } else {
-            attempt([&] { files_.Print(copy_number, line); });
+            attempt([&] { files_.Print(file_number::list_copy, line); });
         }
         return SaveOutcome::done;
     }
 
     void place_record() {
-        read([&] { files_.LineInput(list_number); });
+        attempt_reading([&] { files_.LineInput(file_number::list); });
         print_record();
         is_placed_ = true;
     }
 
     void print_record() {
-        attempt([&] { files_.Print(copy_number, save_.camera.title); });
-        attempt([&] { files_.Print(copy_number, save_.camera.url); });
+        attempt_each({
+            [&] { files_.Print(file_number::list_copy, save_.camera.title); },
+            [&] { files_.Print(file_number::list_copy, save_.camera.url); },
+        });
     }
 
     bool more_lines_follow() {
         bool follow = false;
-        read([&] { follow = !files_.EndOfFile(list_number); });
+        attempt_reading([&] { follow = !files_.EndOfFile(file_number::list); });
         return follow;
     }
 
     /// Drops a failing step, but remembers one that has cost a part of the old list: all but a
     /// list that is missing, and its end.
     template <class Step>
-    void read(Step step) {
+    void attempt_reading(Step step) {
         try {
             step();
         } catch (const Failure& failure) {
@@ -101,18 +104,18 @@ class EditorCopy {
 } // namespace
 
 void remove_cameras(NumberedFiles& files, const std::string& title) {
-    files.OpenForInput(list_number, list_name);
-    const FileCloser list_closer(files, list_number);
-    files.OpenForOutput(copy_number, copy_name);
-    const FileCloser copy_closer(files, copy_number);
+    files.OpenForInput(file_number::list, list_name);
+    const FileCloser list_closer(files, file_number::list);
+    files.OpenForOutput(file_number::list_copy, copy_name);
+    const FileCloser copy_closer(files, file_number::list_copy);
     copy_without(files, title);
     files.CloseAll();
     files.Replace(copy_name, list_name);
 }
 
 SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
-    const FileCloser list_closer(files, list_number);
-    const FileCloser copy_closer(files, copy_number);
+    const FileCloser list_closer(files, file_number::list);
+    const FileCloser copy_closer(files, file_number::list_copy);
     return EditorCopy(files, save).run();
 }
 

@@ -1,6 +1,7 @@
 #include "catalogue/selector_lists.h"
 
 #include "catalogue/list_file.h"
+#include "file_numbers.h"
 #include "runtime/controls/lists.h"
 #include "runtime/failure.h"
 
@@ -10,16 +11,18 @@ namespace lookfar::catalogue {
 
 namespace {
 
-void read_titles(NumberedFiles& files, ListBox& titles) {
-    files.OpenForInput(list_number, list_name);
-    const FileCloser closer(files, list_number);
+/// A title counts before its URL is read: one on which the list ends can be seen here, and so be
+/// edited or removed. The reading at the start (`catalogue::read_at_start`) passes over it.
+void add_titles_as_they_come(NumberedFiles& files, ListBox& titles) {
+    files.OpenForInput(file_number::list, list_name);
+    const FileCloser closer(files, file_number::list);
     do {
-        const std::string title = files.LineInput(list_number);
+        const std::string title = files.LineInput(file_number::list);
         if (!title.empty()) {
             titles.AddItem(title);
-            files.LineInput(list_number);
+            files.LineInput(file_number::list);
         }
-    } while (!files.EndOfFile(list_number));
+    } while (!files.EndOfFile(file_number::list));
 }
 
 } // namespace
@@ -36,7 +39,7 @@ void refill(NumberedFiles& files, SelectorLists lists) {
     lists.main_selector.Clear();
     lists.fullscreen_selector.Clear();
     try {
-        read_titles(files, lists.titles);
+        add_titles_as_they_come(files, lists.titles);
     } catch (const Failure&) {
         if (lists.titles.ListCount() == 0)
             throw;

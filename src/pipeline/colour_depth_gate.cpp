@@ -1,6 +1,5 @@
 #include "acquisition/main_window.h"
 
-#include "pipeline/screen_colour_depth.h"
 #include "runtime/message_box.h"
 #include "runtime/numbers.h"
 
@@ -11,7 +10,7 @@ constexpr short true_colour = 32;
 }
 
 void MainWindow::warn_of_colour_depth() {
-    if (ScreenColourDepth(runtime.platform()) >= true_colour)
+    if (runtime.ScreenColourDepth() >= true_colour)
         return;
     runtime.MsgBox("Your actual color depth is less than 32bit. The Blur-Effect, which smoothers "
                    "the Skyglass picture, can't be applied and will be switched off.",

@@ -27,8 +27,10 @@ bool names_a_gif(std::string_view url) {
 void FullscreenWindow::Timer1_Timer() {
     if (Combo1.Text == Label1.Caption)
         return;
-    attempt([this] { Label8.Caption = "0"; });
-    attempt([this] { runtime.files().Kill(picture_path(runtime.platform().disk())); });
+    attempt_each({
+        [&] { Label8.Caption = "0"; },
+        [&] { runtime.files().Kill(picture_path(runtime)); },
+    });
 }
 
 void FullscreenWindow::Timer2_Timer() {
@@ -38,16 +40,19 @@ void FullscreenWindow::Timer2_Timer() {
 }
 
 void FullscreenWindow::Timer3_Timer() {
-    if (Timer2.Enabled) {
-        attempt([this] { Timer4.Enabled = false; });
-        attempt([this] { Image3.Visible = false; });
-        attempt([this] { TestBild.Visible = true; });
-        attempt([this] { Label8.Caption = "0"; });
-    } else {
-        attempt([this] { Timer4.Enabled = true; });
-        attempt([this] { Image3.Visible = true; });
-        attempt([this] { TestBild.Visible = false; });
-    }
+    if (Timer2.Enabled)
+        attempt_each({
+            [&] { Timer4.Enabled = false; },
+            [&] { Image3.Visible = false; },
+            [&] { TestBild.Visible = true; },
+            [&] { Label8.Caption = "0"; },
+        });
+    else
+        attempt_each({
+            [&] { Timer4.Enabled = true; },
+            [&] { Image3.Visible = true; },
+            [&] { TestBild.Visible = false; },
+        });
 }
 
 void FullscreenWindow::Timer4_Timer() {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <exception>
+#include <functional>
+#include <initializer_list>
 #include <string>
 #include <utility>
 
@@ -48,16 +50,20 @@ class Failure : public std::exception {
     std::string Description;
 };
 
-/// The trap that drops a failing statement, so that the next one runs. Gives back whether the
-/// statement went through. A trap that leads to a handler is a plain `try`.
+/// The trap that drops a failing statement, so that the next one runs. A trap that leads to a
+/// handler is a plain `try`.
 template <class Statement>
-bool attempt(Statement&& statement) {
+void attempt(Statement&& statement) {
     try {
         statement();
-        return true;
     } catch (const Failure&) {
-        return false;
     }
+}
+
+/// The same for statements that follow each other: each that fails is dropped.
+inline void attempt_each(std::initializer_list<std::function<void()>> statements) {
+    for (const auto& statement : statements)
+        attempt(statement);
 }
 
 } // namespace lookfar

@@ -58,8 +58,20 @@ PictureReference Runtime::LoadPicture(const std::string& path) {
     return decoder_.decode(read_whole_file(platform_.disk(), path));
 }
 
+std::string Runtime::CurrentDirectory() const {
+    return platform_.disk().current_directory();
+}
+
+void Runtime::OpenLink(const std::string& address) {
+    platform_.open_link(address);
+}
+
 Size Runtime::Screen() const {
     return platform_.screen().size;
+}
+
+short Runtime::ScreenColourDepth() const {
+    return platform_.screen().bits_per_pixel;
 }
 
 float Runtime::SecondsSinceMidnight() const {

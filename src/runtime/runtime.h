@@ -25,6 +25,7 @@ class Runtime {
     Runtime& operator=(const Runtime&) = delete;
     ~Runtime();
 
+    /// For windows and controls; handlers find what they need below.
     Platform& platform() { return platform_; }
     TimerQueue& timers() { return timers_; }
     NumberedFiles& files() { return files_; }
@@ -43,8 +44,17 @@ class Runtime {
     /// when the file can't be read or is no picture.
     PictureReference LoadPicture(const std::string& path);
 
+    /// The current directory's absolute path.
+    std::string CurrentDirectory() const;
+    /// Hands an address to the user's default program for its scheme; a failure is not noticed.
+    void OpenLink(const std::string& address);
+    /// The service that knows of dial-up connections; none on most platforms.
+    RemoteAccessService* remote_access() { return platform_.remote_access(); }
+
     /// In twips.
     Size Screen() const;
+    /// In bits per pixel.
+    short ScreenColourDepth() const;
     /// Seconds since local midnight, in single precision.
     float SecondsSinceMidnight() const;
     /// The time of day as hh:mm:ss, on a 24-hour clock.

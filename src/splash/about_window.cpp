@@ -24,12 +24,12 @@ AboutWindow::AboutWindow(Program& program)
 }
 
 void AboutWindow::Label6_Click() {
-    runtime.platform().open_link("http://" + Label6.Caption);
+    runtime.OpenLink("http://" + Label6.Caption);
     Label6.ForeColor = visited;
 }
 
 void AboutWindow::Label10_Click() {
-    runtime.platform().open_link("mailto:" + Label10.Caption);
+    runtime.OpenLink("mailto:" + Label10.Caption);
     Label10.ForeColor = visited;
 }
 

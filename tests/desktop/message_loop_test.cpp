@@ -32,7 +32,7 @@ class LoopForm : public Form {
     MenuItem Pick{*this, "&Pick"};
     MenuItem Rule{*this, "-"};
     MenuItem Other{*this, "&Other"};
-    lookfar::PopupMenu Menu{*this, "Menu", {&Other, &Rule, &Pick}};
+    lookfar::PopupMenu Menu{*this, {&Other, &Rule, &Pick}};
     int ticks = 0;
     int picks = 0;
 };

@@ -45,10 +45,14 @@ void CameraEditor::Command1_Click() {
         return;
     if (catalogue::save_camera(runtime.files(), what_is_saved()) == catalogue::SaveOutcome::refused)
         return;
-    attempt([this] { Hide(); });
-    attempt([this] { catalogue::refill(runtime.files(), Form3->selector_lists()); });
-    show_saved_camera();
-    attempt([this] { Form3->Show(); });
+    attempt_each({
+        [&] { Hide(); },
+        [&] { catalogue::refill(runtime.files(), Form3->selector_lists()); },
+        [&] { Form1->Combo1.ListIndex = 0; },
+        [&] { Form2->Combo1.ListIndex = 0; },
+        [&] { Form3->List1.Text = on_one_line(Text1.Text); },
+        [&] { Form3->Show(); },
+    });
 }
 
 catalogue::Save CameraEditor::what_is_saved() {
@@ -69,12 +73,6 @@ bool CameraEditor::may_overwrite() {
         return false;
     Hide();
     return true;
-}
-
-void CameraEditor::show_saved_camera() {
-    attempt([this] { Form1->Combo1.ListIndex = 0; });
-    attempt([this] { Form2->Combo1.ListIndex = 0; });
-    attempt([this] { Form3->List1.Text = on_one_line(Text1.Text); });
 }
 
 void CameraEditor::Command2_Click() {

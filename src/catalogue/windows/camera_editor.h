@@ -69,7 +69,6 @@ class CameraEditor : public Form {
 
     catalogue::Save what_is_saved();
     bool may_overwrite();
-    void show_saved_camera();
 
     Window<MainWindow>& Form1;
     Window<FullscreenWindow>& Form2;

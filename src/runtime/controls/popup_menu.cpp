@@ -9,7 +9,7 @@ namespace lookfar {
 MenuItem::MenuItem(Form& owner, std::string caption)
     : Element(owner.runtime), Caption(std::move(caption)) {}
 
-PopupMenu::PopupMenu(Form& owner, std::string caption, std::vector<MenuItem*> items)
-    : Element(owner.runtime), Caption(std::move(caption)), entries(std::move(items)) {}
+PopupMenu::PopupMenu(Form& owner, std::vector<MenuItem*> items)
+    : Element(owner.runtime), entries(std::move(items)) {}
 
 } // namespace lookfar

@@ -23,9 +23,8 @@ class MenuItem : public Element {
 /// A menu that is only shown as a popup (`Form::PopupMenu`).
 class PopupMenu : public Element {
   public:
-    PopupMenu(Form& owner, std::string caption, std::vector<MenuItem*> entries);
+    PopupMenu(Form& owner, std::vector<MenuItem*> entries);
 
-    const std::string Caption;
     const std::vector<MenuItem*> entries;
 };
 

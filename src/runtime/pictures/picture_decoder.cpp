@@ -55,8 +55,7 @@ QImage read_image(std::span<const std::uint8_t> bytes) {
     reader.setDecideFormatFromContent(true);
     refuse_format(reader.format());
     refuse_size(reader.size());
-    if (is_cut_short_jpeg(bytes))
-        refuse("The picture ends too early.");
+    refuse_cut_short_jpeg(bytes);
     if (has_too_many_scans(bytes))
         refuse("The picture is stored in too many scans.");
     QImage image = reader.read();
@@ -98,6 +97,11 @@ Pixels pixels_of(QImage image) {
 }
 
 } // namespace
+
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
+    if (is_cut_short_jpeg(bytes))
+        refuse("The picture ends too early.");
+}
 
 Pixels decode_pixels(std::span<const std::uint8_t> bytes) {
     if (starts_png(bytes))

@@ -18,6 +18,9 @@ inline constexpr long long largest_picture = 64LL * 1024 * 1024;
 /// allocated, for one of more than `largest_picture` pixels.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes);
 
+/// Throws a `Failure` for a JPEG that is cut short, as `decode_pixels` does.
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes);
+
 /// Decodes, and remembers the pixels of the last picture while some picture holds them, so that
 /// the same bytes, decoded again a moment later, yield a new picture object at no cost.
 class PictureDecoder {
