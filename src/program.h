@@ -19,8 +19,8 @@ class Program {
     explicit Program(Platform& platform, IdleTicks idle_ticks = IdleTicks::held_back);
     ~Program();
 
-    /// Opens the splash window, which loads the main window a second later. The message loop is
-    /// the platform's to run then.
+    /// Opens the splash window, which loads the main window a second later. From then on the
+    /// platform's message loop has to run.
     void start();
 
     Runtime runtime;

@@ -180,7 +180,7 @@ class MainWindow : public Form {
     std::string GetHTML(const std::string& WWW_Adresse);
 
     /// Asks the remote access service, where there is one, about the dial-up connections in force.
-    /// Its answers are not looked at: true in every case.
+    /// Gives true, whatever it answers.
     bool DFÜStatus();
 
   private:

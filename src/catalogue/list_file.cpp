@@ -43,8 +43,8 @@ Found read_list(NumberedFiles& files, const std::function<void(const std::string
     try {
         add_titles_of_whole_cameras(files, add_title, found);
     } catch (const Failure& failure) {
-        // Only the end of the file before the first line speaks of an empty list; a disk that
-        // can't be read must not have it replaced.
+        // Only the end of the file before the first line means that the list is empty. A list on a
+        // disk that can't be read must not be replaced.
         if (failure.Kind != FailureKind::past_end_of_file)
             return Found::lines;
     }

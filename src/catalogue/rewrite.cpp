@@ -81,8 +81,8 @@ class EditorCopy {
         return follow;
     }
 
-    /// Drops a failing step, but remembers one that has cost a part of the old list: all but a
-    /// list that is missing, and its end.
+    /// Drops a failing step, but remembers that a part of the old list is lost with it. Nothing is
+    /// lost where the list is missing or at its end.
     template <class Step>
     void attempt_reading(Step step) {
         try {

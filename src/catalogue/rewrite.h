@@ -21,9 +21,9 @@ void remove_cameras(NumberedFiles& files, const std::string& title);
 /// What an editor saves.
 struct Save {
     Camera camera;
-    /// The title whose records the camera replaces, in place; nothing to add the camera.
+    /// The title whose records the camera replaces, in place. Without one the camera is added.
     std::optional<std::string> replaced_title;
-    /// Asked once when a camera is added under a title that exists: whether to overwrite it.
+    /// Asked at most once, when a camera is added under a title that exists: may it be overwritten?
     std::function<bool()> may_overwrite;
 };
 

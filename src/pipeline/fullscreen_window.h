@@ -158,7 +158,7 @@ class FullscreenWindow : public Form {
 
     // The control panel.
 
-    /// Each puts the panel into a state, its geometry included; harmless on one that is in it.
+    /// Both lay the panel out anew, whatever state it was in.
     void open_panel();
     void close_panel();
 

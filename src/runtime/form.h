@@ -44,8 +44,8 @@ class Form : public Element, public MouseEvents {
     /// Makes the window visible and brings it before the others; returns at once.
     void Show();
     void Hide();
-    /// Shows a menu at the pointer, the default entry, if any, set off; in the middle of the window
-    /// while the pointer is elsewhere.
+    /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere.
+    /// The default entry, if there is one, is set off.
     void PopupMenu(lookfar::PopupMenu& menu, const MenuItem* default_entry = nullptr);
 
     /// The user or the window manager asks for the window to close: raises `QueryUnload`, and
@@ -93,8 +93,8 @@ class Form : public Element, public MouseEvents {
     void add(Control& control) { controls_.push_back(&control); }
     void remove(Control& control);
     void raise_first_resize();
-    /// Loads or unloads: the timers run in between. They start back to front, as the window is
-    /// built up on the screen, so that on ties the one further back ticks first.
+    /// The timers run from the loading of the window to its unloading. They start back to front, as
+    /// the window is built up on the screen, so that on ties the one further back ticks first.
     void start_timers();
     void stop_timers();
 
@@ -102,7 +102,7 @@ class Form : public Element, public MouseEvents {
     std::vector<Timer*> timers_;
     bool runs_timers_ = false;
     bool was_displayed_ = false;
-    /// Set by the `Window` that holds this instance; lets it go.
+    /// Makes the `Window` that holds this instance let it go.
     std::function<void()> release_;
 };
 

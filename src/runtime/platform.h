@@ -42,8 +42,8 @@ class Platform {
     virtual std::chrono::milliseconds time_of_day() const = 0;
     /// Sets what `wake_at` calls.
     virtual void set_wake_handler(std::function<void()> handler) = 0;
-    /// Calls the wake handler once, from the message loop, as soon as the instant has come;
-    /// replaces the instant set before. Nothing is called for an empty one.
+    /// Calls the wake handler once, from the message loop, as soon as the instant has come. This
+    /// replaces the instant that was set before; without an instant nothing is called.
     virtual void wake_at(std::optional<Instant> instant) = 0;
 
     // Waiting.
@@ -52,9 +52,9 @@ class Platform {
     virtual void run() = 0;
     /// Delivers the events that are there, and returns.
     virtual void deliver_pending() = 0;
-    /// Runs the message loop until `done` says true, asked after every event.
+    /// Runs the message loop until `done`, which is asked after every event, gives true.
     virtual void wait_until(const std::function<bool()>& done) = 0;
-    /// Has `work` called from the message loop. May be called on any thread.
+    /// Calls `work` later, from the message loop. May be called on any thread.
     virtual void post(std::function<void()> work) = 0;
     /// Ends the program on the spot: no handler runs after it.
     [[noreturn]] virtual void end() = 0;
@@ -78,7 +78,7 @@ class Platform {
     virtual MessageBoxAnswer ask(const MessageBox& box) = 0;
     /// A property of the element has changed; shown at the next opportunity.
     virtual void changed(Element& element) = 0;
-    /// The element is about to go; nothing may refer to it any more.
+    /// The element is about to be destroyed; nothing may refer to it any more.
     virtual void forget(Element& element) = 0;
     /// Puts a visible window before the others.
     virtual void bring_forward(Form& form) = 0;

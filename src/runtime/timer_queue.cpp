@@ -53,7 +53,7 @@ bool TimerQueue::is_held(const Entry& entry) const {
            entry.changes_at_last_tick == changes_;
 }
 
-/// Lets the ticks that were held back be due now, as if they had come all the while.
+/// Makes the ticks that were held back due now, as if they had come all the while.
 void TimerQueue::release_held() {
     const Instant now = now_();
     for (Entry& entry : entries_)

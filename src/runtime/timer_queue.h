@@ -74,7 +74,7 @@ class TimerQueue {
     IdleTicks idle_ticks_;
     std::vector<Entry> entries_;
     std::optional<Instant> armed_;
-    /// Whether the platform's wake-up still stands as `armed_` says; a wake-up spends it.
+    /// Whether the platform has a wake-up set for `armed_`. A wake-up that comes is used up.
     bool wake_up_is_set_ = false;
     std::uint64_t order_ = 0;
     std::uint64_t changes_ = 0;

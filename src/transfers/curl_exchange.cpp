@@ -20,7 +20,7 @@ Failure body_too_large() {
     return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
 }
 
-/// The number is the one with which the library ends a single line that is too long for it.
+/// The library ends a transfer with the same number where a single header line is too long for it.
 Failure header_too_large() {
     return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
 }

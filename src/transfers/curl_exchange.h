@@ -13,7 +13,7 @@
 
 namespace lookfar {
 
-/// What the main thread and the worker know in common of one transfer.
+/// What the main thread and the worker share of one transfer.
 struct TransferTicket {
     TransferRequest request;
     /// Touched on the main thread only; empty once the transfer is reported or abandoned.

@@ -11,7 +11,8 @@ namespace lookfar {
 /// The library's own number and text.
 Failure failure_of(CURLcode code);
 
-/// Holds the library started. The library counts how often, so that each owner holds its own.
+/// Keeps the library started while it lives. The library counts its starts, so every user of it may
+/// have one of these.
 class CurlLibrary {
   public:
     CurlLibrary();

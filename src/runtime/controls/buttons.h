@@ -47,7 +47,7 @@ struct CheckBoxDesign {
 };
 
 /// A box whose `Value` is 1 when it is ticked and 0 when it is not. A change of the value raises
-/// `Click`, by whomever it is made.
+/// `Click`, whether the user makes it or a handler.
 class CheckBox : public BoxControl {
   public:
     CheckBox(Form& owner, const CheckBoxDesign& design);

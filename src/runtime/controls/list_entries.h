@@ -6,8 +6,8 @@
 
 namespace lookfar {
 
-/// The entries of a list control, at most 32,767, in the order of their adding or sorted
-/// without regard to case; entries that sort alike keep the order of their adding.
+/// The entries of a list control, at most 32,767, sorted without regard to case or in
+/// the order in which they were added. Entries that sort alike keep that order too.
 class ListEntries {
   public:
     explicit ListEntries(bool sorted) : sorted_(sorted) {}

@@ -23,7 +23,7 @@ class ListControl : public BoxControl {
     std::string List(short index) const;
     short ListCount() const;
 
-    /// Moves whenever the entries change.
+    /// Rises whenever the entries change.
     std::uint64_t entries_revision() const { return entries_revision_; }
 
     /// The selected entry, -1 for none. Indices without an entry are refused.
@@ -32,7 +32,7 @@ class ListControl : public BoxControl {
     /// that text, and is refused where there is none.
     DerivedProperty<std::string> Text;
 
-    /// The selection has changed, by whomever it was made.
+    /// The user or a handler has changed the selection.
     Event<> Click;
 
   private:

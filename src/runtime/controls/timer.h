@@ -26,10 +26,10 @@ class Timer : public Element {
     Timer& operator=(const Timer&) = delete;
     ~Timer() override;
 
-    /// A write of the value that it has does not restart the count.
+    /// Writing the present value again does not restart the count.
     Property<bool> Enabled;
     /// Milliseconds from 0 to 65535; anything else is refused. Every write restarts the count,
-    /// that of the same value too. Nothing ticks at 0.
+    /// even of the present value. At 0 nothing ticks.
     DerivedProperty<long> Interval;
 
     Event<> Tick;

@@ -22,8 +22,7 @@ enum class OpenMode {
     overwrite,
 };
 
-/// An open file. Closes when it goes; every operation throws a `Failure` with the operating
-/// system's number.
+/// An open file, closed by its destruction. Every operation throws a `disk_failure` where it fails.
 class DiskFile {
   public:
     virtual ~DiskFile() = default;

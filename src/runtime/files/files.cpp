@@ -122,7 +122,7 @@ void NumberedFiles::open(int number, const std::string& path, OpenMode mode) {
         OpenFile{.path = path, .mode = mode, .file = disk_.open(path, mode)});
 }
 
-/// Has the next byte in the buffer; false at the end of the file.
+/// Reads on where all bytes of the buffer are delivered. Gives false at the end of the file.
 bool NumberedFiles::fill(OpenFile& file) {
     if (file.position < file.buffer.size())
         return true;

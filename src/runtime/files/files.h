@@ -19,9 +19,9 @@ namespace lookfar {
 /// Lines are bytes. A read ends a line at CR or CR LF and delivers it without; a lone LF does
 /// not end a line; a last line needs no line end. Lines are written with CR LF.
 ///
-/// From its opening for lines on, a file counts as incomplete until it is closed with all its
-/// lines on the disk; `Replace` refuses it as long. So a failure on the way, even one that was
-/// dropped, keeps a half-written copy from taking the place of the whole one.
+/// A file that was opened for writing lines counts as incomplete until it is closed with all its
+/// lines on the disk, and `Replace` refuses an incomplete file. So a half-written copy never takes
+/// the place of a whole file, even where the failure that cut it short was dropped.
 class NumberedFiles {
   public:
     explicit NumberedFiles(Disk& disk);
@@ -39,8 +39,8 @@ class NumberedFiles {
     void Print(int number, std::string_view line);
     void Put(int number, std::span<const std::uint8_t> bytes);
 
-    /// What was written as lines is on the disk afterwards. A number that is not open is left
-    /// alone.
+    /// All lines that were written are on the disk afterwards. Closing a number that is not open
+    /// does nothing.
     void Close(int number);
     void CloseAll();
 
@@ -62,7 +62,7 @@ class NumberedFiles {
     std::set<std::string> incomplete_;
 };
 
-/// Closes a file number when it goes, so that a pass which fails leaves nothing open.
+/// Closes a file number at the end of its life, so that a pass which fails leaves nothing open.
 class FileCloser {
   public:
     FileCloser(NumberedFiles& files, int number) : files_(files), number_(number) {}

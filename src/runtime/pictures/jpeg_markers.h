@@ -5,8 +5,8 @@
 
 namespace lookfar {
 
-/// Whether the bytes start a JPEG picture and don't hold it up to its end marker. Decoders fill
-/// up such a picture and call it whole.
+/// Whether the bytes are a JPEG picture that breaks off before its end marker. Decoders make up the
+/// part that is missing and report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
 /// The most scans that a JPEG may be stored in. Ten are usual for a picture that comes clearer

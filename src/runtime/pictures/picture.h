@@ -36,7 +36,7 @@ class Picture {
     /// width() * height() bytes, or none for a picture that is opaque everywhere.
     std::span<const std::uint8_t> opacity() const;
 
-    /// The bytes for changing in place; moves the revision.
+    /// The bytes, to be changed in place. Moves the revision.
     std::span<std::uint8_t> edit();
 
     /// Moves with every edit, so that a view knows when to paint again.

@@ -78,7 +78,7 @@ std::shared_ptr<std::uint8_t[]> opacity_of(const QImage& image) {
     return opacity;
 }
 
-/// The image's own bytes, kept alive by the pointer that leads to them.
+/// The image's own bytes. The pointer to them keeps the image alive.
 std::shared_ptr<std::uint8_t[]> share_bytes(QImage image) {
     auto owner = std::make_shared<QImage>(std::move(image));
     return {owner, owner->bits()};
