@@ -50,7 +50,7 @@ std::string longest_metadata_segment() {
 Answer small_picture() {
     constexpr QSize size(160, 120);
     const Moment noon{QDateTime(QDate(2001, 6, 21), QTime(12, 0)), 0};
-    return picture_answer(draw_lighthouse(size, noon), PictureFormat::jpeg);
+    return picture_answer(picture_of(paint_harbour, size, noon), PictureFormat::jpeg);
 }
 
 Answer huge_picture() {

@@ -2,44 +2,46 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <iterator>
 
 namespace lookfar::demo {
+
 namespace {
 
-struct LightAtHour {
-    double hour;
+struct Step {
+    double hours_of_sun; ///< Since sunrise or until sunset, whichever is nearer; below 0 by night.
     QRgb zenith;
     QRgb horizon;
     QRgb ambient;
     double darkness;
 };
 
-constexpr std::array hours_of_the_day{
-    LightAtHour{0.0, 0x070B1E, 0x1A2848, 0x3A4468, 1.00},
-    LightAtHour{4.5, 0x0A1028, 0x22304F, 0x3C4669, 1.00},
-    LightAtHour{5.6, 0x232C5C, 0x8A5A78, 0x5F587C, 0.85},
-    LightAtHour{6.4, 0x42609F, 0xF4A583, 0xB49494, 0.45},
-    LightAtHour{7.6, 0x4F8FD0, 0xF7DCB4, 0xF0DCC8, 0.00},
-    LightAtHour{10.0, 0x3A86D6, 0xCFE7F7, 0xFFFFFF, 0.00},
-    LightAtHour{16.0, 0x3A80CF, 0xD9E8F0, 0xFFFDF5, 0.00},
-    LightAtHour{18.5, 0x4A78B8, 0xF6CF96, 0xF5D3A8, 0.00},
-    LightAtHour{19.7, 0x3B4A86, 0xF58A4B, 0xB8846F, 0.40},
-    LightAtHour{20.7, 0x1F2556, 0xB8566A, 0x685A80, 0.80},
-    LightAtHour{22.0, 0x0A1028, 0x20304F, 0x3C4669, 1.00},
-    LightAtHour{24.0, 0x070B1E, 0x1A2848, 0x3A4468, 1.00},
+constexpr std::array steps{
+    Step{-2.0, 0x080C20, 0x1E2C4C, 0x3A4468, 1.00}, Step{-0.6, 0x1F2658, 0xA6586C, 0x625A7E, 0.83},
+    Step{+0.3, 0x3F5593, 0xF59868, 0xB68C82, 0.42}, Step{+1.6, 0x4D84C4, 0xF7D6A6, 0xF2D8B8, 0.00},
+    Step{+4.0, 0x3A84D4, 0xD2E8F5, 0xFFFFFC, 0.00},
 };
+
+double hours_of_sun(const Moment& moment) {
+    const double hour = hour_of(moment);
+    return std::clamp(std::min(hour - sunrise, sunset - hour), steps.front().hours_of_sun,
+                      steps.back().hours_of_sun);
+}
 
 } // namespace
 
 Light light_at(const Moment& moment) {
-    const double hour = hour_of(moment);
-    const auto after = std::ranges::upper_bound(hours_of_the_day, hour, {}, &LightAtHour::hour);
-    const auto before = after - 1;
-    const double share = (hour - before->hour) / (after->hour - before->hour);
-    return {mixed(QColor(before->zenith), QColor(after->zenith), share),
-            mixed(QColor(before->horizon), QColor(after->horizon), share),
-            mixed(QColor(before->ambient), QColor(after->ambient), share),
-            before->darkness + (after->darkness - before->darkness) * share};
+    const double hours = hours_of_sun(moment);
+    const auto* const after =
+        std::ranges::lower_bound(steps.begin() + 1, steps.end(), hours, {}, &Step::hours_of_sun);
+    const auto* const before = std::prev(after);
+    const double share =
+        (hours - before->hours_of_sun) / (after->hours_of_sun - before->hours_of_sun);
+    return {mixed(before->zenith, after->zenith, share),
+            mixed(before->horizon, after->horizon, share),
+            mixed(before->ambient, after->ambient, share),
+            std::lerp(before->darkness, after->darkness, share)};
 }
 
 QColor lit(const QColor& surface, const Light& light) {
@@ -49,11 +51,10 @@ QColor lit(const QColor& surface, const Light& light) {
 }
 
 QColor mixed(const QColor& first, const QColor& second, double share) {
-    const auto mix = [share](float from, float to) {
-        return from + (to - from) * static_cast<float>(share);
-    };
-    return QColor::fromRgbF(mix(first.redF(), second.redF()), mix(first.greenF(), second.greenF()),
-                            mix(first.blueF(), second.blueF()));
+    const auto part = static_cast<float>(share);
+    return QColor::fromRgbF(std::lerp(first.redF(), second.redF(), part),
+                            std::lerp(first.greenF(), second.greenF(), part),
+                            std::lerp(first.blueF(), second.blueF(), part), first.alphaF());
 }
 
 QColor translucent(const QColor& colour, double opacity) {

@@ -1,9 +1,16 @@
 #include "demo/moment.h"
 
 #include <cmath>
-#include <cstdint>
 
 namespace lookfar::demo {
+
+namespace {
+
+double fraction(double number) {
+    return number - std::floor(number);
+}
+
+} // namespace
 
 double hour_of(const Moment& moment) {
     constexpr double milliseconds_per_hour = 3'600'000.0;
@@ -11,16 +18,11 @@ double hour_of(const Moment& moment) {
 }
 
 double progress(const Moment& moment, double frames_per_round, double start) {
-    const double rounds = moment.frame / frames_per_round + start;
-    return rounds - std::floor(rounds);
+    return fraction(moment.frame / frames_per_round + start);
 }
 
 double scattered(unsigned seed, unsigned index) {
-    std::uint32_t bits = seed * 0x9E3779B1U + index * 0x85EBCA77U + 0x165667B1U;
-    bits = (bits ^ (bits >> 15)) * 0x2C1B3C6DU;
-    bits = (bits ^ (bits >> 12)) * 0x297A2D39U;
-    bits ^= bits >> 15;
-    return bits / 4294967296.0;
+    return fraction(std::sin(seed * 12.9898 + index * 78.233) * 43758.5453);
 }
 
 } // namespace lookfar::demo

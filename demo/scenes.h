@@ -1,24 +1,21 @@
 #pragma once
 
-#include "demo/moment.h"
+#include "demo/stage.h"
 
-#include <QImage>
-#include <QSize>
+#include <QString>
 
 namespace lookfar::demo {
 
-/// A scene draws what a camera sees at a moment, in any size. The same moment gives the same
-/// picture; the next frame shows boats, cars and clouds further on. Scenes may be drawn on any
-/// thread and need no application object.
-using Scene = QImage (*)(QSize size, const Moment& moment);
+/// A scene paints what a camera sees. The next frame shows boats, people and clouds further on.
+/// Scenes may be painted on any thread and need no application object.
+using Scene = void (*)(Stage& stage);
 
-QImage draw_harbour(QSize size, const Moment& moment);
-QImage draw_tower(QSize size, const Moment& moment);
-QImage draw_mountain(QSize size, const Moment& moment);
-QImage draw_street(QSize size, const Moment& moment);
-QImage draw_lighthouse(QSize size, const Moment& moment);
-QImage draw_airport(QSize size, const Moment& moment);
-QImage draw_bridge(QSize size, const Moment& moment);
+void paint_harbour(Stage& stage);
+void paint_lighthouse(Stage& stage);
+void paint_mountain(Stage& stage);
+
+/// The scene in any size. The same moment gives the same picture.
+QImage picture_of(Scene scene, QSize size, const Moment& moment);
 
 /// Writes date and time into the lower left corner, and the camera's title before them. Fonts
 /// need a QGuiApplication; on a machine without a display choose its "offscreen" platform.

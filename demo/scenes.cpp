@@ -1,10 +1,15 @@
 #include "demo/scenes.h"
 
 #include <QFont>
-#include <QPainter>
 #include <algorithm>
 
 namespace lookfar::demo {
+
+QImage picture_of(Scene scene, QSize size, const Moment& moment) {
+    Stage stage(size, moment);
+    scene(stage);
+    return stage.take_picture();
+}
 
 void stamp(QImage& picture, const QString& title, const Moment& moment) {
     const QString text = title + "  " + moment.time.toString("yyyy-MM-dd HH:mm:ss");
