@@ -1,13 +1,10 @@
 #pragma once
 
 #include "demo/connection.h"
-#include "demo/http.h"
-#include "demo/socket.h"
 
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <list>
 #include <map>
 #include <mutex>
@@ -21,8 +18,8 @@ namespace lookfar::demo {
 ///
 /// It serves from construction to destruction, with one thread a connection; connections are kept
 /// open as the protocol has it. Destruction closes every connection at once, even in the middle
-/// of an answer. An unknown path gets status 404, another method than GET 405, a responder that
-/// throws 500. All functions may be called from any thread.
+/// of an answer. An unknown path gets status 404; a responder that throws ends its connection. All
+/// functions may be called from any thread.
 class CameraServer {
   public:
     /// Port 0 takes a free one. Throws std::system_error when the port is not to be had.
@@ -38,26 +35,26 @@ class CameraServer {
 
     /// Answers requests for the path, whatever their query, from now on; replaces an earlier
     /// responder.
-    void answer(std::string path, Responder responder);
+    void answer(const std::string& path, Responder responder);
 
     /// The number of well-formed requests so far, those for unknown paths included.
     std::size_t requests() const;
-    std::size_t requests(std::string_view path) const;
+    std::size_t requests(const std::string& path) const;
 
     /// The number of connections accepted so far.
     std::size_t connections() const { return connections_; }
 
   private:
     struct Client {
+        explicit Client(int descriptor) : socket(descriptor) {}
+
         Socket socket;
-        std::atomic<bool> finished = false;
+        std::atomic<bool> is_finished = false;
         std::jthread thread;
     };
 
     void accept_clients(const std::stop_token& stop);
-    void start_client(Socket socket);
     void serve(Client& client);
-    Reply reply_to(const Request& request);
     Responder count_and_find(const Request& request);
 
     Socket listener_;
@@ -65,8 +62,8 @@ class CameraServer {
     std::atomic<std::size_t> connections_ = 0;
 
     mutable std::mutex mutex_; ///< Guards the two maps.
-    std::map<std::string, Responder, std::less<>> responders_;
-    std::map<std::string, std::size_t, std::less<>> request_counts_;
+    std::map<std::string, Responder> responders_;
+    std::map<std::string, std::size_t> request_counts_;
 
     std::list<Client> clients_; ///< Only the acceptor touches it, and the destructor after that.
     std::jthread acceptor_;

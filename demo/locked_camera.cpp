@@ -40,7 +40,7 @@ std::string_view field(std::string_view header, const std::string& name) {
 std::string expected_digest(const Account& account, const Request& request) {
     const std::string secret =
         md5(account.user + ":" + std::string(realm) + ":" + account.password);
-    const std::string question = md5(request.method + ":" + request.path);
+    const std::string question = md5("GET:" + request.path);
     return md5(secret + ":" + std::string(nonce) + ":" + question);
 }
 
@@ -56,7 +56,7 @@ Responder locked_by_basic(Answer inside, const Account& account) {
 
 Responder locked_by_digest(Answer inside, Account account) {
     return [inside = std::move(inside), account = std::move(account)](const Request& request) {
-        const std::string_view key = request.header("Authorization").value_or("");
+        const std::string key = request.header("Authorization").value_or("");
         const bool is_open = field(key, "username") == account.user &&
                              field(key, "response") == expected_digest(account, request);
         return is_open ? inside

@@ -40,18 +40,18 @@ Answer empty_picture() {
 } // namespace
 
 Responder stall() {
-    return raw([](ReplyStream& stream) { stream.wait_until_closed(); });
+    return raw([](const Socket& socket) { socket.wait_until_closed(); });
 }
 
 Responder cut_short(Answer whole) {
-    return raw([whole = std::move(whole)](ReplyStream& stream) {
-        stream.write(head_of(whole, false) + whole.body.substr(0, whole.body.size() / 2));
+    return raw([whole = std::move(whole)](const Socket& socket) {
+        socket.write(head_of(whole, false) + whole.body.substr(0, whole.body.size() / 2));
     });
 }
 
 Responder wrong_length(Answer whole, std::size_t announced) {
-    return raw([whole = std::move(whole), announced](ReplyStream& stream) {
-        stream.write("HTTP/1.1 200 OK\r\nContent-Type: " + whole.content_type +
+    return raw([whole = std::move(whole), announced](const Socket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Type: " + whole.content_type +
                      "\r\nContent-Length: " + std::to_string(announced) + "\r\n\r\n" + whole.body);
     });
 }
@@ -63,21 +63,21 @@ Responder redirect_to(std::string location) {
 }
 
 Responder endless() {
-    return raw([](ReplyStream& stream) {
+    return raw([](const Socket& socket) {
         const std::string piece = small_picture().body;
-        bool received = stream.write("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\n"
+        bool received = socket.write("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\n"
                                      "Connection: close\r\n\r\n");
         while (received) {
-            received = stream.write(piece);
+            received = socket.write(piece);
         }
     });
 }
 
 Responder drip(Answer whole, std::chrono::milliseconds interval) {
-    return raw([whole = std::move(whole), interval](ReplyStream& stream) {
-        stream.write(head_of(whole, false));
+    return raw([whole = std::move(whole), interval](const Socket& socket) {
+        socket.write(head_of(whole, false));
         for (const char& byte : whole.body) {
-            if (!stream.wait(interval) || !stream.write({&byte, 1})) {
+            if (!socket.wait(interval) || !socket.write({&byte, 1})) {
                 return;
             }
         }
@@ -92,27 +92,28 @@ Responder redirect_chain(int length, std::string end) {
 }
 
 Responder huge_head(Answer whole, std::size_t line_length, int line_count) {
-    return raw([whole = std::move(whole), line_length, line_count](ReplyStream& stream) {
+    return raw([whole = std::move(whole), line_length, line_count](const Socket& socket) {
         const std::string line = "\r\nX-Camera: " + std::string(line_length, 'a');
-        stream.write("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(whole.body.size()));
-        for (int count = 0; count < line_count && stream.write(line); ++count) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(whole.body.size()));
+        for (int count = 0; count < line_count && socket.write(line); ++count) {
         }
-        stream.write("\r\n\r\n" + whole.body);
+        socket.write("\r\n\r\n" + whole.body);
     });
 }
 
 Responder broken_promise(Answer whole) {
-    return raw([whole = std::move(whole)](ReplyStream& stream) {
-        stream.write(head_of(whole, true) + whole.body);
+    return raw([whole = std::move(whole)](const Socket& socket) {
+        socket.write(head_of(whole, true) + whole.body);
     });
 }
 
 Responder hang_up() {
-    return raw([](ReplyStream&) {});
+    return raw([](const Socket&) {});
 }
 
 Responder not_http() {
-    return raw([](ReplyStream& stream) { stream.write("220 ready when you are\r\n\x01\x02\x03"); });
+    return raw(
+        [](const Socket& socket) { socket.write("220 ready when you are\r\n\x01\x02\x03"); });
 }
 
 namespace {

@@ -19,7 +19,7 @@ class Misbehaviour : public testing::Test {
   protected:
     Misbehaviour() { install_misbehaviour(server_, std::chrono::milliseconds(0)); }
 
-    std::string get(std::string_view path) { return get_once(server_.port(), path); }
+    std::string get(const std::string& path) { return demo::get(server_.port(), path); }
 
     static std::size_t announced_length(const std::string& answer) {
         const std::string name = "Content-Length: ";
@@ -102,10 +102,9 @@ TEST_F(Misbehaviour, SendsWhatIsNoPictureAtAll) {
 }
 
 TEST_F(Misbehaviour, NeverEndsABody) {
-    RawClient client(server_.port());
-    client.send_text("GET /endless HTTP/1.1\r\n\r\n");
+    const RawClient client(server_.port(), "GET /endless HTTP/1.1\r\n\r\n");
     const std::string received = client.receive(2'000'000);
-    EXPECT_EQ(received.size(), 2'000'000U);
+    EXPECT_GE(received.size(), 2'000'000U);
     EXPECT_EQ(received.find("Content-Length"), std::string::npos);
 }
 

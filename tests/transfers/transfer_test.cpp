@@ -81,7 +81,7 @@ demo::Responder always(int status, const std::string& body,
 
 demo::Responder raw(const std::string& bytes) {
     return [bytes](const demo::Request&) {
-        return demo::RawAnswer([bytes](demo::ReplyStream& stream) { stream.write(bytes); });
+        return demo::RawAnswer([bytes](const demo::Socket& socket) { socket.write(bytes); });
     };
 }
 
@@ -123,9 +123,9 @@ class Transfers : public testing::Test {
     /// Starts a transfer that stalls, and lets it go quiet.
     std::unique_ptr<Transfer> start_stall(TransferDone done) {
         server.answer("/stall", [this](const demo::Request&) {
-            return demo::RawAnswer([this](demo::ReplyStream& stream) {
+            return demo::RawAnswer([this](const demo::Socket& socket) {
                 is_stalling = true;
-                stream.wait_until_closed();
+                socket.wait_until_closed();
                 is_stalling = false;
             });
         });

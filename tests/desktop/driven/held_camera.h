@@ -16,10 +16,10 @@ class HeldCamera {
 
     demo::Responder responder() const {
         return [answer = answer_, is_let_go = is_let_go_](const demo::Request&) -> demo::Reply {
-            return [answer, is_let_go](demo::ReplyStream& stream) {
-                while (!*is_let_go && stream.wait(std::chrono::milliseconds(10))) {
+            return [answer, is_let_go](const demo::Socket& socket) {
+                while (!*is_let_go && socket.wait(std::chrono::milliseconds(10))) {
                 }
-                stream.write(demo::head_of(answer, false) + answer.body);
+                socket.write(demo::head_of(answer, false) + answer.body);
             };
         };
     }
