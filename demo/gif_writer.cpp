@@ -3,6 +3,7 @@
 #include <gif_lib.h>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <stdexcept>
 
@@ -15,7 +16,6 @@ struct FileEnd {
 };
 
 using Gif = std::unique_ptr<GifFileType, FileEnd>;
-using Palette = std::unique_ptr<ColorMapObject, decltype(&GifFreeMapObject)>;
 
 int append(GifFileType* gif, const GifByteType* bytes, int count) {
     auto& file = *static_cast<std::string*>(gif->UserData);
@@ -33,20 +33,14 @@ GifColorType gif_colour(QRgb colour) {
             static_cast<GifByteType>(qBlue(colour))};
 }
 
-Palette palette_of(const QImage& indexed) {
-    constexpr int colour_count = 256;
-    Palette palette(GifMakeMapObject(colour_count, nullptr), GifFreeMapObject);
-    check(palette != nullptr);
-    std::ranges::transform(indexed.colorTable(), palette->Colors, gif_colour);
-    return palette;
-}
-
 void write(GifFileType* gif, QImage indexed) {
-    constexpr int bits_per_colour = 8;
+    constexpr int bits = 8;
+    std::array<GifColorType, 1 << bits> colours{};
+    std::ranges::transform(indexed.colorTable(), colours.begin(), gif_colour);
+    const ColorMapObject palette{colours.size(), bits, false, colours.data()};
     const int width = indexed.width();
     const int height = indexed.height();
-    const Palette palette = palette_of(indexed);
-    check(EGifPutScreenDesc(gif, width, height, bits_per_colour, 0, palette.get()) == GIF_OK);
+    check(EGifPutScreenDesc(gif, width, height, bits, 0, &palette) == GIF_OK);
     check(EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr) == GIF_OK);
     for (int row = 0; row < height; ++row)
         check(EGifPutLine(gif, indexed.scanLine(row), width) == GIF_OK);

@@ -1,34 +1,24 @@
 #include "demo/hostile_pictures.h"
 
-#include "demo/gif_writer.h"
 #include "demo/picture_answer.h"
 #include "demo/scenes.h"
 
 #include <QBuffer>
+#include <QByteArray>
 #include <QImageWriter>
 
-#include <stdexcept>
-#include <string_view>
-
 namespace lookfar::demo {
+
 namespace {
 
-unsigned byte_at(std::string_view bytes, std::size_t position) {
-    return static_cast<unsigned char>(bytes.at(position));
+constexpr QSize small(160, 120);
+
+std::string repeated(const std::string& piece, int count) {
+    return QByteArray::fromStdString(piece).repeated(count).toStdString();
 }
 
-/// Where the baseline frame header of a JPEG starts: segments lead from one to the next.
-std::size_t find_frame_header(std::string_view jpeg) {
-    constexpr unsigned baseline_frame = 0xC0;
-    constexpr unsigned start_of_scan = 0xDA;
-    std::size_t position = 2;
-    while (byte_at(jpeg, position + 1) != baseline_frame) {
-        if (byte_at(jpeg, position + 1) == start_of_scan) {
-            throw std::logic_error("a JPEG without a baseline frame header");
-        }
-        position += 2 + byte_at(jpeg, position + 2) * 256 + byte_at(jpeg, position + 3);
-    }
-    return position;
+QImage small_image() {
+    return picture_of(paint_harbour, small, {QDateTime(QDate(2001, 6, 21), QTime(12, 0)), 0});
 }
 
 QImage plain_image(QSize size) {
@@ -37,20 +27,10 @@ QImage plain_image(QSize size) {
     return image;
 }
 
-/// A segment of application data, as long as one can be.
-std::string longest_metadata_segment() {
-    constexpr std::size_t content_length = 0xFFFF - 2;
-    std::string content("Exif\0\0MM\0*", 10);
-    content.resize(content_length, '\0');
-    return "\xFF\xE1\xFF\xFF" + content;
-}
-
 } // namespace
 
 Answer small_picture() {
-    constexpr QSize size(160, 120);
-    const Moment noon{QDateTime(QDate(2001, 6, 21), QTime(12, 0)), 0};
-    return picture_answer(picture_of(paint_harbour, size, noon), PictureFormat::jpeg);
+    return picture_answer(small_image(), PictureFormat::jpeg);
 }
 
 Answer huge_picture() {
@@ -58,7 +38,7 @@ Answer huge_picture() {
     constexpr std::size_t height_offset = 5;
     constexpr std::string_view claimed_size = "\xEA\x60\xEA\x60";
     Answer answer = small_picture();
-    answer.body.replace(find_frame_header(answer.body) + height_offset, claimed_size.size(),
+    answer.body.replace(answer.body.find("\xFF\xC0") + height_offset, claimed_size.size(),
                         claimed_size);
     return answer;
 }
@@ -75,45 +55,65 @@ Answer plain_picture(QSize size) {
 
 Answer picture_with_large_metadata() {
     constexpr std::size_t after_start_marker = 2;
-    constexpr int segment_count = 160;
-    std::string metadata;
-    for (int count = 0; count < segment_count; ++count) {
-        metadata += longest_metadata_segment();
-    }
+    constexpr std::size_t longest_segment = 2 + 0xFFFF;
+    std::string segment("\xFF\xE1\xFF\xFF"
+                        "Exif\0\0MM\0*",
+                        14);
+    segment.resize(longest_segment, '\0');
     Answer answer = small_picture();
-    answer.body.insert(after_start_marker, metadata);
+    answer.body.insert(after_start_marker, repeated(segment, 160));
     return answer;
 }
 
 Answer picture_of_many_scans() {
-    constexpr int scan_count = 10'000;
-    constexpr std::size_t end_marker_length = 2;
     QBuffer file;
     QImageWriter writer(&file, "jpeg");
     writer.setProgressiveScanWrite(true);
-    writer.write(plain_image({160, 120}));
+    writer.write(plain_image(small));
     std::string jpeg = file.data().toStdString();
-    const std::size_t end = jpeg.size() - end_marker_length;
-    const std::size_t last_scan = jpeg.rfind("\xFF\xDA");
-    std::string scans;
-    for (int count = 0; count < scan_count; ++count) {
-        scans.append(jpeg, last_scan, end - last_scan);
-    }
-    jpeg.insert(end, scans);
-    return {.status = 200, .content_type = "image/jpeg", .body = jpeg, .headers = {}, .delay = {}};
+    const std::string end_marker = jpeg.substr(jpeg.size() - 2);
+    jpeg.resize(jpeg.size() - end_marker.size());
+    const std::string last_scan = jpeg.substr(jpeg.rfind("\xFF\xDA"));
+    return {.content_type = "image/jpeg", .body = jpeg + repeated(last_scan, 10'000) + end_marker};
 }
 
 Answer long_animation() {
     constexpr std::size_t header_and_palette = 6 + 7 + 3 * 256;
-    constexpr int frame_count = 10'000;
-    Answer answer = picture_answer(plain_image({160, 120}), PictureFormat::gif);
-    const std::string frame =
-        answer.body.substr(header_and_palette, answer.body.size() - header_and_palette - 1);
-    answer.body.resize(header_and_palette);
-    for (int count = 0; count < frame_count; ++count) {
-        answer.body += frame;
-    }
-    answer.body += ';';
+    Answer answer = picture_answer(plain_image(small), PictureFormat::gif);
+    answer.body.pop_back();
+    answer.body += repeated(answer.body.substr(header_and_palette), 9'999) + ";";
+    return answer;
+}
+
+Answer gzip_bomb() {
+    constexpr qsizetype megabyte = 1024 * 1024;
+    constexpr std::size_t before_deflated = 4 + 2; // Qt's length and the header of zlib.
+    constexpr std::size_t after_deflated = 4;      // The checksum of zlib.
+    const std::string header("\x1F\x8B\x08\0\0\0\0\0\0\xFF", 10);
+    const std::string checksum_and_size("\x1C\xEA\x38\xA7\0\0\x10\0", 8);
+    std::string zeros = qCompress(QByteArray(megabyte, '\0')).toStdString();
+    zeros.resize(zeros.size() - after_deflated);
+    const std::string member = header + zeros.substr(before_deflated) + checksum_and_size;
+    Answer answer = small_picture();
+    answer.body = repeated(member, 2048);
+    answer.headers = {{"Content-Encoding", "gzip"}};
+    return answer;
+}
+
+Answer pixel_bomb() {
+    QImage image(20'000, 20'000, QImage::Format_Mono);
+    image.fill(0);
+    return picture_answer(image, PictureFormat::png);
+}
+
+Answer text_bomb() {
+    constexpr std::size_t length_field = 4;
+    QImage image = small_image();
+    image.setText("Comment", QString(7'800'000, 'a'));
+    Answer answer = picture_answer(image, PictureFormat::png);
+    const std::size_t text = answer.body.find("zTXt") - length_field;
+    const std::size_t pixels = answer.body.find("IDAT") - length_field;
+    answer.body.insert(text, repeated(answer.body.substr(text, pixels - text), 64));
     return answer;
 }
 

@@ -27,4 +27,14 @@ Answer picture_of_many_scans();
 /// A GIF of 160 x 120 pixels and 10,000 frames, all alike.
 Answer long_animation();
 
+/// Two megabytes of gzip, announced as a content encoding, that inflate to two gigabytes.
+Answer gzip_bomb();
+
+/// A true PNG of 20,000 x 20,000 black pixels in some fifty kilobytes.
+Answer pixel_bomb();
+
+/// A good PNG picture of 160 x 120 pixels with half a megabyte of compressed texts that inflate to
+/// half a gigabyte.
+Answer text_bomb();
+
 } // namespace lookfar::demo

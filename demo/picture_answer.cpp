@@ -3,32 +3,32 @@
 #include "demo/gif_writer.h"
 
 #include <QBuffer>
-#include <QByteArray>
 #include <stdexcept>
-#include <string>
 
 namespace lookfar::demo {
+
 namespace {
 
-std::string to_jpeg(const QImage& picture) {
-    constexpr int quality = 85;
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, "JPEG", quality)) {
-        throw std::runtime_error("cannot encode a JPEG picture");
-    }
-    return bytes.toStdString();
+/// The quality is the encoder's own where none is given.
+std::string encoded(const QImage& picture, const char* format, int quality = -1) {
+    QBuffer buffer;
+    if (!picture.save(&buffer, format, quality))
+        throw std::runtime_error("cannot encode a picture");
+    return buffer.data().toStdString();
 }
 
 } // namespace
 
 Answer picture_answer(const QImage& picture, PictureFormat format) {
-    const bool is_gif = format == PictureFormat::gif;
-    return {.status = 200,
-            .content_type = is_gif ? "image/gif" : "image/jpeg",
-            .body = is_gif ? to_gif(picture) : to_jpeg(picture),
-            .headers = {{"Cache-Control", "no-cache"}},
-            .delay = {}};
+    switch (format) {
+    case PictureFormat::jpeg:
+        return {.content_type = "image/jpeg", .body = encoded(picture, "JPEG", 85)};
+    case PictureFormat::gif:
+        return {.content_type = "image/gif", .body = to_gif(picture)};
+    case PictureFormat::png:
+        return {.content_type = "image/png", .body = encoded(picture, "PNG")};
+    }
+    return {};
 }
 
 } // namespace lookfar::demo

@@ -6,7 +6,7 @@
 
 namespace lookfar::demo {
 
-enum class PictureFormat { jpeg, gif };
+enum class PictureFormat { jpeg, gif, png };
 
 /// The picture as the body of an answer, with the content type that fits.
 /// Throws std::runtime_error when the picture cannot be encoded.
