@@ -90,9 +90,12 @@ TEST(Refresh, InsideARunningFetchIsTurnedAwayAndTakesTheErrorDisplayDown) {
     const auto requests = machine.platform.requests.size();
     machine.platform.after(seconds(12), [&] {
         machine.Form2->Combo1.ListIndex = 1;
+        machine.Form2->Label2.Visible = true;
         machine.Form1->Command2.Click.raise();
-        EXPECT_FALSE(machine.Form1->Label2.Visible);
-        EXPECT_TRUE(machine.Form1->ImagNT1.Visible);
+        EXPECT_FALSE(machine.Form1->Label2.Visible || machine.Form1->Label3.Visible);
+        EXPECT_FALSE(machine.Form2->Label2.Visible || machine.Form2->Label3.Visible);
+        EXPECT_FALSE(machine.Form2->Timer2.Enabled);
+        EXPECT_TRUE(machine.Form1->ImagNT1.Visible && machine.Form2->Image3.Visible);
         EXPECT_EQ(machine.Form1->MousePointer, MousePointer::standard);
         EXPECT_EQ(machine.Form1->Text3.Text.get(), Machine::url_of('b'));
         EXPECT_EQ(machine.Form2->Label7.Caption.get(), "0");
@@ -111,6 +114,11 @@ TEST(Refresh, ThatComesBeforeTheTransferStartsFetchesThePictureTwice) {
     machine.platform.post([&] { machine.Form1->Command2.Click.raise(); });
     machine.Form1->Command2.Click.raise();
     EXPECT_EQ(machine.platform.requests.size(), requests + 2);
+
+    machine.Form1->Timer1.Interval = 5000;
+    machine.platform.after(seconds(5), [&] { machine.Form1->Command2.Click.raise(); });
+    machine.platform.run_for(seconds(5));
+    EXPECT_EQ(machine.platform.requests.size(), requests + 4) << "a tick that is due by then too";
 }
 
 TEST(Refresh, LetsTheTicksOfEveryTimerComeWhileASlowCameraIsFetched) {

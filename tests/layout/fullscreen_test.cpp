@@ -76,12 +76,13 @@ TEST_F(Fullscreen, SwapsTheWindowsByEveryWayInAndEveryWayOut) {
         [&] { Form2->TestBild.DblClick.raise(); }, [&] { Form2->request_close(); }};
     for (const auto& way_in : ways_in) {
         for (const auto& way_out : ways_out) {
+            Form2->Left = 300;
+            Form2->Top = 200;
             way_in();
             EXPECT_TRUE(Form2->Visible && !Form1->Visible);
             EXPECT_EQ(Form1->WindowState, WindowState::maximised);
-            EXPECT_EQ(Form2->Left + Form2->Top, 0);
-            EXPECT_EQ(Form2->Width, 15360);
-            EXPECT_EQ(Form2->Height, 11520);
+            EXPECT_EQ((Bounds{Form2->Left, Form2->Top, Form2->Width, Form2->Height}),
+                      (Bounds{0, 0, 15360, 11520}));
             way_out();
             EXPECT_TRUE(Form1->Visible && !Form2->Visible);
             EXPECT_EQ(Form1->WindowState, WindowState::normal);

@@ -51,6 +51,14 @@ TEST_F(TimerTicks, ComeInTheOrderOfTheirDueTimesAndFirstComeFirstServedOnTies) {
     EXPECT_EQ(ticks, "BACBAC");
 }
 
+TEST_F(TimerTicks, TakeTheirTurnAnewWithEveryCount) {
+    start(0, 200);
+    start(1, 300);
+    for (const int passed : {200, 100, 100, 200})
+        serve_after(passed);
+    EXPECT_EQ(ticks, "ABABA") << "at 600 the count of B is the older one";
+}
+
 TEST_F(TimerTicks, ThatWereMissedManyTimesComeOnce) {
     start(0, 100);
     serve_after(1050);
