@@ -51,6 +51,8 @@ TEST_F(Pipeline, LeavesThePictureAloneWithTheBlurOffAndBringsNothingBack) {
     Form1->Check2.Value = 0;
     let_run();
     EXPECT_EQ(bytes_of(Form1->ImagNT1), raw);
+    EXPECT_EQ(Form1->ImagNT1.Picture.get(), Form2->Picture1.Picture.get());
+    EXPECT_EQ(Form2->Image3.Picture.get(), Form2->Picture1.Picture.get());
     EXPECT_EQ(Form2->Label8.Caption.get(), "0");
     Form1->Check2.Value = 1;
     let_run();
@@ -62,6 +64,7 @@ TEST_F(Pipeline, LeavesThePictureAloneWithTheBlurOffAndBringsNothingBack) {
 TEST_F(Pipeline, SmoothsOnceASecondWhileASelectionWaitsForItsRefresh) {
     let_run(milliseconds(500));
     Form1->Combo1.ListIndex = static_cast<short>(1 - Form1->Combo1.ListIndex);
+    Form1->GoToFull.Click.raise(); // The title that is shown, but not yet looked up, changes here.
     let_run(milliseconds(3000));
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(4));
     EXPECT_FALSE(exists("data.dat"));
@@ -145,16 +148,22 @@ TEST(ColourDepthGate, WarnsOnceOnAPoorScreenAndAgainWheneverTheBoxIsTicked) {
         Machine machine;
         machine.platform.metrics.bits_per_pixel = depth;
         machine.start();
-        EXPECT_EQ(machine.platform.boxes.size(), boxes) << depth;
+        ASSERT_EQ(machine.platform.boxes.size(), boxes) << depth;
         EXPECT_EQ(machine.Form1->Check2.Value, ticked) << depth;
         EXPECT_EQ(machine.Form1->BlurEffect.Caption.get(), cell) << depth;
         machine.Form1->Check2.Value = 0;
         machine.Form1->Check2.Value = 1;
-        EXPECT_EQ(machine.platform.boxes.size(), 2 * boxes) << depth;
+        ASSERT_EQ(machine.platform.boxes.size(), 2 * boxes) << depth;
         if (boxes > 0) {
             EXPECT_EQ(machine.platform.boxes[0].title, "Color Depth Error");
+            EXPECT_EQ(machine.platform.boxes[0].text,
+                      "Your actual color depth is less than 32bit. The Blur-Effect, which "
+                      "smoothers the Skyglass picture, can't be applied and will be switched off.");
             EXPECT_EQ(machine.platform.boxes[0].flags, MessageBoxFlag{16});
             EXPECT_EQ(machine.platform.boxes[1].title, "Blur Effect Information");
+            EXPECT_EQ(machine.platform.boxes[1].text,
+                      "The Blur-Effect may not apply as it should be, because of your actual "
+                      "colour depth!");
             EXPECT_EQ(machine.platform.boxes[1].flags, MessageBoxFlag{64});
         }
         machine.platform.run_for(seconds(1));
