@@ -88,7 +88,7 @@ TEST(Refresh, InsideARunningFetchIsTurnedAwayAndTakesTheErrorDisplayDown) {
     machine.platform.run_for(seconds(1));
     ASSERT_TRUE(machine.Form1->Label2.Visible);
     const auto requests = machine.platform.requests.size();
-    machine.platform.after(seconds(12), [&] {
+    machine.platform.after(seconds(5), [&] {
         machine.Form2->Combo1.ListIndex = 1;
         machine.Form2->Label2.Visible = true;
         machine.Form1->Command2.Click.raise();
