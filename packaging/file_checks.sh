@@ -3,7 +3,7 @@
 
 source packaging/layout.sh
 
-# Runs a validator that has nothing to say about a good file, whatever its exit status.
+# Runs a validator and expects it to print nothing, since some exit with 0 although they complain.
 expect_silence() {
     local output
     output=$("$@" 2>&1) || fail "$* failed: $output"
@@ -32,7 +32,7 @@ print_packaged_files() {
         share/lintian/overrides/lookfar
 }
 
-# Expects all files of a folder, and no other, on the standard input.
+# Expects a folder to hold exactly the files that the standard input lists.
 check_file_list() {
     diff --unified --label expected --label "$1" \
         <(LC_ALL=C sort) <(find "$1" ! -type d -printf '%P\n' | LC_ALL=C sort) ||

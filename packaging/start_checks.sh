@@ -3,7 +3,8 @@
 
 source packaging/layout.sh
 
-# Pictures are asked for through a proxy that nobody serves, so nothing leaves this machine.
+# The program asks for pictures through this proxy. Nobody serves it, so no request leaves the
+# machine.
 unserved_proxy=http://127.0.0.1:9
 
 value_in_desktop_entry() {
@@ -19,14 +20,15 @@ make_home() {
     mkdir -p "$home" "$start_folder"
 }
 
-# Becomes what the desktop entry names, in the start folder and with the variables given.
+# Turns this process into the program that the desktop entry names, in the start folder. The
+# arguments are variables for its environment, such as HOME=/tmp.
 launch() {
     exec env --chdir="$start_folder" --unset=XDG_DATA_HOME HOME="$home" \
         http_proxy="$unserved_proxy" "$@" "$unpacked/usr/bin/$(value_in_desktop_entry Exec)"
 }
 
-# The splash window, which desktops call a utility, has the same name for a moment. A window that
-# goes away under the search makes it fail loudly.
+# The splash window has the same name and is told apart by its type. xdotool complains about every
+# window that closes during its search, which is no fault.
 find_main_window() {
     window=$(xdotool search --onlyvisible --name '^Lookfar$' 2>/dev/null) &&
         [[ $(xprop -id "$window" _NET_WM_WINDOW_TYPE) != *UTILITY* ]]
@@ -48,7 +50,7 @@ close_main_window() {
     wait "$(last_started)" || fail "The program ended with the exit status $?."
 }
 
-# Expects the list in this folder and no other file of the program in any.
+# Expects the camera list in this folder, and no other file of the program in any folder.
 check_list() {
     local found
     found=$(find "$scene" "$unpacked" -iname Cams.inf -o -iname C1.DAT -o -iname data.dat)
@@ -61,7 +63,7 @@ check_process() {
     [[ $executable == "$unpacked/usr/bin/lookfar" ]] || fail "The launcher started $executable."
 }
 
-# A desktop tells by these whose window it is.
+# By these properties a desktop finds the program that a window belongs to.
 check_window() {
     local class process icons pixels
     class=$(xprop -id "$window" WM_CLASS)

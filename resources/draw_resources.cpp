@@ -1,5 +1,6 @@
-// Draws the pictures that the program carries. It is run by hand when a drawing changes, and what
-// it draws is kept beside this file: lookfar-draw-resources resources
+// Draws the pictures that the program carries: lookfar-draw-resources FOLDER
+// It is run by hand when a drawing changes. The folder is that of this file, where the pictures are
+// kept.
 
 #include "resources/drawing/emblem.h"
 #include "resources/drawing/splash.h"

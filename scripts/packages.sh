@@ -61,7 +61,8 @@ install_build_packages() {
     install_optional_package qt6-image-formats-plugins
 }
 
-# What the tests drive windows with, read them by and play a hostile host with.
+# The tests drive windows through the X server, read them as a screen reader does, and play a host
+# with a bad certificate.
 install_test_packages() {
     install_missing_packages \
         at-spi2-core \
@@ -74,7 +75,7 @@ install_test_packages() {
         pkgconf
 }
 
-# What the Debian package is made and checked with.
+# For making and checking the Debian package.
 install_packaging_packages() {
     install_missing_packages \
         appstream \
@@ -90,7 +91,7 @@ install_packaging_packages() {
         xdotool
 }
 
-# What the fuzz targets are built with, and what names the places in their reports.
+# For building the fuzz targets, and for the names of places in their reports.
 install_fuzz_packages() {
     install_missing_packages clang-19 libclang-rt-19-dev libfuzzer-19-dev llvm-19
 }

@@ -18,7 +18,8 @@ Lookfar shows the current picture of a public web camera on the desktop,
 small or over the whole screen, keeps it fresh, smooths it, and hops between
 the cameras of the user's list.")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Certificates, a browser for the links, the metrics of the window's fonts, and pictures in WebP.
+# In this order: certificates to check hosts by, fonts as wide as those that the windows are designed
+# for, pictures in WebP, and what opens links in the user's browser.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "ca-certificates, fonts-liberation, qt6-image-formats-plugins, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
