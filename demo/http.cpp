@@ -7,6 +7,7 @@ namespace lookfar::demo {
 namespace {
 
 constexpr std::string_view line_end = "\r\n";
+constexpr std::string_view scheme = "http://";
 
 /// Takes what stands before the separator off the text; all of it when there is none.
 std::string_view take_until(std::string_view& text, char separator) {
@@ -32,6 +33,9 @@ std::optional<Request> parse_request(std::string_view head) {
     std::string_view line = head.substr(0, end_of_line);
     const std::string_view method = take_until(line, ' ');
     std::string_view target = take_until(line, ' ');
+    // Clients that take the server for a proxy send the whole URL.
+    if (target.starts_with(scheme))
+        target.remove_prefix(std::min(target.find('/', scheme.size()), target.size()));
     if (method != "GET" || !target.starts_with('/') || line != "HTTP/1.1")
         return std::nullopt;
     const std::string_view path = take_until(target, '?');
