@@ -68,7 +68,6 @@ install_test_packages() {
         at-spi2-core \
         dbus-daemon \
         libatspi2.0-dev \
-        libxcb-ewmh-dev \
         libxcb-keysyms1-dev \
         libxcb-xtest0-dev \
         openssl \

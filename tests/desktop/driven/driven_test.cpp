@@ -8,18 +8,19 @@
 
 namespace lookfar::driven {
 
-using ::testing::AssertionFailure;
-using ::testing::AssertionResult;
-using ::testing::AssertionSuccess;
-
-demo::Answer plain_picture(const QColor& colour) {
+demo::Responder showing(const QColor& colour) {
     QImage picture(320, 240, QImage::Format_RGB32);
     picture.fill(colour);
-    return demo::picture_answer(picture, demo::PictureFormat::jpeg);
+    return [answer = demo::picture_answer(picture, demo::PictureFormat::jpeg)](
+               const demo::Request&) { return answer; };
 }
 
-demo::Responder showing(const QColor& colour) {
-    return [answer = plain_picture(colour)](const demo::Request&) { return answer; };
+demo::Responder held_back(demo::Responder camera, std::promise<void>& let_go) {
+    return [camera = std::move(camera),
+            is_let_go = let_go.get_future().share()](const demo::Request& request) {
+        is_let_go.wait();
+        return camera(request);
+    };
 }
 
 bool is_like(const QColor& one, const QColor& other) {
@@ -29,15 +30,34 @@ bool is_like(const QColor& one, const QColor& other) {
            std::abs(one.blue() - other.blue()) <= most;
 }
 
+bool comes_to_show(const QPoint& point, const QColor& colour) {
+    return comes_true([&] { return is_like(screen::colour_at(point), colour); });
+}
+
 void DrivenTest::TearDown() {
-    if (!program || HasFailure())
+    if (HasFailure()) {
+        tell_what_all_windows_read();
         return;
-    EXPECT_TRUE(comes_true([this] {
-        if (!program->has_ended())
-            close_frontmost_window();
-        return program->has_ended();
-    }));
-    EXPECT_TRUE(ends_with_status_0());
+    }
+    comes_true([this] {
+        if (const auto all = windows(); !all.empty())
+            screen::ask_to_close(all.back());
+        return has_ended();
+    });
+    expect_good_end();
+}
+
+void DrivenTest::tell_what_all_windows_read() const {
+    std::cout << "The windows read:\n";
+    for (const Element& window : reader.windows_of(program.processId()))
+        for (const Element& element : window.all_showing())
+            std::cout << element.description() << '\n';
+}
+
+void DrivenTest::expect_good_end() {
+    ASSERT_TRUE(comes_true([this] { return has_ended(); }));
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
     EXPECT_FALSE(lookfar::testing::exists("data.dat"));
 }
 
@@ -48,43 +68,48 @@ void DrivenTest::write_list(const Titles& titles) const {
     lookfar::testing::write_file("Cams.inf", list);
 }
 
-void DrivenTest::launch(const QProcessEnvironment& variables) {
-    program.emplace(variables);
+void DrivenTest::launch(const std::string& http_proxy) {
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    // Without a screen reader the program would keep its texts to itself.
+    variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    // The toolkit tells its texts only on a bus that it has found itself.
+    variables.remove("AT_SPI_BUS_ADDRESS");
+    variables.insert("http_proxy", QString::fromStdString(http_proxy));
+    program.setProcessEnvironment(variables);
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
+    program.start(LOOKFAR_PROGRAM, {});
+    if (!program.waitForStarted())
+        throw std::runtime_error("The program cannot be started.");
 }
 
 void DrivenTest::start(const Titles& titles) {
     write_list(titles);
     launch();
-    if (const AssertionResult is_up = comes_up(title::main_window); !is_up)
-        throw std::runtime_error(is_up.message());
+    if (!comes_up(title::main_window))
+        throw std::runtime_error("The main window does not come up.");
 }
 
-std::optional<ScreenWindow> DrivenTest::window(const std::string& title) const {
-    const auto all = screen.windows_of(program->process());
-    const auto found = std::ranges::find(all, title, &ScreenWindow::title);
+std::optional<screen::Window> DrivenTest::window(const std::string& title) const {
+    const auto all = windows();
+    const auto found = std::ranges::find(all, title, &screen::Window::title);
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
-std::vector<Element> DrivenTest::windows_titled(const std::string& title) const {
-    std::vector<Element> found = reader.windows_of(program->process());
-    std::erase_if(found, [&](const Element& window) { return window.name() != title; });
+std::vector<Element> DrivenTest::elements(const std::string& title) const {
+    std::vector<Element> found;
+    for (const Element& window : reader.windows_of(program.processId()))
+        if (window.name() == title)
+            std::ranges::move(window.all_showing(), std::back_inserter(found));
     return found;
 }
 
 std::optional<Element> DrivenTest::look_for(const std::string& title, std::string_view role,
                                             std::string_view beginning) const {
-    for (const Element& candidate : windows_titled(title))
-        if (auto found = candidate.find(role, beginning))
-            return found;
-    return std::nullopt;
-}
-
-std::string DrivenTest::all_that_reads(const std::string& title) const {
-    std::string all = "The window '" + title + "' reads:\n";
-    for (const Element& candidate : windows_titled(title))
-        for (const Element& element : candidate.all_showing())
-            all += element.role() + " '" + element.name() + "' '" + element.text() + "'\n";
-    return all;
+    const auto all = elements(title);
+    const auto found = std::ranges::find_if(all, [&](const Element& element) {
+        return element.reads(beginning) && (role.empty() || element.role() == role);
+    });
+    return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
 Element DrivenTest::find(const std::string& title, std::string_view role,
@@ -93,58 +118,38 @@ Element DrivenTest::find(const std::string& title, std::string_view role,
     comes_true([&] { return (found = look_for(title, role, beginning)).has_value(); });
     if (!found)
         throw std::runtime_error("There is no " + std::string(role) + " '" +
-                                 std::string(beginning) + "'. " + all_that_reads(title));
+                                 std::string(beginning) + "' in '" + title + "'.");
     return *found;
-}
-
-std::optional<Element> DrivenTest::focused(const std::string& title) const {
-    for (const Element& candidate : windows_titled(title))
-        for (const Element& element : candidate.all_showing())
-            if (element.is_focused())
-                return element;
-    return std::nullopt;
 }
 
 QPoint DrivenTest::picture(const std::string& title) const {
     return find(title, role::picture, "Camera picture").place().center();
 }
 
-AssertionResult DrivenTest::comes_up(const std::string& title) const {
-    const bool is_up = comes_true([&] {
+bool DrivenTest::comes_up(const std::string& title) const {
+    return comes_true([&] {
         const auto found = window(title);
         const auto read = look_for(title, role::window, title);
-        return found && read && screen.active_window() == found->id &&
-               read->place() == found->place;
+        return found && found->is_active && read && read->place() == found->place;
     });
-    return is_up ? AssertionSuccess() : AssertionFailure() << "No window '" << title << "' came.";
 }
 
-AssertionResult DrivenTest::goes(const std::string& title) const {
-    return comes_true([&] { return !window(title); })
-               ? AssertionSuccess()
-               : AssertionFailure() << "The window '" << title << "' stayed.";
+bool DrivenTest::goes(const std::string& title) const {
+    return comes_true([&] { return !window(title); });
 }
 
-AssertionResult DrivenTest::comes_to_read(const std::string& title, std::string_view role,
-                                          std::string_view beginning) const {
-    return comes_true([&] { return look_for(title, role, beginning).has_value(); })
-               ? AssertionSuccess()
-               : AssertionFailure() << all_that_reads(title);
+bool DrivenTest::comes_to_read(const std::string& title, std::string_view role,
+                               std::string_view beginning) const {
+    return comes_true([&] { return look_for(title, role, beginning).has_value(); });
 }
 
-AssertionResult DrivenTest::stops_reading(const std::string& title, std::string_view role,
-                                          std::string_view beginning) const {
-    return comes_true([&] { return !look_for(title, role, beginning); })
-               ? AssertionSuccess()
-               : AssertionFailure() << all_that_reads(title);
+bool DrivenTest::stops_reading(const std::string& title, std::string_view role,
+                               std::string_view beginning) const {
+    return comes_true([&] { return !look_for(title, role, beginning); });
 }
 
-AssertionResult DrivenTest::comes_to_show(const QPoint& point, const QColor& colour) const {
-    return comes_true([&] { return is_like(screen.colour_at(point), colour); })
-               ? AssertionSuccess()
-               : AssertionFailure()
-                     << "The screen shows " << screen.colour_at(point).name().toStdString()
-                     << " at " << point.x() << ", " << point.y();
+bool DrivenTest::opens_a_menu() const {
+    return comes_true([this] { return screen::has_popup_of(program.processId()); });
 }
 
 void DrivenTest::click(const std::string& title, std::string_view role,
@@ -152,41 +157,21 @@ void DrivenTest::click(const std::string& title, std::string_view role,
     hands.click(find(title, role, beginning).place().center());
 }
 
-void DrivenTest::fill_in(const std::string& title, std::string_view name, const QString& text) {
-    const Element entry = find(title, role::entry, name);
-    // Arrows may lie over the left half.
+void DrivenTest::fill_in(const std::string& title, std::string_view beginning,
+                         const std::string& text) {
+    const Element entry = find(title, role::entry, beginning);
+    // Arrows may lie over the left half; two clicks select all that stands there.
     const QRect place = entry.place();
-    hands.click({place.center().x() + place.width() / 4, place.center().y()});
-    if (!comes_true([&] { return entry.is_focused(); }))
+    hands.double_click({place.center().x() + place.width() / 4, place.center().y()});
+    if (!comes_true([&] { return entry.is(State::focused); }))
         throw std::runtime_error("The text box does not get the keyboard.");
-    hands.press(Key::home);
-    hands.press_with_shift(Key::end);
     hands.type(text);
-    if (!comes_true([&] { return entry.text() == text.toStdString(); }))
+    if (!comes_true([&] { return entry.text() == text; }))
         throw std::runtime_error("The text box does not take what is typed.");
 }
 
-void DrivenTest::close(const std::string& title) {
-    const auto found = window(title);
-    if (!found)
-        throw std::runtime_error("There is no window '" + title + "' to close.");
-    screen.ask_to_close(*found);
-}
-
-void DrivenTest::close_frontmost_window() {
-    const auto all = screen.windows_of(program->process());
-    if (!all.empty())
-        screen.ask_to_close(all.back());
-}
-
-AssertionResult DrivenTest::ends_with_status_0() {
-    if (!comes_true([this] { return program->has_ended(); }))
-        return AssertionFailure() << "The program still runs.";
-    const auto status = program->exit_status();
-    if (!status)
-        return AssertionFailure() << "The program ended by a signal.";
-    return *status == 0 ? AssertionSuccess()
-                        : AssertionFailure() << "The program ended with status " << *status;
+void DrivenTest::close(const std::string& title) const {
+    screen::ask_to_close(window(title).value());
 }
 
 } // namespace lookfar::driven

@@ -1,23 +1,29 @@
 #pragma once
 
 #include "desktop/driven/hands.h"
-#include "desktop/driven/running_program.h"
 #include "desktop/driven/screen.h"
 #include "desktop/driven/screen_reader.h"
-#include "desktop/driven/waiting.h"
+#include "desktop/waiting.h"
 
 #include "demo/camera_server.h"
 #include "support/temporary_folder.h"
 
 #include <QColor>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QProcessEnvironment>
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <future>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace lookfar::driven {
+
+using desktop::comes_true;
 
 /// The titles that the windows bear.
 namespace title {
@@ -52,9 +58,10 @@ inline constexpr QColor blue(40, 60, 200);
 inline constexpr QColor black(0, 0, 0);
 } // namespace colour
 
-/// A picture of one colour.
-demo::Answer plain_picture(const QColor& colour);
+/// A camera that shows a picture of one colour.
 demo::Responder showing(const QColor& colour);
+/// A camera that keeps everybody waiting until it is let go, or until the promise is given up.
+demo::Responder held_back(demo::Responder camera, std::promise<void>& let_go);
 
 /// Whether two colours differ by no more than a JPEG makes them differ.
 bool is_like(const QColor& one, const QColor& other);
@@ -64,61 +71,67 @@ using Titles = std::vector<std::string>;
 
 /// The real program, driven and watched from outside: through the windows, pixels and texts on the
 /// screen, the files in its folder, the requests to its cameras and the status that it ends with.
-/// Whatever a test did, the program must end well when it is closed at the test's end.
+/// Whatever a test did, the program must end well when it is closed at the test's end. After a
+/// failure the test tells what all of the windows read.
 class DrivenTest : public ::testing::Test {
   protected:
     void TearDown() override;
 
     /// Writes a list of cameras of `cameras`, where the path of each is its title behind a slash.
     void write_list(const Titles& titles) const;
-    /// Starts the program and doesn't wait for anything.
-    void launch(const QProcessEnvironment& variables = {});
+    /// Starts the program in the current directory and doesn't wait for anything.
+    void launch(const std::string& http_proxy = {});
     /// Starts the program on a list of cameras and waits for its main window. Throws where
     /// that never comes.
     void start(const Titles& titles);
+    bool has_ended() const { return program.state() == QProcess::NotRunning; }
+    void expect_good_end();
 
     // What the user sees.
 
-    std::optional<ScreenWindow> window(const std::string& title) const;
+    std::vector<screen::Window> windows() const { return screen::windows_of(program.processId()); }
+    std::optional<screen::Window> window(const std::string& title) const;
+    /// Everything that shows in the windows of that title.
+    std::vector<Element> elements(const std::string& title) const;
     /// The first thing of that role in the window whose name or text begins so, once it shows.
     /// Throws where it never does.
     Element find(const std::string& title, std::string_view role, std::string_view beginning) const;
-    /// What has the keyboard in the window.
-    std::optional<Element> focused(const std::string& title) const;
     /// The middle of the camera's picture.
     QPoint picture(const std::string& title) const;
 
-    ::testing::AssertionResult comes_up(const std::string& title) const;
-    ::testing::AssertionResult goes(const std::string& title) const;
-    ::testing::AssertionResult comes_to_read(const std::string& title, std::string_view role,
-                                             std::string_view beginning) const;
-    ::testing::AssertionResult stops_reading(const std::string& title, std::string_view role,
-                                             std::string_view beginning) const;
-    ::testing::AssertionResult comes_to_show(const QPoint& point, const QColor& colour) const;
+    bool comes_up(const std::string& title) const;
+    bool goes(const std::string& title) const;
+    bool comes_to_read(const std::string& title, std::string_view role,
+                       std::string_view beginning) const;
+    bool stops_reading(const std::string& title, std::string_view role,
+                       std::string_view beginning) const;
+    bool opens_a_menu() const;
 
     // What the user does.
 
     void click(const std::string& title, std::string_view role, std::string_view beginning);
     /// Replaces what stands in a text box. Throws where that does not take it.
-    void fill_in(const std::string& title, std::string_view name, const QString& text);
-    void close(const std::string& title);
+    void fill_in(const std::string& title, std::string_view beginning, const std::string& text);
+    void close(const std::string& title) const;
 
-    ::testing::AssertionResult ends_with_status_0();
+    // The tests' own Qt application.
+    int argument_count = 1;
+    std::string own_name = "driven_test";
+    std::array<char*, 2> arguments{own_name.data(), nullptr};
+    QGuiApplication application{argument_count, arguments.data()};
 
     lookfar::testing::TemporaryFolder folder;
     std::optional<demo::CameraServer> cameras{std::in_place};
-    XConnection x;
-    Screen screen{x};
     ScreenReader reader;
-    Hands hands{x, QStringLiteral("äöüß")};
-    std::optional<RunningProgram> program;
+    Hands hands;
+    QProcess program;
 
   private:
-    std::vector<Element> windows_titled(const std::string& title) const;
     std::optional<Element> look_for(const std::string& title, std::string_view role,
                                     std::string_view beginning) const;
-    std::string all_that_reads(const std::string& title) const;
-    void close_frontmost_window();
+    void tell_what_all_windows_read() const;
 };
+
+bool comes_to_show(const QPoint& point, const QColor& colour);
 
 } // namespace lookfar::driven

@@ -3,11 +3,19 @@
 namespace lookfar::driven {
 namespace {
 
-using ErrorDisplay = DrivenTest;
+class ErrorDisplay : public DrivenTest {
+  protected:
+    void SetUp() override {
+        cameras->answer("/Harbour", showing(colour::red));
+        start({"Harbour"});
+    }
+
+    bool is_told(std::string_view beginning, Politeness politeness) {
+        return comes_true([&] { return reader.was_told(beginning, politeness); });
+    }
+};
 
 TEST_F(ErrorDisplay, TellsOfACameraThatIsGoneUntilItIsBack) {
-    cameras->answer("/Harbour", showing(colour::red));
-    start({"Harbour"});
     const QRect area = find(title::main_window, role::picture, "Camera picture").place();
     const QPoint edge = area.center() + QPoint(0, area.height() / 3);
     ASSERT_TRUE(comes_to_show(edge, colour::red));
@@ -30,8 +38,6 @@ TEST_F(ErrorDisplay, TellsOfACameraThatIsGoneUntilItIsBack) {
 
 TEST_F(ErrorDisplay, BlinksOverATestCardInFullscreen) {
     constexpr const char* test_card = "Test card: no picture can be had";
-    cameras->answer("/Harbour", showing(colour::red));
-    start({"Harbour"});
     fill_in(title::main_window, "Seconds until Refresh", "1");
     hands.double_click(picture(title::main_window));
     ASSERT_TRUE(comes_up(title::fullscreen_window));
@@ -49,6 +55,25 @@ TEST_F(ErrorDisplay, BlinksOverATestCardInFullscreen) {
     EXPECT_TRUE(comes_to_read(title::main_window, role::any, "Error #481"));
     cameras->answer("/Harbour", showing(colour::green));
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
+}
+
+TEST_F(ErrorDisplay, IsToldAtOnceAndTheStatusAtLeisureInBothWindows) {
+    constexpr const char* status = "Screenshot taken: ";
+    constexpr const char* error = "Failed to connect to 127.0.0.1";
+    EXPECT_TRUE(is_told(status, Politeness::waits));
+    fill_in(title::main_window, "Seconds until Refresh", "1");
+    reader.forget();
+    EXPECT_TRUE(is_told(status, Politeness::waits)) << "a new one";
+
+    const QPoint middle = picture(title::main_window);
+    cameras.reset();
+    EXPECT_TRUE(is_told(error, Politeness::interrupts));
+    reader.forget();
+    hands.double_click(middle);
+    ASSERT_TRUE(comes_up(title::fullscreen_window));
+    EXPECT_TRUE(is_told(status, Politeness::waits));
+    EXPECT_TRUE(is_told(error, Politeness::interrupts));
+    EXPECT_FALSE(reader.was_told("Error #", Politeness::interrupts)) << "it blinks";
 }
 
 } // namespace

@@ -5,16 +5,23 @@ namespace {
 
 class Fullscreen : public DrivenTest {
   protected:
-    /// Opens the window on cameras that are asked every second.
-    void open(const Titles& titles) {
+    /// Starts the program on cameras that are asked every second.
+    void start_quick(const Titles& titles) {
+        cameras->answer("/Harbour", showing(colour::red));
+        cameras->answer("/Tower", showing(colour::blue));
         start(titles);
         fill_in(title::main_window, "Seconds until Refresh", "1");
-        hands.double_click(picture(title::main_window));
-        if (!comes_up(title::fullscreen_window))
-            throw std::runtime_error("There is no fullscreen window.");
     }
 
-    QRect whole_screen() const { return {QPoint(), screen.size()}; }
+    void open() {
+        hands.double_click(picture(title::main_window));
+        ASSERT_TRUE(comes_up(title::fullscreen_window));
+    }
+
+    void leave() {
+        hands.double_click(screen::whole().center());
+        ASSERT_TRUE(comes_up(title::main_window));
+    }
 
     QRect panel_selector() const {
         return find(title::fullscreen_window, role::selector, "").place();
@@ -35,72 +42,64 @@ class Fullscreen : public DrivenTest {
 };
 
 TEST_F(Fullscreen, OpensAndLeavesOnADoubleClick) {
-    cameras->answer("/Harbour", showing(colour::red));
-    start({"Harbour"});
-    fill_in(title::main_window, "Seconds until Refresh", "1");
+    start_quick({"Harbour"});
     const QRect place = window(title::main_window)->place;
-    hands.double_click(picture(title::main_window));
-    ASSERT_TRUE(comes_up(title::fullscreen_window));
+    open();
     EXPECT_TRUE(comes_true([this] {
         const auto large = window(title::fullscreen_window);
-        return large->is_fullscreen && large->place == whole_screen();
+        return large->is_fullscreen && large->place == screen::whole();
     }));
     EXPECT_TRUE(goes(title::main_window));
-    EXPECT_TRUE(comes_to_show(whole_screen().center(), colour::red));
+    EXPECT_TRUE(comes_to_show(screen::whole().center(), colour::red));
     EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::label, "Harbour"));
     EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::any, "Screenshot taken: "));
-    cameras->answer("/Harbour", showing(colour::blue));
-    EXPECT_TRUE(comes_to_show(whole_screen().center(), colour::blue));
+    cameras->answer("/Harbour", showing(colour::green));
+    EXPECT_TRUE(comes_to_show(screen::whole().center(), colour::green));
 
-    hands.double_click(whole_screen().center());
-    ASSERT_TRUE(comes_up(title::main_window));
+    leave();
     EXPECT_TRUE(goes(title::fullscreen_window));
     EXPECT_EQ(window(title::main_window)->place, place);
-    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::blue));
+    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
 }
 
 TEST_F(Fullscreen, GivesWayToTheMainWindowWhenItIsClosed) {
-    cameras->answer("/Harbour", showing(colour::red));
-    open({"Harbour"});
+    start_quick({"Harbour"});
+    open();
     close(title::fullscreen_window);
     ASSERT_TRUE(comes_up(title::main_window));
     EXPECT_TRUE(goes(title::fullscreen_window));
-    EXPECT_FALSE(program->has_ended());
+    EXPECT_FALSE(has_ended());
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::red));
 }
 
 TEST_F(Fullscreen, HasAPanelThatPicksCameras) {
-    cameras->answer("/Harbour", showing(colour::red));
-    cameras->answer("/Tower", showing(colour::blue));
-    open({"Harbour", "Tower"});
+    start_quick({"Harbour", "Tower"});
+    open();
     for (const auto& [camera, its_colour] :
          {std::pair("Tower", colour::blue), std::pair("Harbour", colour::red)}) {
         pick(camera);
-        EXPECT_TRUE(comes_to_show(whole_screen().center(), its_colour));
+        EXPECT_TRUE(comes_to_show(screen::whole().center(), its_colour));
         EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::label, camera));
     }
-    hands.double_click(whole_screen().center());
-    ASSERT_TRUE(comes_up(title::main_window));
+    leave();
     EXPECT_TRUE(comes_to_read(title::main_window, role::selector, "Harbour"));
 }
 
 TEST_F(Fullscreen, HasAPanelThatSlidesOutOfTheWay) {
-    cameras->answer("/Harbour", showing(colour::red));
-    open({"Harbour"});
+    start_quick({"Harbour"});
+    open();
     const QRect open_place = panel_selector();
     const QPoint under_panel = open_place.topLeft() - QPoint(2, 0);
-    const QColor nothing = screen.colour_at({under_panel.y(), under_panel.y()});
-    ASSERT_TRUE(whole_screen().contains(open_place));
-    EXPECT_FALSE(is_like(screen.colour_at(under_panel), nothing));
+    const QColor nothing = screen::colour_at({under_panel.y(), under_panel.y()});
+    ASSERT_TRUE(screen::whole().contains(open_place));
+    EXPECT_FALSE(is_like(screen::colour_at(under_panel), nothing));
 
     click_arrow();
-    EXPECT_TRUE(comes_true([this] { return !whole_screen().intersects(panel_selector()); }));
+    EXPECT_TRUE(comes_true([this] { return !screen::whole().intersects(panel_selector()); }));
     EXPECT_TRUE(comes_to_show(under_panel, nothing));
-    hands.double_click(whole_screen().center());
-    ASSERT_TRUE(comes_up(title::main_window));
-    hands.double_click(picture(title::main_window));
-    ASSERT_TRUE(comes_up(title::fullscreen_window));
-    EXPECT_FALSE(whole_screen().intersects(panel_selector())) << "it stays as it was left";
+    leave();
+    open();
+    EXPECT_FALSE(screen::whole().intersects(panel_selector())) << "it stays as it was left";
 
     click_arrow();
     EXPECT_TRUE(comes_true([&] { return panel_selector() == open_place; }));

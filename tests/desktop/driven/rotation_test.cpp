@@ -30,7 +30,7 @@ class Rotation : public DrivenTest {
         return count;
     }
 
-    QColor shown() const { return screen.colour_at(picture(title::main_window)); }
+    QColor shown() const { return screen::colour_at(picture(title::main_window)); }
 };
 
 TEST_F(Rotation, HopsAmongTheCamerasWhileItsBoxIsTicked) {
@@ -38,8 +38,8 @@ TEST_F(Rotation, HopsAmongTheCamerasWhileItsBoxIsTicked) {
     fill_in(title::main_window, "Seconds until Refresh", "1");
     fill_in(title::main_window, "Seconds until the camera changes", "1");
     click(title::main_window, role::check_box, "Change every");
-    EXPECT_TRUE(comes_true(
-        [this] { return find(title::main_window, role::check_box, "Change every").is_checked(); }));
+    const Element box = find(title::main_window, role::check_box, "Change every");
+    EXPECT_TRUE(comes_true([&] { return box.is(State::checked); }));
     std::set<std::string> seen;
     EXPECT_TRUE(comes_true([&] {
         for (const auto& [camera, its_colour] : colour_of)
@@ -49,9 +49,7 @@ TEST_F(Rotation, HopsAmongTheCamerasWhileItsBoxIsTicked) {
     })) << "every camera has its turn";
 
     click(title::main_window, role::check_box, "Change every");
-    EXPECT_TRUE(comes_true([this] {
-        return !find(title::main_window, role::check_box, "Change every").is_checked();
-    }));
+    EXPECT_TRUE(comes_true([&] { return !box.is(State::checked); }));
     // A fetch of the camera before may still be under way.
     const std::string left = selected();
     ASSERT_TRUE(comes_to_be_asked_again(left));

@@ -1,128 +1,125 @@
 #include "desktop/driven/screen.h"
 
+#include "desktop/driven/x_server.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
 #include <algorithm>
-#include <span>
-#include <stdexcept>
+#include <string_view>
 
-namespace lookfar::driven {
+namespace lookfar::driven::screen {
 
-Screen::Screen(const XConnection& x) : x_(x) {
-    if (xcb_ewmh_init_atoms_replies(&names_, xcb_ewmh_init_atoms(x.get(), &names_), nullptr) == 0)
-        throw std::runtime_error("The X server does not know window managers.");
+namespace {
+
+xcb_atom_t atom(std::string_view name) {
+    const auto question =
+        xcb_intern_atom(x_server(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(x_server(), question, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
-Screen::~Screen() {
-    xcb_ewmh_connection_wipe(&names_);
-}
-
-QSize Screen::size() const {
-    return {x_.screen().width_in_pixels, x_.screen().height_in_pixels};
-}
-
-std::vector<ScreenWindow> Screen::windows_of(qint64 process) const {
-    std::vector<ScreenWindow> found;
-    xcb_ewmh_get_windows_reply_t all{};
-    const auto question = xcb_ewmh_get_client_list_stacking(&names_, 0);
-    if (xcb_ewmh_get_client_list_stacking_reply(&names_, question, &all, nullptr) == 0)
-        return found;
-    for (const xcb_window_t id : std::span(all.windows, all.windows_len))
-        if (belongs_to(id, process))
-            found.push_back(look_at(id));
-    xcb_ewmh_get_windows_reply_wipe(&all);
-    return found;
-}
-
-bool Screen::belongs_to(xcb_window_t id, qint64 process) const {
-    std::uint32_t owner = 0;
-    const auto question = xcb_ewmh_get_wm_pid(&names_, id);
-    return xcb_ewmh_get_wm_pid_reply(&names_, question, &owner, nullptr) != 0 && owner == process;
-}
-
-ScreenWindow Screen::look_at(xcb_window_t id) const {
-    return {
-        .id = id, .title = title_of(id), .place = place_of(id), .is_fullscreen = is_fullscreen(id)};
-}
-
-std::string Screen::title_of(xcb_window_t id) const {
-    xcb_ewmh_get_utf8_strings_reply_t reply{};
-    const auto question = xcb_ewmh_get_wm_name(&names_, id);
-    if (xcb_ewmh_get_wm_name_reply(&names_, question, &reply, nullptr) == 0)
+/// A property by which window managers and programs speak with each other; empty where a window
+/// has none.
+template <class Value>
+std::vector<Value> property(xcb_window_t window, std::string_view name) {
+    constexpr std::uint32_t more_than_there_is = 1024;
+    const auto question = xcb_get_property(x_server(), 0, window, atom(name),
+                                           XCB_GET_PROPERTY_TYPE_ANY, 0, more_than_there_is);
+    const Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(x_server(), question, nullptr));
+    if (!reply)
         return {};
-    std::string title(reply.strings, reply.strings_len);
-    xcb_ewmh_get_utf8_strings_reply_wipe(&reply);
-    return title;
+    const auto bytes = static_cast<std::size_t>(xcb_get_property_value_length(reply.get()));
+    const auto* const first = static_cast<const Value*>(xcb_get_property_value(reply.get()));
+    return {first, first + bytes / sizeof(Value)};
 }
 
-QRect Screen::place_of(xcb_window_t id) const {
-    const auto size_question = xcb_get_geometry(x_.get(), id);
-    const auto corner_question = xcb_translate_coordinates(x_.get(), id, x_.root(), 0, 0);
+template <class Value>
+bool has(const std::vector<Value>& values, Value value) {
+    return std::ranges::find(values, value) != values.end();
+}
+
+bool belongs_to(xcb_window_t window, qint64 process) {
+    return property<std::uint32_t>(window, "_NET_WM_PID") ==
+           std::vector{static_cast<std::uint32_t>(process)};
+}
+
+QRect place_of(xcb_window_t window) {
+    const auto size_question = xcb_get_geometry(x_server(), window);
+    const auto corner_question = xcb_translate_coordinates(x_server(), window, root_window(), 0, 0);
     const Reply<xcb_get_geometry_reply_t> size(
-        xcb_get_geometry_reply(x_.get(), size_question, nullptr));
+        xcb_get_geometry_reply(x_server(), size_question, nullptr));
     const Reply<xcb_translate_coordinates_reply_t> corner(
-        xcb_translate_coordinates_reply(x_.get(), corner_question, nullptr));
-    return size && corner ? QRect(corner->dst_x, corner->dst_y, size->width, size->height)
-                          : QRect();
+        xcb_translate_coordinates_reply(x_server(), corner_question, nullptr));
+    if (!size || !corner)
+        return {};
+    return {corner->dst_x, corner->dst_y, size->width, size->height};
 }
 
-bool Screen::is_fullscreen(xcb_window_t id) const {
-    xcb_ewmh_get_atoms_reply_t states{};
-    const auto question = xcb_ewmh_get_wm_state(&names_, id);
-    if (xcb_ewmh_get_wm_state_reply(&names_, question, &states, nullptr) == 0)
-        return false;
-    const auto count = std::ranges::count(std::span(states.atoms, states.atoms_len),
-                                          names_._NET_WM_STATE_FULLSCREEN);
-    xcb_ewmh_get_atoms_reply_wipe(&states);
-    return count > 0;
-}
-
-bool Screen::has_popup_of(qint64 process) const {
-    const Reply<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(x_.get(), xcb_query_tree(x_.get(), x_.root()), nullptr));
-    if (!tree)
-        return false;
-    const std::span all(xcb_query_tree_children(tree.get()), tree->children_len);
-    return std::ranges::any_of(
-        all, [&](xcb_window_t id) { return is_popup(id) && belongs_to(id, process); });
+Window look_at(xcb_window_t window) {
+    const auto title = property<char>(window, "_NET_WM_NAME");
+    return {.id = window,
+            .title = {title.begin(), title.end()},
+            .place = place_of(window),
+            .is_active = has(property<xcb_window_t>(root_window(), "_NET_ACTIVE_WINDOW"), window),
+            .is_fullscreen = has(property<xcb_atom_t>(window, "_NET_WM_STATE"),
+                                 atom("_NET_WM_STATE_FULLSCREEN"))};
 }
 
 /// The window manager leaves menus and drop-down lists alone.
-bool Screen::is_popup(xcb_window_t id) const {
-    const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-        x_.get(), xcb_get_window_attributes(x_.get(), id), nullptr));
+bool is_popup(xcb_window_t window) {
+    const auto question = xcb_get_window_attributes(x_server(), window);
+    const Reply<xcb_get_window_attributes_reply_t> attributes(
+        xcb_get_window_attributes_reply(x_server(), question, nullptr));
     return attributes && attributes->override_redirect != 0 &&
            attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
-xcb_window_t Screen::active_window() const {
-    xcb_window_t active = XCB_NONE;
-    const auto question = xcb_ewmh_get_active_window(&names_, 0);
-    xcb_ewmh_get_active_window_reply(&names_, question, &active, nullptr);
-    return active;
+} // namespace
+
+std::vector<Window> windows_of(qint64 process) {
+    std::vector<Window> found;
+    for (const auto window : property<xcb_window_t>(root_window(), "_NET_CLIENT_LIST_STACKING"))
+        if (belongs_to(window, process))
+            found.push_back(look_at(window));
+    return found;
 }
 
-void Screen::ask_to_close(const ScreenWindow& window) {
-    xcb_ewmh_request_close_window(&names_, 0, window.id, XCB_CURRENT_TIME,
-                                  XCB_EWMH_CLIENT_SOURCE_TYPE_OTHER);
-    x_.finish();
+bool has_popup_of(qint64 process) {
+    const Reply<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(x_server(), xcb_query_tree(x_server(), root_window()), nullptr));
+    if (!tree)
+        return false;
+    const auto* const first = xcb_query_tree_children(tree.get());
+    return std::any_of(first, first + tree->children_len, [&](xcb_window_t window) {
+        return is_popup(window) && belongs_to(window, process);
+    });
 }
 
-QImage Screen::pixels(const QRect& area) const {
-    const QRect seen = area & QRect(QPoint(), size());
-    const auto question = xcb_get_image(
-        x_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, x_.root(), static_cast<std::int16_t>(seen.x()),
-        static_cast<std::int16_t>(seen.y()), static_cast<std::uint16_t>(seen.width()),
-        static_cast<std::uint16_t>(seen.height()), ~0U);
-    const Reply<xcb_get_image_reply_t> reply(xcb_get_image_reply(x_.get(), question, nullptr));
-    if (!reply)
-        return {};
-    const QImage shared(xcb_get_image_data(reply.get()), seen.width(), seen.height(),
-                        qsizetype{seen.width()} * 4, QImage::Format_RGB32);
-    return shared.copy();
+void ask_to_close(const Window& window) {
+    constexpr std::uint32_t asked_by_a_pager = 2;
+    xcb_client_message_event_t request{};
+    request.response_type = XCB_CLIENT_MESSAGE;
+    request.format = 32;
+    request.window = window.id;
+    request.type = atom("_NET_CLOSE_WINDOW");
+    request.data.data32[1] = asked_by_a_pager;
+    xcb_send_event(x_server(), 0, root_window(), XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&request));
+    finish_requests();
 }
 
-QColor Screen::colour_at(const QPoint& point) const {
-    const QImage image = pixels(QRect(point, QSize(1, 1)));
-    return image.isNull() ? QColor() : image.pixelColor(0, 0);
+QRect whole() {
+    return QGuiApplication::primaryScreen()->geometry();
 }
 
-} // namespace lookfar::driven
+QColor colour_at(const QPoint& point) {
+    const QPixmap pixel =
+        QGuiApplication::primaryScreen()->grabWindow(0, point.x(), point.y(), 1, 1);
+    return pixel.isNull() ? QColor() : pixel.toImage().pixelColor(0, 0);
+}
+
+} // namespace lookfar::driven::screen

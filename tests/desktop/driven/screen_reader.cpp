@@ -5,7 +5,6 @@
 #include <atspi/atspi.h>
 
 #include <algorithm>
-#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -13,28 +12,18 @@ namespace lookfar::driven {
 
 namespace {
 
-struct Unreferenced {
-    void operator()(void* object) const { g_object_unref(object); }
-};
+constexpr const char* announcement = "object:announcement";
 
-struct Freed {
-    void operator()(void* memory) const { g_free(memory); }
-};
-
+/// Takes an object of the library over.
 template <class Object>
-using Reference = std::unique_ptr<Object, Unreferenced>;
-
-/// Takes over a text that the bus gave; empty where it gave none.
-std::string taken(gchar* text) {
-    const std::unique_ptr<gchar, Freed> owned(text);
-    return owned ? owned.get() : std::string();
+std::shared_ptr<Object> owned(Object* object) {
+    return {object, [](Object* own) { g_clear_object(&own); }};
 }
 
-std::shared_ptr<AtspiAccessible> shared(AtspiAccessible* accessible) {
-    return {accessible, [](AtspiAccessible* own) {
-                if (own)
-                    g_object_unref(own);
-            }};
+/// Takes a text of the library over; empty where it gave none.
+std::string taken(gchar* text) {
+    const std::unique_ptr<gchar, decltype(&g_free)> own(text, g_free);
+    return own ? own.get() : std::string();
 }
 
 /// The address that is in force now. The library would rather take one that an earlier session
@@ -63,47 +52,31 @@ std::string Element::name() const {
 }
 
 std::string Element::text() const {
-    const Reference<AtspiText> text(atspi_accessible_get_text_iface(accessible_.get()));
+    const auto text = owned(atspi_accessible_get_text_iface(accessible_.get()));
     return text ? taken(atspi_text_get_text(text.get(), 0, -1, nullptr)) : std::string();
+}
+
+std::string Element::description() const {
+    const std::string field = role() == "text" ? " holding '" + text() + "'" : "";
+    return role() + " '" + name() + "'" + field;
 }
 
 bool Element::reads(std::string_view beginning) const {
     return name().starts_with(beginning) || text().starts_with(beginning);
 }
 
-bool Element::has_state(int state) const {
-    const Reference<AtspiStateSet> states(atspi_accessible_get_state_set(accessible_.get()));
+bool Element::is(State state) const {
+    const auto states = owned(atspi_accessible_get_state_set(accessible_.get()));
     return states &&
            atspi_state_set_contains(states.get(), static_cast<AtspiStateType>(state)) != FALSE;
 }
 
-bool Element::is_showing() const {
-    return has_state(ATSPI_STATE_SHOWING);
-}
-
-bool Element::is_checked() const {
-    return has_state(ATSPI_STATE_CHECKED);
-}
-
-bool Element::is_selected() const {
-    return has_state(ATSPI_STATE_SELECTED);
-}
-
-bool Element::is_focused() const {
-    return has_state(ATSPI_STATE_FOCUSED);
-}
-
-bool Element::belongs_to(qint64 process) const {
-    return atspi_accessible_get_process_id(accessible_.get(), nullptr) == process;
-}
-
 QRect Element::place() const {
-    const Reference<AtspiComponent> component(
-        atspi_accessible_get_component_iface(accessible_.get()));
+    const auto component = owned(atspi_accessible_get_component_iface(accessible_.get()));
     if (!component)
         return {};
-    const std::unique_ptr<AtspiRect, Freed> place(
-        atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, nullptr));
+    const std::unique_ptr<AtspiRect, decltype(&g_free)> place(
+        atspi_component_get_extents(component.get(), ATSPI_COORD_TYPE_SCREEN, nullptr), g_free);
     return place ? QRect(place->x, place->y, place->width, place->height) : QRect();
 }
 
@@ -112,46 +85,68 @@ std::vector<Element> Element::children() const {
     const int count = atspi_accessible_get_child_count(accessible_.get(), nullptr);
     for (int index = 0; index < count; ++index)
         if (auto child =
-                shared(atspi_accessible_get_child_at_index(accessible_.get(), index, nullptr)))
+                owned(atspi_accessible_get_child_at_index(accessible_.get(), index, nullptr)))
             found.emplace_back(std::move(child));
     return found;
 }
 
 std::vector<Element> Element::all_showing() const {
-    std::vector<Element> found;
-    add_showing(found);
+    if (!is(State::showing))
+        return {};
+    std::vector found{*this};
+    for (const Element& child : children())
+        std::ranges::move(child.all_showing(), std::back_inserter(found));
     return found;
 }
 
-void Element::add_showing(std::vector<Element>& found) const {
-    if (!is_showing())
-        return;
-    found.push_back(*this);
-    for (const Element& child : children())
-        child.add_showing(found);
-}
-
-std::optional<Element> Element::find(std::string_view role, std::string_view beginning) const {
-    const std::vector<Element> all = all_showing();
-    const auto found = std::ranges::find_if(all, [&](const Element& element) {
-        return element.reads(beginning) && (role.empty() || element.role() == role);
-    });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+bool Element::belongs_to(qint64 process) const {
+    return atspi_accessible_get_process_id(accessible_.get(), nullptr) == process;
 }
 
 ScreenReader::ScreenReader() {
     qputenv("AT_SPI_BUS_ADDRESS", accessibility_bus_address());
     atspi_init();
+    listener_ = owned(atspi_event_listener_new(take, this, nullptr));
+    if (!atspi_event_listener_register(listener_.get(), announcement, nullptr))
+        throw std::runtime_error("The accessibility bus tells no announcements.");
+}
+
+ScreenReader::~ScreenReader() {
+    atspi_event_listener_deregister(listener_.get(), announcement, nullptr);
 }
 
 std::vector<Element> ScreenReader::windows_of(qint64 process) const {
     std::vector<Element> found;
-    for (const Element& program : Element(shared(atspi_get_desktop(0))).children()) {
-        if (!program.belongs_to(process))
-            continue;
-        std::ranges::copy_if(program.children(), std::back_inserter(found), &Element::is_showing);
-    }
+    for (const Element& program : Element(owned(atspi_get_desktop(0))).children())
+        if (program.belongs_to(process))
+            std::ranges::copy_if(program.children(), std::back_inserter(found),
+                                 [](const Element& window) { return window.is(State::showing); });
     return found;
+}
+
+void ScreenReader::take(AtspiEvent* event, void* reader) {
+    if (G_VALUE_HOLDS_STRING(&event->any_data))
+        static_cast<ScreenReader*>(reader)->told_.push_back(
+            {.text = g_value_get_string(&event->any_data),
+             .politeness = Politeness{event->detail1}});
+    g_boxed_free(ATSPI_TYPE_EVENT, event);
+}
+
+void ScreenReader::listen() {
+    while (g_main_context_iteration(nullptr, FALSE) != FALSE) {
+    }
+}
+
+bool ScreenReader::was_told(std::string_view beginning, Politeness politeness) {
+    listen();
+    return std::ranges::any_of(told_, [&](const Told& each) {
+        return each.text.starts_with(beginning) && each.politeness == politeness;
+    });
+}
+
+void ScreenReader::forget() {
+    listen();
+    told_.clear();
 }
 
 } // namespace lookfar::driven

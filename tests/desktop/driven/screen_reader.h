@@ -3,16 +3,21 @@
 #include <QRect>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// The library names it so.
-// NOLINTNEXTLINE(readability-identifier-naming)
+// The library names them so.
+// NOLINTBEGIN(readability-identifier-naming)
 struct _AtspiAccessible;
+struct _AtspiEvent;
+struct _AtspiEventListener;
+// NOLINTEND(readability-identifier-naming)
 
 namespace lookfar::driven {
+
+/// How a thing is, numbered as on the accessibility bus.
+enum class State { checked = 4, focused = 12, selected = 23, showing = 25 };
 
 /// A thing on the screen as assistive technology tells it to its user. It is asked anew at every
 /// question; one that has gone has no texts, no states and no children.
@@ -25,42 +30,55 @@ class Element {
     std::string name() const;
     /// What an input field holds.
     std::string text() const;
-
+    /// Role and name, and the text of an input field.
+    std::string description() const;
     /// Whether its name or its text begins so.
     bool reads(std::string_view beginning) const;
 
-    bool is_showing() const;
-    bool is_checked() const;
-    bool is_selected() const;
-    bool is_focused() const;
-
-    bool belongs_to(qint64 process) const;
-
+    bool is(State state) const;
     /// In pixels of the screen.
     QRect place() const;
 
-    std::vector<Element> children() const;
     /// Itself and everything inside it that shows, each before its own children.
     std::vector<Element> all_showing() const;
-    /// The first one showing of that role whose name or text begins so; every role fits an empty
-    /// one.
-    std::optional<Element> find(std::string_view role, std::string_view beginning) const;
+    std::vector<Element> children() const;
+
+    bool belongs_to(qint64 process) const;
 
   private:
-    bool has_state(int state) const;
-    void add_showing(std::vector<Element>& found) const;
-
     std::shared_ptr<_AtspiAccessible> accessible_;
 };
 
-/// Reads a program's windows through the accessibility bus of the session.
+/// How a screen reader tells a text unasked: once it has finished what it says, or at once.
+enum class Politeness { waits = 1, interrupts = 2 };
+
+/// Reads a program's windows through the accessibility bus of the session, and hears what is told
+/// unasked there.
 class ScreenReader {
   public:
-    /// Throws std::runtime_error where the session has no accessibility bus.
     ScreenReader();
+    ScreenReader(const ScreenReader&) = delete;
+    ScreenReader& operator=(const ScreenReader&) = delete;
+    ~ScreenReader();
 
-    /// The windows, menus and boxes of the process that show.
+    /// The windows and boxes of the process that show.
     std::vector<Element> windows_of(qint64 process) const;
+
+    /// Whether a text that begins so was told since the last `forget`.
+    bool was_told(std::string_view beginning, Politeness politeness);
+    void forget();
+
+  private:
+    struct Told {
+        std::string text;
+        Politeness politeness;
+    };
+
+    void listen();
+    static void take(_AtspiEvent* event, void* reader);
+
+    std::vector<Told> told_;
+    std::shared_ptr<_AtspiEventListener> listener_;
 };
 
 } // namespace lookfar::driven
