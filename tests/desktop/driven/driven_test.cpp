@@ -103,33 +103,30 @@ std::vector<Element> DrivenTest::elements(const std::string& title) const {
     return found;
 }
 
-std::optional<Element> DrivenTest::look_for(const std::string& title, std::string_view role,
+std::optional<Element> DrivenTest::look_for(const std::string& title,
                                             std::string_view beginning) const {
     const auto all = elements(title);
-    const auto found = std::ranges::find_if(all, [&](const Element& element) {
-        return element.reads(beginning) && (role.empty() || element.role() == role);
-    });
+    const auto found = std::ranges::find_if(
+        all, [&](const Element& element) { return element.description().starts_with(beginning); });
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
-Element DrivenTest::find(const std::string& title, std::string_view role,
-                         std::string_view beginning) const {
+Element DrivenTest::find(const std::string& title, std::string_view beginning) const {
     std::optional<Element> found;
-    comes_true([&] { return (found = look_for(title, role, beginning)).has_value(); });
+    comes_true([&] { return (found = look_for(title, beginning)).has_value(); });
     if (!found)
-        throw std::runtime_error("There is no " + std::string(role) + " '" +
-                                 std::string(beginning) + "' in '" + title + "'.");
+        throw std::runtime_error("There is no " + std::string(beginning) + " in " + title);
     return *found;
 }
 
 QPoint DrivenTest::picture(const std::string& title) const {
-    return find(title, role::picture, "Camera picture").place().center();
+    return find(title, "image 'Camera picture'").place().center();
 }
 
 bool DrivenTest::comes_up(const std::string& title) const {
     return comes_true([&] {
         const auto found = window(title);
-        const auto read = look_for(title, role::window, title);
+        const auto read = look_for(title, "frame '" + title);
         return found && found->is_active && read && read->place() == found->place;
     });
 }
@@ -138,28 +135,35 @@ bool DrivenTest::goes(const std::string& title) const {
     return comes_true([&] { return !window(title); });
 }
 
-bool DrivenTest::comes_to_read(const std::string& title, std::string_view role,
-                               std::string_view beginning) const {
-    return comes_true([&] { return look_for(title, role, beginning).has_value(); });
+bool DrivenTest::comes_to_read(const std::string& title, std::string_view beginning) const {
+    return comes_true([&] { return look_for(title, beginning).has_value(); });
 }
 
-bool DrivenTest::stops_reading(const std::string& title, std::string_view role,
-                               std::string_view beginning) const {
-    return comes_true([&] { return !look_for(title, role, beginning); });
+bool DrivenTest::stops_reading(const std::string& title, std::string_view beginning) const {
+    return comes_true([&] { return !look_for(title, beginning); });
+}
+
+bool DrivenTest::comes_to_be(State state, const std::string& title,
+                             std::string_view beginning) const {
+    return comes_true([&] { return find(title, beginning).is(state); });
+}
+
+bool DrivenTest::stops_being(State state, const std::string& title,
+                             std::string_view beginning) const {
+    return comes_true([&] { return !find(title, beginning).is(state); });
 }
 
 bool DrivenTest::opens_a_menu() const {
     return comes_true([this] { return screen::has_popup_of(program.processId()); });
 }
 
-void DrivenTest::click(const std::string& title, std::string_view role,
-                       std::string_view beginning) {
-    hands.click(find(title, role, beginning).place().center());
+void DrivenTest::click(const std::string& title, std::string_view beginning) {
+    hands.click(find(title, beginning).place().center());
 }
 
-void DrivenTest::fill_in(const std::string& title, std::string_view beginning,
+void DrivenTest::fill_in(const std::string& title, const std::string& box,
                          const std::string& text) {
-    const Element entry = find(title, role::entry, beginning);
+    const Element entry = find(title, "text '" + box + "'");
     // Arrows may lie over the left half; two clicks select all that stands there.
     const QRect place = entry.place();
     hands.double_click({place.center().x() + place.width() / 4, place.center().y()});

@@ -37,20 +37,6 @@ inline constexpr const char* removal_question = "Remove Skyglass";
 inline constexpr const char* overwrite_question = "Lookfar";
 } // namespace title
 
-/// The roles of things, as the accessibility bus words them.
-namespace role {
-inline constexpr const char* any = "";
-inline constexpr const char* window = "frame";
-inline constexpr const char* button = "push button";
-inline constexpr const char* check_box = "check box";
-inline constexpr const char* selector = "combo box";
-inline constexpr const char* entry = "text";
-inline constexpr const char* label = "label";
-inline constexpr const char* list_item = "list item";
-inline constexpr const char* picture = "image";
-inline constexpr const char* link = "link";
-} // namespace role
-
 namespace colour {
 inline constexpr QColor red(200, 40, 40);
 inline constexpr QColor green(40, 160, 60);
@@ -93,25 +79,26 @@ class DrivenTest : public ::testing::Test {
     std::optional<screen::Window> window(const std::string& title) const;
     /// Everything that shows in the windows of that title.
     std::vector<Element> elements(const std::string& title) const;
-    /// The first thing of that role in the window whose name or text begins so, once it shows.
-    /// Throws where it never does.
-    Element find(const std::string& title, std::string_view role, std::string_view beginning) const;
+    /// The first thing in the window whose description begins so, once it shows. Throws where it
+    /// never does.
+    Element find(const std::string& title, std::string_view beginning) const;
     /// The middle of the camera's picture.
     QPoint picture(const std::string& title) const;
+    std::string selected_camera() const { return find(title::main_window, "combo box").name(); }
 
     bool comes_up(const std::string& title) const;
     bool goes(const std::string& title) const;
-    bool comes_to_read(const std::string& title, std::string_view role,
-                       std::string_view beginning) const;
-    bool stops_reading(const std::string& title, std::string_view role,
-                       std::string_view beginning) const;
+    bool comes_to_read(const std::string& title, std::string_view beginning) const;
+    bool stops_reading(const std::string& title, std::string_view beginning) const;
+    bool comes_to_be(State state, const std::string& title, std::string_view beginning) const;
+    bool stops_being(State state, const std::string& title, std::string_view beginning) const;
     bool opens_a_menu() const;
 
     // What the user does.
 
-    void click(const std::string& title, std::string_view role, std::string_view beginning);
-    /// Replaces what stands in a text box. Throws where that does not take it.
-    void fill_in(const std::string& title, std::string_view beginning, const std::string& text);
+    void click(const std::string& title, std::string_view beginning);
+    /// Replaces what stands in the text box of that name. Throws where that does not take it.
+    void fill_in(const std::string& title, const std::string& box, const std::string& text);
     void close(const std::string& title) const;
 
     // The tests' own Qt application.
@@ -127,8 +114,7 @@ class DrivenTest : public ::testing::Test {
     QProcess program;
 
   private:
-    std::optional<Element> look_for(const std::string& title, std::string_view role,
-                                    std::string_view beginning) const;
+    std::optional<Element> look_for(const std::string& title, std::string_view beginning) const;
     void tell_what_all_windows_read() const;
 };
 

@@ -16,43 +16,43 @@ class ErrorDisplay : public DrivenTest {
 };
 
 TEST_F(ErrorDisplay, TellsOfACameraThatIsGoneUntilItIsBack) {
-    const QRect area = find(title::main_window, role::picture, "Camera picture").place();
+    const QRect area = find(title::main_window, "image 'Camera picture'").place();
     const QPoint edge = area.center() + QPoint(0, area.height() / 3);
     ASSERT_TRUE(comes_to_show(edge, colour::red));
 
     const auto port = cameras->port();
     cameras.reset();
-    click(title::main_window, role::button, "Reload");
-    EXPECT_TRUE(comes_to_read(title::main_window, role::any, "Error #7"));
-    EXPECT_TRUE(comes_to_read(title::main_window, role::any, "Failed to connect to 127.0.0.1"));
-    EXPECT_TRUE(stops_reading(title::main_window, role::picture, "Camera picture"));
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(comes_to_read(title::main_window, "label 'Error #7"));
+    EXPECT_TRUE(comes_to_read(title::main_window, "label 'Failed to connect to 127.0.0.1"));
+    EXPECT_TRUE(stops_reading(title::main_window, "image 'Camera picture'"));
     EXPECT_TRUE(comes_to_show(edge, colour::black));
 
     cameras.emplace(port);
     cameras->answer("/Harbour", showing(colour::blue));
-    click(title::main_window, role::button, "Reload");
-    EXPECT_TRUE(stops_reading(title::main_window, role::any, "Error #"));
-    EXPECT_TRUE(stops_reading(title::main_window, role::any, "Failed to connect"));
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(stops_reading(title::main_window, "label 'Error #"));
+    EXPECT_TRUE(stops_reading(title::main_window, "label 'Failed to connect"));
     EXPECT_TRUE(comes_to_show(edge, colour::blue));
 }
 
 TEST_F(ErrorDisplay, BlinksOverATestCardInFullscreen) {
-    constexpr const char* test_card = "Test card: no picture can be had";
+    constexpr const char* test_card = "image 'Test card: no picture can be had'";
     fill_in(title::main_window, "Seconds until Refresh", "1");
     hands.double_click(picture(title::main_window));
     ASSERT_TRUE(comes_up(title::fullscreen_window));
     cameras->answer("/Harbour", [](const demo::Request&) { return demo::status_page(503); });
-    EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::picture, test_card));
-    EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::any,
-                              "The camera's answer is not a picture."));
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, test_card));
+    EXPECT_TRUE(
+        comes_to_read(title::fullscreen_window, "label 'The camera's answer is not a picture."));
     for (int count = 0; count < 2; ++count) {
-        EXPECT_TRUE(comes_to_read(title::fullscreen_window, role::any, "Error #481"));
-        EXPECT_TRUE(stops_reading(title::fullscreen_window, role::any, "Error #481"));
+        EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label 'Error #481"));
+        EXPECT_TRUE(stops_reading(title::fullscreen_window, "label 'Error #481"));
     }
 
-    hands.double_click(find(title::fullscreen_window, role::picture, test_card).place().center());
+    hands.double_click(find(title::fullscreen_window, test_card).place().center());
     ASSERT_TRUE(comes_up(title::main_window));
-    EXPECT_TRUE(comes_to_read(title::main_window, role::any, "Error #481"));
+    EXPECT_TRUE(comes_to_read(title::main_window, "label 'Error #481"));
     cameras->answer("/Harbour", showing(colour::green));
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
 }

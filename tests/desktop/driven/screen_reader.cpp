@@ -43,10 +43,6 @@ QByteArray accessibility_bus_address() {
 Element::Element(std::shared_ptr<AtspiAccessible> accessible)
     : accessible_(std::move(accessible)) {}
 
-std::string Element::role() const {
-    return taken(atspi_accessible_get_role_name(accessible_.get(), nullptr));
-}
-
 std::string Element::name() const {
     return taken(atspi_accessible_get_name(accessible_.get(), nullptr));
 }
@@ -57,12 +53,9 @@ std::string Element::text() const {
 }
 
 std::string Element::description() const {
-    const std::string field = role() == "text" ? " holding '" + text() + "'" : "";
-    return role() + " '" + name() + "'" + field;
-}
-
-bool Element::reads(std::string_view beginning) const {
-    return name().starts_with(beginning) || text().starts_with(beginning);
+    const auto role = taken(atspi_accessible_get_role_name(accessible_.get(), nullptr));
+    const std::string content = role == "text" ? " holding '" + text() + "'" : "";
+    return role + " '" + name() + "'" + content;
 }
 
 bool Element::is(State state) const {
@@ -126,9 +119,8 @@ std::vector<Element> ScreenReader::windows_of(qint64 process) const {
 
 void ScreenReader::take(AtspiEvent* event, void* reader) {
     if (G_VALUE_HOLDS_STRING(&event->any_data))
-        static_cast<ScreenReader*>(reader)->told_.push_back(
-            {.text = g_value_get_string(&event->any_data),
-             .politeness = Politeness{event->detail1}});
+        static_cast<ScreenReader*>(reader)->told_.emplace_back(g_value_get_string(&event->any_data),
+                                                               Politeness{event->detail1});
     g_boxed_free(ATSPI_TYPE_EVENT, event);
 }
 
@@ -139,8 +131,8 @@ void ScreenReader::listen() {
 
 bool ScreenReader::was_told(std::string_view beginning, Politeness politeness) {
     listen();
-    return std::ranges::any_of(told_, [&](const Told& each) {
-        return each.text.starts_with(beginning) && each.politeness == politeness;
+    return std::ranges::any_of(told_, [&](const auto& each) {
+        return each.first.starts_with(beginning) && each.second == politeness;
     });
 }
 

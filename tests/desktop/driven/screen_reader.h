@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 // The library names them so.
@@ -25,15 +26,12 @@ class Element {
   public:
     explicit Element(std::shared_ptr<_AtspiAccessible> accessible);
 
-    /// As the accessibility bus words it, such as "push button".
-    std::string role() const;
     std::string name() const;
     /// What an input field holds.
     std::string text() const;
-    /// Role and name, and the text of an input field.
+    /// Role and name, and what an input field holds, as in "push button 'Ok'" or
+    /// "text 'Seconds' holding '10'". The bus has its own words for the roles.
     std::string description() const;
-    /// Whether its name or its text begins so.
-    bool reads(std::string_view beginning) const;
 
     bool is(State state) const;
     /// In pixels of the screen.
@@ -69,15 +67,10 @@ class ScreenReader {
     void forget();
 
   private:
-    struct Told {
-        std::string text;
-        Politeness politeness;
-    };
-
     void listen();
     static void take(_AtspiEvent* event, void* reader);
 
-    std::vector<Told> told_;
+    std::vector<std::pair<std::string, Politeness>> told_;
     std::shared_ptr<_AtspiEventListener> listener_;
 };
 

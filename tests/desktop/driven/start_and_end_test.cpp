@@ -13,13 +13,13 @@ TEST_F(Start, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
     cameras->answer("/Harbour", held_back(showing(colour::red), let_go));
     write_list({"Harbour"});
     launch();
-    EXPECT_TRUE(comes_to_read(title::splash_window, role::any, "Loading..."));
-    EXPECT_TRUE(comes_to_read(title::splash_window, role::any, "ding...")) << "the text runs";
-    const Element splash = find(title::splash_window, role::window, title::splash_window);
+    EXPECT_TRUE(comes_to_read(title::splash_window, "label 'Loading..."));
+    EXPECT_TRUE(comes_to_read(title::splash_window, "label 'ding...")) << "the text runs";
+    const Element splash = find(title::splash_window, "frame");
     EXPECT_EQ(splash.place().size(), QSize(320, 240));
     const QPoint off_centre = splash.place().center() - screen::whole().center();
     EXPECT_LE(off_centre.manhattanLength(), 2);
-    EXPECT_TRUE(comes_to_read(title::splash_window, role::picture, "Lookfar"));
+    EXPECT_TRUE(comes_to_read(title::splash_window, "image 'Lookfar'"));
     EXPECT_EQ(elements(title::splash_window).size(), 3U) << "window, text and picture";
     ASSERT_TRUE(comes_true([this] { return cameras->requests() == 1; }));
     EXPECT_EQ(windows().size(), 1U);
@@ -28,8 +28,8 @@ TEST_F(Start, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
     ASSERT_TRUE(comes_up(title::main_window));
     EXPECT_EQ(windows().size(), 1U) << "the splash window is gone";
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::red));
-    EXPECT_TRUE(comes_to_read(title::main_window, role::any, "Screenshot taken: "));
-    EXPECT_TRUE(comes_to_read(title::main_window, role::selector, "Harbour"));
+    EXPECT_TRUE(comes_to_read(title::main_window, "status bar 'Screenshot taken: "));
+    EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour"));
     EXPECT_LT(window(title::main_window)->place.topLeft().manhattanLength(), 50)
         << "the frame is in the corner of the screen";
 }
@@ -42,7 +42,7 @@ TEST_F(Start, MakesAListInAnEmptyFolder) {
     EXPECT_EQ(lookfar::testing::content_of("Cams.inf"),
               "Eiffeltower\r\nhttp://" LOOKFAR_DEFAULT_CAMERA_HOST
               "/eiffel1.jpg?1011467343523\r\n");
-    EXPECT_TRUE(comes_to_read(title::main_window, role::selector, "Eiffeltower"));
+    EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Eiffeltower"));
     EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
 }
 
@@ -51,7 +51,7 @@ TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
     start({"Harbour"});
     EXPECT_TRUE(lookfar::testing::exists("data.dat"));
     cameras->answer("/Harbour", demo::stall());
-    click(title::main_window, role::button, "Reload");
+    click(title::main_window, "push button 'Reload'");
     ASSERT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
     close(title::main_window);
     expect_good_end();
