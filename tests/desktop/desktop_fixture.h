@@ -1,16 +1,18 @@
 #pragma once
 
 #include "desktop/desktop_platform.h"
+#include "desktop/waiting.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
 #include "runtime/controls/control.h"
 #include "runtime/form.h"
+#include "runtime/pictures/picture_decoder.h"
 #include "runtime/runtime.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QImage>
 #include <QPixmap>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -28,19 +30,13 @@ class DesktopTest : public testing::Test {
         form.Show();
         if (!QTest::qWaitForWindowActive(&window(form)))
             throw std::runtime_error("The window doesn't become active.");
-        settle();
     }
 
-    /// Lets everything be shown that is due to be.
-    static void settle() {
-        constexpr int enough_milliseconds = 30;
-        QTest::qWait(enough_milliseconds);
-    }
-
-    template <class Condition>
-    static bool comes_true(Condition condition) {
-        constexpr int longest_milliseconds = 5000;
-        return QTest::qWaitFor(condition, longest_milliseconds);
+    /// Lets the message loop do all that it had to do when this was called.
+    void let_loop_come_round() {
+        bool has_come_round = false;
+        platform.post([&] { has_come_round = true; });
+        platform.wait_until([&] { return has_come_round; });
     }
 
     WindowView& window(const Form& form) {
@@ -70,22 +66,28 @@ class DesktopTest : public testing::Test {
     Runtime runtime{platform};
 };
 
-/// A picture of one colour.
-inline PictureReference plain_picture(int width, int height, std::uint8_t red, std::uint8_t green,
-                                      std::uint8_t blue) {
-    const int stride = stride_of(width);
-    const auto count = static_cast<std::size_t>(stride) * static_cast<std::size_t>(height);
-    auto bytes = std::make_shared<std::uint8_t[]>(count);
-    for (int row = 0; row < height; ++row)
-        for (int column = 0; column < width; ++column) {
-            std::uint8_t* const first =
-                &bytes[std::ptrdiff_t{row} * stride + std::ptrdiff_t{column} * 3];
-            first[0] = red;
-            first[1] = green;
-            first[2] = blue;
-        }
-    return std::make_shared<Picture>(
-        Pixels{.width = width, .height = height, .stride = stride, .bytes = bytes, .opacity = {}});
+/// A picture of exactly these pixels.
+inline PictureReference picture_of(const QImage& image) {
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    image.save(&file, "png");
+    return PictureDecoder().decode({file.data().begin(), file.data().end()});
+}
+
+inline PictureReference plain_picture(int width, int height, const QColor& colour) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(colour);
+    return picture_of(image);
+}
+
+/// The smallest rectangle that holds every pixel that is not black.
+inline QRect lit_rectangle(const QImage& image) {
+    QRect lit;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if ((image.pixel(x, y) & 0xFFFFFFU) != 0)
+                lit |= QRect(x, y, 1, 1);
+    return lit;
 }
 
 } // namespace lookfar::desktop

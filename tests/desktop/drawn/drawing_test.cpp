@@ -4,9 +4,9 @@
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
+#include "support/pictures.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace lookfar::desktop {
@@ -14,178 +14,156 @@ namespace {
 
 const FormDesign black_form{.Client = {3000, 3000}, .BackColor = colour::black};
 
-class DrawingTest : public DesktopTest {};
+using DrawingTest = DesktopTest;
 
 /// Back to front: a red picture, a tint over its right half, a green rectangle over its lower
 /// half, a label in the corner of them all.
-class LayersForm : public Form {
-  public:
-    explicit LayersForm(Runtime& host)
-        : Form(host, {.Client = {3000, 3000}, .BackColor = colour::black}) {
-        Image1.Picture = plain_picture(20, 20, 0xC0, 0x10, 0x20);
-    }
+class LayersTest : public DesktopTest {
+  protected:
+    LayersTest() { show(form); }
 
-    Label Label1{*this, {.At = {2250, 2250, 600, 600}, .BackColor = 0x00FF8000}};
-    Shape Shape1{*this,
+    Form form{runtime, black_form};
+    Label Label1{form, {.At = {2250, 2250, 600, 600}, .BackColor = 0x00FF8000}};
+    Shape Shape1{form,
                  {.At = {0, 1500, 3000, 1350},
                   .Border = BorderStyle::transparent,
                   .Fill = FillStyle::solid,
                   .FillColor = 0x0000FF00}};
-    Shape Tint{*this,
+    Shape Tint{form,
                {.At = {1500, 0, 1500, 3000},
                 .DrawMode = DrawMode::merge_pen,
                 .Border = BorderStyle::transparent,
                 .Fill = FillStyle::solid,
                 .FillColor = 0x00400F0F}};
-    Image Image1{*this, {.At = {0, 0, 3000, 3000}, .Stretch = true}};
+    Image Image1{form,
+                 {.Picture = plain_picture(20, 20, QColor(0xC0, 0x10, 0x20)),
+                  .At = {0, 0, 3000, 3000},
+                  .Stretch = true}};
 };
 
-TEST_F(DrawingTest, ControlsAreDrawnBackToFrontAndTintsMergeBitByBit) {
-    LayersForm form(runtime);
-    show(form);
+TEST_F(LayersTest, ControlsAreDrawnBackToFrontAndTintsMergeBitByBit) {
     EXPECT_EQ(pixel(form, 50, 50), 0xC01020U);
     EXPECT_EQ(pixel(form, 150, 50), 0xC01020U | 0x0F0F40U);
     EXPECT_EQ(pixel(form, 50, 150), 0x00FF00U);
     EXPECT_EQ(pixel(form, 150, 130), 0x00FF00U);
     EXPECT_EQ(pixel(form, 170, 170), 0x0080FFU);
     EXPECT_EQ(pixel(form, 150, 195), 0xC01020U | 0x0F0F40U);
-    form.Tint.Visible = false;
-    form.Image1.Visible = false;
-    settle();
+    Tint.Visible = false;
+    Image1.Visible = false;
+    let_loop_come_round();
     EXPECT_EQ(pixel(form, 150, 50), 0x000000U);
 }
 
-TEST_F(DrawingTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
-    LayersForm form(runtime);
-    show(form);
+TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     const ScaledPictures& pictures = window(form).drawn().pictures();
     const int first = pictures.prepared();
     EXPECT_GE(first, 1);
-    form.Label1.BackColor = colour::white;
-    settle();
-    pixels(form);
+    Label1.BackColor = colour::white;
+    let_loop_come_round();
+    EXPECT_EQ(pixel(form, 170, 170), 0xFFFFFFU);
     EXPECT_EQ(pictures.prepared(), first);
 
-    const auto picture = form.Image1.Picture.get();
+    const auto picture = Image1.Picture.get();
     std::ranges::fill(picture->edit(), std::uint8_t{0x55});
-    form.Label1.BackColor = colour::black;
+    Label1.BackColor = colour::black;
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 1; }));
     EXPECT_EQ(pixel(form, 50, 50), 0x555555U);
 
-    form.Image1.Width = 1500;
+    Image1.Width = 1500;
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 2; }));
     EXPECT_EQ(pixel(form, 150, 20), 0x0F0F40U);
 
     form.Hide();
     std::ranges::fill(picture->edit(), std::uint8_t{0x66});
-    form.Image1.Width = 900;
-    settle();
+    Image1.Width = 900;
+    let_loop_come_round();
     EXPECT_EQ(pictures.prepared(), first + 2);
 }
 
+TEST_F(DrawingTest, APictureOfItsNaturalSizeIsShownPixelByPixel) {
+    const auto file = lookfar::testing::detailed_jpeg(321, 241);
+    const QImage picture = QImage::fromData(file.data(), static_cast<int>(file.size()));
+    Form form(runtime, {.Client = {6000, 4500}});
+    const Image shown(
+        form, {.Picture = picture_of(picture), .At = {60, 120, 4815, 3615}, .Stretch = true});
+    show(form);
+    EXPECT_TRUE(pixels(form).copy(4, 8, 321, 241).convertToFormat(picture.format()) == picture);
+}
+
 TEST_F(DrawingTest, TransparentPixelsLetWhatLiesBehindShineThrough) {
-    class ImageForm : public Form {
-      public:
-        explicit ImageForm(Runtime& host) : Form(host, black_form) {}
-        Image Image1{*this, {.At = {150, 150, 1, 1}}};
-    } form(runtime);
-    auto opaque = plain_picture(2, 1, 0xFF, 0, 0);
-    Pixels half{.width = 2,
-                .height = 1,
-                .stride = stride_of(2),
-                .bytes = std::make_shared<std::uint8_t[]>(8),
-                .opacity = std::make_shared<std::uint8_t[]>(2)};
-    std::ranges::copy(opaque->bytes(), half.bytes.get());
-    half.opacity[1] = 0xFF;
-    form.Image1.Picture = std::make_shared<Picture>(half);
+    QImage half(2, 1, QImage::Format_ARGB32);
+    half.setPixel(0, 0, qRgba(0xFF, 0, 0, 0));
+    half.setPixel(1, 0, qRgba(0xFF, 0, 0, 0xFF));
+    Form form(runtime, black_form);
+    const Image shown(form, {.Picture = picture_of(half), .At = {150, 150, 1, 1}});
     show(form);
     EXPECT_EQ(pixel(form, 10, 10), 0x000000U);
     EXPECT_EQ(pixel(form, 11, 10), 0xFF0000U);
 }
 
 TEST_F(DrawingTest, ShapesFillTheirForms) {
-    class ShapesForm : public Form {
-      public:
-        explicit ShapesForm(Runtime& host) : Form(host, black_form) {}
-        Line Line1{*this, {.X1 = 0, .Y1 = 2700, .X2 = 3000, .Y2 = 2700, .BorderColor = 0xFF}};
-        Shape Circle{*this,
-                     {.At = {0, 0, 3000, 1500},
-                      .Kind = ShapeKind::circle,
-                      .Fill = FillStyle::solid,
-                      .FillColor = colour::white}};
-        Shape Outline{*this, {.At = {0, 1500, 1500, 750}, .BorderColor = 0x00FF0000}};
-        Shape Oval{*this,
-                   {.At = {1500, 1500, 1500, 750},
-                    .Kind = ShapeKind::oval,
-                    .Fill = FillStyle::solid,
-                    .FillColor = colour::white}};
-    } form(runtime);
+    Form form(runtime, black_form);
+    const Line line(form, {.X1 = 0, .Y1 = 2700, .X2 = 3000, .Y2 = 2700, .BorderColor = 0xFF});
+    const Shape circle(form, {.At = {0, 0, 3000, 1500},
+                              .Kind = ShapeKind::circle,
+                              .Fill = FillStyle::solid,
+                              .FillColor = colour::white});
+    const Shape outline(form, {.At = {0, 1500, 1500, 750}, .BorderColor = 0x00FF0000});
+    const Shape oval(form, {.At = {1500, 1500, 1500, 750},
+                            .Kind = ShapeKind::oval,
+                            .Fill = FillStyle::solid,
+                            .FillColor = colour::white});
     show(form);
-    const QImage image = pixels(form);
-    const auto at = [&](int x, int y) { return image.pixel(x, y) & 0xFFFFFFU; };
-    EXPECT_EQ(at(100, 50), 0xFFFFFFU) << "inside the circle";
-    EXPECT_EQ(at(30, 50), 0x000000U) << "beside the circle";
-    EXPECT_EQ(at(50, 100), 0x0000FFU) << "upper edge of the rectangle";
-    EXPECT_EQ(at(99, 149), 0x0000FFU) << "lower right corner of the rectangle";
-    EXPECT_EQ(at(50, 125), 0x000000U) << "inside the rectangle";
-    EXPECT_EQ(at(105, 125), 0xFFFFFFU) << "left end of the oval";
-    EXPECT_EQ(at(103, 103), 0x000000U) << "corner of the oval";
-    EXPECT_EQ(at(100, 180), 0xFF0000U) << "on the line";
-    EXPECT_EQ(at(100, 182), 0x000000U) << "below the line";
-}
-
-/// The columns from first to last that hold a pixel other than black; an empty pair for none.
-std::pair<int, int> inked_columns(const QImage& image) {
-    std::pair<int, int> columns{image.width(), -1};
-    for (int x = 0; x < image.width(); ++x)
-        for (int y = 0; y < image.height(); ++y)
-            if ((image.pixel(x, y) & 0xFFFFFFU) != 0)
-                columns = {std::min(columns.first, x), x};
-    return columns;
+    const struct {
+        const char* where;
+        QPoint point;
+        unsigned colour = 0;
+    } cases[] = {
+        {"inside the circle", {100, 50}, 0xFFFFFF},
+        {"beside the circle", {30, 50}, 0x000000},
+        {"upper edge of the rectangle", {50, 100}, 0x0000FF},
+        {"lower right corner of the rectangle", {99, 149}, 0x0000FF},
+        {"inside the rectangle", {50, 125}, 0x000000},
+        {"left end of the oval", {105, 125}, 0xFFFFFF},
+        {"corner of the oval", {103, 103}, 0x000000},
+        {"on the line", {100, 180}, 0xFF0000},
+        {"below the line", {100, 182}, 0x000000},
+    };
+    for (const auto& [where, point, colour] : cases)
+        EXPECT_EQ(pixel(form, point.x(), point.y()), colour) << where;
 }
 
 TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
-    class LabelForm : public Form {
-      public:
-        LabelForm(Runtime& host, const Font& font)
-            : Form(host, {.Client = {9000, 3000}, .BackColor = colour::black}),
-              Label1(*this, {.At = {150, 150, 15, 15},
-                             .Back = BackStyle::transparent,
-                             .ForeColor = colour::white,
-                             .Font = font,
-                             .Sizing = LabelSizing::to_caption}) {}
-        Label Label1;
+    const struct {
+        Font font;
+        int pixel_size = 0;
+        float lines = 2;
+    } cases[] = {
+        {{.Size = 8.25F}, 11},
+        {{.Name = "Arial Black", .Size = 27.75F, .Italic = true}, 37},
+        {{.Name = "Courier New", .Size = 14.25F, .Bold = true, .Italic = true}, 19},
+        {{.Name = "Webdings", .Size = 12}, 16, 1},
     };
-    const std::array fonts{
-        Font{},
-        Font{.Name = "Arial Black", .Size = 27.75F, .Italic = true},
-        Font{.Name = "Courier New", .Size = 14.25F, .Bold = true, .Italic = true},
-        Font{.Name = "Webdings", .Size = 12},
-    };
-    for (const Font& font : fonts) {
-        LabelForm form(runtime, font);
-        form.Label1.Caption = std::string("4q3 of if");
+    for (const auto& [font, pixel_size, lines] : cases) {
+        SCOPED_TRACE(font.Name);
+        EXPECT_EQ(screen_font(font).pixelSize(), pixel_size);
+        Form form(runtime, {.Client = {9000, 3000}, .BackColor = colour::black});
+        Label label(form, {.At = {150, 150, 15, 15},
+                           .Back = BackStyle::transparent,
+                           .ForeColor = colour::white,
+                           .Font = font,
+                           .Sizing = LabelSizing::to_caption});
+        label.Caption = std::string("4q3 of if");
         show(form);
-        const auto [first, last] = inked_columns(pixels(form));
-        const int right_edge = 10 + static_cast<int>(form.Label1.Width) / 15;
-        EXPECT_GE(first, 9) << font.Name;
-        EXPECT_GT(last, first) << font.Name;
-        EXPECT_LE(last, right_edge) << font.Name;
+        const QRect ink = lit_rectangle(pixels(form));
+        EXPECT_GE(ink.left(), 9);
+        EXPECT_GT(ink.width(), 1);
+        EXPECT_LE(ink.right(), 10 + static_cast<int>(label.Width) / 15);
 
-        const float height = form.Label1.Height;
-        form.Label1.Caption = std::string("4q3\n4q3");
-        const float lines = is_symbol_font(font) ? 1 : 2;
-        EXPECT_NEAR(form.Label1.Height, lines * height, 30) << font.Name;
+        const float height = label.Height;
+        label.Caption = std::string("4q3\n4q3");
+        EXPECT_NEAR(label.Height, lines * height, 30);
     }
-}
-
-TEST_F(DrawingTest, ScreenAndFontsAreMeasuredInTwips) {
-    const ScreenMetrics screen = platform.screen();
-    EXPECT_EQ(screen.size.Width,
-              static_cast<float>(QApplication::primaryScreen()->size().width() * 15));
-    EXPECT_TRUE(screen.bits_per_pixel == 32 || screen.bits_per_pixel == 16);
-    EXPECT_EQ(screen_font({.Size = 8.25F}).pixelSize(), 11);
-    EXPECT_EQ(screen_font({.Size = 20.25F}).pixelSize(), 27);
 }
 
 } // namespace

@@ -1,0 +1,85 @@
+#include "desktop/desktop_fixture.h"
+
+#include "runtime/controls/buttons.h"
+#include "runtime/controls/text_box.h"
+#include "runtime/window.h"
+
+#include <QLineEdit>
+#include <QPointer>
+
+namespace lookfar::desktop {
+namespace {
+
+class SmallForm : public Form {
+  public:
+    explicit SmallForm(Runtime& host) : Form(host, {.Client = {3000, 1500}}) {}
+
+    CommandButton Command1{*this, {.Caption = "Close", .At = {300, 300, 1200, 375}}};
+    TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}}};
+};
+
+class WindowTest : public DesktopTest {
+  protected:
+    WindowTest() { show(form); }
+
+    Window<SmallForm> slot{runtime, [this] { return std::make_unique<SmallForm>(runtime); }};
+    SmallForm& form = *slot;
+};
+
+TEST_F(WindowTest, StaysWhenItsCloseIsCancelledAndGoesWithTheNextOne) {
+    bool keep = true;
+    int requests = 0;
+    form.QueryUnload.connect([&](short& cancel, short) {
+        ++requests;
+        cancel = keep ? 1 : 0;
+    });
+    const QPointer<QWidget> view = &window(form);
+    view->close();
+    let_loop_come_round();
+    EXPECT_EQ(requests, 1);
+    EXPECT_TRUE(view && view->isVisible());
+    keep = false;
+    view->close();
+    EXPECT_FALSE(slot.is_loaded());
+    EXPECT_TRUE(comes_true([&] { return view.isNull(); }));
+    EXPECT_EQ(requests, 2);
+}
+
+TEST_F(WindowTest, MayBeUnloadedByAButtonOfItsOwn) {
+    form.Command1.Click.connect([&] { form.request_close(); });
+    const QPointer<QWidget> button = &widget(form.Command1);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_FALSE(slot.is_loaded());
+    EXPECT_TRUE(comes_true([&] { return button.isNull(); }));
+}
+
+TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
+    WindowView& view = window(form);
+    EXPECT_EQ(view.size(), QSize(200, 100));
+    EXPECT_EQ(view.minimumSize(), view.maximumSize());
+    form.Left = 1500;
+    form.Top = 3000;
+    ASSERT_TRUE(comes_true([&] { return view.pos() == QPoint(100, 200); }));
+    view.move(40, 60);
+    EXPECT_TRUE(comes_true([&] { return form.Left == 600.0F && form.Top == 900.0F; }));
+}
+
+TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
+    const auto& entry = widget<QLineEdit>(form.Text1);
+    form.Hide();
+    form.Text1.Text = std::string("99");
+    form.Command1.Visible = false;
+    form.MousePointer = MousePointer::hourglass;
+    let_loop_come_round();
+    EXPECT_EQ(entry.text(), "10") << "a hidden window follows nothing";
+    show(form);
+    EXPECT_EQ(entry.text(), "99");
+    EXPECT_FALSE(widget(form.Command1).isVisible());
+    EXPECT_EQ(entry.cursor().shape(), Qt::WaitCursor);
+    form.MousePointer = MousePointer::standard;
+    let_loop_come_round();
+    EXPECT_EQ(entry.cursor().shape(), Qt::IBeamCursor);
+}
+
+} // namespace
+} // namespace lookfar::desktop
