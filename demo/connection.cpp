@@ -1,8 +1,5 @@
 #include "demo/connection.h"
 
-#include <optional>
-#include <string>
-
 namespace lookfar::demo {
 
 namespace {

@@ -1,5 +1,6 @@
 #include "demo/socket.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <netinet/in.h>
@@ -52,7 +53,7 @@ std::uint16_t listen_on_loopback(const Socket& socket, std::uint16_t port) {
     address.sin_port = htons(port);
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     auto* const generic_address = reinterpret_cast<sockaddr*>(&address);
-    // An earlier server's port is free at once.
+    // With the option the port of a server that has ended is free at once.
     if (setsockopt(socket.descriptor(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on) != 0 ||
         bind(socket.descriptor(), generic_address, length) != 0 ||
         listen(socket.descriptor(), SOMAXCONN) != 0 ||
