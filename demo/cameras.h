@@ -10,7 +10,7 @@
 
 namespace lookfar::demo {
 
-/// How a camera answers: at once, after some seconds, or not at every third request.
+/// How a camera answers: at once, after four seconds, or with no picture at every third request.
 enum class Line { good, slow, failing };
 
 /// One demonstration camera. It sends a GIF where the path says so, and a JPEG otherwise.
@@ -29,8 +29,8 @@ std::span<const Camera> cameras();
 Answer take_picture(const Camera& camera, const Moment& moment);
 
 /// Makes the server answer for every camera with a picture of the present local time. Each
-/// request for a camera shows its next frame. A failing line answers with a page with status 503
-/// and closes the connection by turns.
+/// request for a camera shows its next frame. Every third request over a failing line gets, by
+/// turns, a page with status 503 or a connection that is closed without an answer.
 void install_cameras(CameraServer& server);
 
 /// The text of a camera list: for each camera a line with the title and a line with the URL,

@@ -25,17 +25,16 @@ class RawClient {
             throw std::runtime_error("cannot reach the server");
     }
 
-    /// Receives until the text is as long as that, or the server closes. Throws
-    /// std::runtime_error where it does neither.
-    std::string receive(std::size_t enough = std::string::npos) const {
+    /// All that comes until the server closes. Throws std::runtime_error when it does not.
+    std::string receive() const {
         std::string text, part;
         do {
             errno = 0;
             part = socket_.receive();
             text += part;
-        } while (!part.empty() && text.size() < enough);
+        } while (!part.empty());
         if (errno == EAGAIN)
-            throw std::runtime_error("the server neither sends nor closes");
+            throw std::runtime_error("the server does not close");
         return text;
     }
 
