@@ -3,6 +3,7 @@
 #include "fuzz/support/png_checksums.h"
 #include "runtime/failure.h"
 #include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_loader.h"
 #include "runtime/pictures/png_texts.h"
 
 #include <cstdint>
@@ -17,9 +18,9 @@ std::uint64_t sum_of(std::span<const std::uint8_t> bytes) {
     return std::accumulate(bytes.begin(), bytes.end(), std::uint64_t{0});
 }
 
-PictureReference decode(PictureDecoder& decoder, const Bytes& bytes) {
+PictureReference load(const PictureLoader& loader, const Bytes& bytes) {
     try {
-        return decoder.decode(bytes);
+        return loader.load(bytes);
     } catch (const Failure& failure) {
         expect(failure.Kind == FailureKind::invalid_picture, "a refusal is that of a picture");
         expect(!failure.Description.empty(), "a refusal has a reason");
@@ -41,12 +42,13 @@ void check_order(const Picture& picture) {
 }
 
 void check(const Bytes& bytes) {
-    PictureDecoder decoder;
-    const PictureReference picture = decode(decoder, bytes);
+    PictureLoader loader;
+    loader.remember(loader.decoder_ahead()(bytes));
+    const PictureReference picture = load(loader, bytes);
     if (!picture)
         return;
     check_order(*picture);
-    const PictureReference again = decode(decoder, bytes);
+    const PictureReference again = load(loader, bytes);
     expect(again && again->bytes().data() == picture->bytes().data(),
            "the same picture shares its pixels");
     again->edit().front() ^= 0xFFU;

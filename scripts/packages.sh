@@ -55,7 +55,9 @@ install_build_packages() {
         libgif-dev \
         libgtest-dev \
         libjpeg62-turbo-dev \
+        libturbojpeg0-dev \
         ninja-build \
+        pkgconf \
         qt6-base-dev
     # With this one Lookfar shows WebP pictures too.
     install_optional_package qt6-image-formats-plugins

@@ -4,7 +4,6 @@
 #include "file_numbers.h"
 #include "pipeline/fullscreen_window.h"
 #include "runtime/numbers.h"
-#include "runtime/pictures/picture_decoder.h"
 
 #include <algorithm>
 #include <limits>
@@ -55,9 +54,6 @@ void MainWindow::GetRESOURCE(std::string url) {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
         const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
-        // The picture file keeps the tail of an earlier, longer answer, and that tail would pass
-        // for the end of this one.
-        refuse_cut_short_jpeg(bytes);
         const std::string path = picture_path(runtime);
         store(runtime.files(), path, bytes);
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "runtime/files/files.h"
-#include "runtime/pictures/picture.h"
-#include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_loader.h"
 #include "runtime/platform.h"
 #include "runtime/random.h"
 #include "runtime/timer_queue.h"
@@ -30,6 +29,7 @@ class Runtime {
     TimerQueue& timers() { return timers_; }
     NumberedFiles& files() { return files_; }
     RandomNumbers& random() { return random_; }
+    PictureLoader& pictures() { return pictures_; }
 
     /// Lets the message loop deliver what is pending, due ticks included, then returns.
     void DoEvents();
@@ -76,7 +76,7 @@ class Runtime {
     Platform& platform_;
     NumberedFiles files_;
     RandomNumbers random_;
-    PictureDecoder decoder_;
+    PictureLoader pictures_;
     int running_handlers_ = 0;
     TimerQueue timers_;
     std::vector<std::unique_ptr<Form>> retired_;

@@ -53,7 +53,7 @@ CurlExchange::~CurlExchange() {
     curl_multi_remove_handle(multi_, easy_.get());
 }
 
-TransferOutcome CurlExchange::take_outcome(CURLcode code) {
+std::variant<Bytes, Failure> CurlExchange::take_body(CURLcode code) {
     if (refusal_)
         return *refusal_;
     if (code == CURLE_OK)

@@ -10,6 +10,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <variant>
 
 namespace lookfar {
 
@@ -37,7 +38,7 @@ class CurlExchange {
     const std::shared_ptr<TransferTicket>& ticket() const { return ticket_; }
 
     /// The body or the failure of a transfer that the library ended with the code.
-    TransferOutcome take_outcome(CURLcode code);
+    std::variant<Bytes, Failure> take_body(CURLcode code);
 
   private:
     template <class Value>

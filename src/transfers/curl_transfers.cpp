@@ -92,7 +92,11 @@ class CurlTransfers::Worker {
             running_, [handle](const auto& exchange) { return exchange->is_on(handle); });
         const auto exchange = std::move(*found);
         running_.erase(found);
-        post_report(exchange->ticket(), exchange->take_outcome(code));
+        const auto& ticket = exchange->ticket();
+        if (auto body = exchange->take_body(code); auto* const bytes = std::get_if<Bytes>(&body))
+            post_report(ticket, ticket->request.decode(std::move(*bytes)));
+        else
+            post_report(ticket, std::get<Failure>(body));
     }
 
     void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {

@@ -8,9 +8,9 @@
 
 namespace lookfar {
 
-/// Fetches pictures with HTTP GETs on one worker thread. Connections are kept and used again by
-/// later transfers from the same host. Everything here, and the transfers handed out, belong to
-/// the main thread.
+/// Fetches pictures with HTTP GETs, and has them decoded, on one worker thread. Connections are
+/// kept and used again by later transfers from the same host. Everything here, and the transfers
+/// handed out, belong to the main thread.
 ///
 /// A URL without a scheme is taken as http. Only http and https are spoken, also after a
 /// redirect. A user name and password in the URL answer any authentication that the host asks

@@ -62,7 +62,7 @@ TEST(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
     const Bytes whole = detailed_jpeg(64, 48);
     const Bytes half(whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2));
     const struct {
-        TransferOutcome outcome;
+        std::variant<Bytes, Failure> outcome;
         std::string number;
         std::string text;
     } cases[] = {

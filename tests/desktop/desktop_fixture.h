@@ -71,7 +71,8 @@ inline PictureReference picture_of(const QImage& image) {
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     image.save(&file, "png");
-    return PictureDecoder().decode({file.data().begin(), file.data().end()});
+    const Bytes bytes(file.data().begin(), file.data().end());
+    return std::make_shared<Picture>(decode_pixels(bytes));
 }
 
 inline PictureReference plain_picture(int width, int height, const QColor& colour) {

@@ -114,7 +114,7 @@ TEST_F(HostileCameras, ShowAnErrorInPlaceOfAPicture) {
         {"/huge-picture", 481, "The picture is too large: 60000 x 60000 pixels."},
         {"/pixel-bomb", 481, "The picture is too large: 20000 x 20000 pixels."},
         {"/truncated", 481, "The picture ends too early."},
-        {"/many-scans", 481, "The picture is stored in too many scans."},
+        {"/many-scans", 481, "Progressive JPEG image has more than 500 scans"},
         {"/gzip-bomb", 481, "The camera's answer is not a picture."},
         {"/basic", 481, "The camera's answer is not a picture."},
         {"guest:wrong@/basic", 481, "The camera's answer is not a picture."},

@@ -37,7 +37,7 @@ struct Properties : ::testing::Test {
     Sample form{runtime};
 
     PictureReference picture(int width, int height) {
-        return PictureDecoder().decode(picture_file(width, height));
+        return std::make_shared<Picture>(decode_pixels(picture_file(width, height)));
     }
 };
 

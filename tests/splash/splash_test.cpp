@@ -31,8 +31,8 @@ TEST(Splash, RunsItsTextFromTheFirstLetterAndCentresItFromTheSecondTickOn) {
 TEST(Splash, StaysForASecondAndForAsLongAsTheFirstFetchTakes) {
     for (const bool answers : {true, false}) {
         Machine machine;
-        const TransferOutcome outcome =
-            answers ? TransferOutcome(picture_file(32, 24)) : Failure(7, "refused");
+        const std::variant<Bytes, Failure> outcome =
+            answers ? std::variant<Bytes, Failure>(picture_file(32, 24)) : Failure(7, "refused");
         machine.set_answer('a', outcome, seconds(5));
         machine.program.start();
         SplashWindow& form = *machine.program.Loading;

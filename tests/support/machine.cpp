@@ -27,7 +27,7 @@ void Machine::pick(short index) {
     });
 }
 
-void Machine::set_answer(char camera, TransferOutcome outcome, milliseconds after) {
+void Machine::set_answer(char camera, std::variant<Bytes, Failure> outcome, milliseconds after) {
     platform.cameras[url_of(camera)] = {.outcome = std::move(outcome), .after = after};
 }
 

@@ -27,7 +27,8 @@ struct Machine {
     void start();
     /// Picks a camera and has it fetched.
     void pick(short index);
-    void set_answer(char camera, TransferOutcome outcome, milliseconds after = milliseconds(100));
+    void set_answer(char camera, std::variant<Bytes, Failure> outcome,
+                    milliseconds after = milliseconds(100));
 
     static std::string url_of(char camera);
 

@@ -22,6 +22,15 @@ Bytes picture_file(int width, int height, std::uint32_t colour, const char* form
     return encode(image, format);
 }
 
+Bytes picture_with_white_corner(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    for (int row = 0; row < 8; ++row)
+        for (int column = 0; column < 8; ++column)
+            image.setPixel(column, row, qRgb(255, 255, 255));
+    return encode(image, "jpg");
+}
+
 Bytes detailed_jpeg(int width, int height, std::uint32_t seed) {
     QImage image(width, height, QImage::Format_RGB32);
     std::uint32_t noise = seed;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/transfer.h"
+#include "runtime/bytes.h"
 
 #include <cstdint>
 
@@ -9,6 +9,9 @@ namespace lookfar::testing {
 /// A picture file of one colour (0xRRGGBB), in a format of Qt's writers such as "jpg" or "png".
 Bytes picture_file(int width, int height, std::uint32_t colour = 0x336699,
                    const char* format = "jpg");
+
+/// A black JPEG with eight white pixels each way in its top left corner.
+Bytes picture_with_white_corner(int width, int height);
 
 /// A JPEG full of detail, as large as a camera's; another seed gives another one.
 Bytes detailed_jpeg(int width, int height, std::uint32_t seed = 1);

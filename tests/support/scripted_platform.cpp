@@ -87,9 +87,14 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
     if (answer.after > request.timeout)
         answer = {.outcome = Failure(timed_out, "Timeout was reached"), .after = request.timeout};
     const auto is_wanted = std::make_shared<bool>(true);
-    after(answer.after, [is_wanted, outcome = std::move(answer.outcome), done = std::move(done)] {
-        if (std::exchange(*is_wanted, false))
-            done(outcome);
+    after(answer.after, [is_wanted, outcome = std::move(answer.outcome),
+                         decode = std::move(request.decode), done = std::move(done)] {
+        if (!std::exchange(*is_wanted, false))
+            return;
+        if (const auto* const body = std::get_if<Bytes>(&outcome))
+            done(decode(*body));
+        else
+            done(std::get<Failure>(outcome));
     });
     return std::make_unique<ScriptedTransfer>(is_wanted, abandoned_transfers);
 }

@@ -10,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace lookfar::testing {
@@ -19,7 +20,7 @@ struct ProgramEnded {};
 
 /// How a scripted camera answers.
 struct ScriptedAnswer {
-    TransferOutcome outcome = Bytes();
+    std::variant<Bytes, Failure> outcome = Bytes();
     std::chrono::milliseconds after{100};
 };
 

@@ -71,7 +71,7 @@ demo::Responder always(int status, const std::string& body) {
 std::string text_of(const TransferOutcome& outcome) {
     if (const auto* failure = std::get_if<Failure>(&outcome))
         return "failure " + std::to_string(failure->Number) + ": " + failure->Description;
-    const auto& body = std::get<Bytes>(outcome);
+    const Bytes& body = std::get<DecodedBodyReference>(outcome)->bytes;
     return {body.begin(), body.end()};
 }
 
@@ -80,16 +80,25 @@ class Transfers : public testing::Test {
     Transfers() { server.answer("/hello", always(200, "hello")); }
 
     std::unique_ptr<Transfer> start(const std::string& url, TransferDone done) {
-        return transfers->start({.url = url, .timeout = patience}, std::move(done));
+        return transfers->start({.url = url, .timeout = patience, .decode = note_thread()},
+                                std::move(done));
     }
 
     std::string text_from(const std::string& url, std::chrono::milliseconds timeout = patience) {
         std::optional<TransferOutcome> result;
         const auto transfer =
-            transfers->start({.url = url, .timeout = timeout},
+            transfers->start({.url = url, .timeout = timeout, .decode = note_thread()},
                              [&](TransferOutcome outcome) { result = std::move(outcome); });
         loop.run_until([&] { return result.has_value(); });
         return result ? text_of(*result) : "nothing";
+    }
+
+    BodyDecoder note_thread() {
+        return [this](Bytes bytes) {
+            decoding_thread = std::this_thread::get_id();
+            return std::make_shared<const DecodedBody>(
+                DecodedBody{.bytes = std::move(bytes), .picture = Pixels{}});
+        };
     }
 
     std::string text_at(const std::string& path) { return text_from(server.url(path)); }
@@ -116,6 +125,7 @@ class Transfers : public testing::Test {
 
     std::string host() const { return "127.0.0.1:" + std::to_string(server.port()); }
 
+    std::thread::id decoding_thread;
     MessageLoop loop;
     bool is_stalling = false;
     std::optional<bool> was_left;
@@ -136,6 +146,7 @@ TEST_F(Transfers, HandOverTheBodyWhateverTheStatus) {
     EXPECT_EQ(text_at("/zero"), with_zero);
     EXPECT_EQ(text_at("/just-not-too-large").size(), CurlTransfers::largest_body);
     EXPECT_EQ(text_from(host() + "/hello"), "hello") << "A URL without a scheme is http.";
+    EXPECT_NE(decoding_thread, std::this_thread::get_id()) << "The loop waits for no decode.";
 }
 
 TEST_F(Transfers, EndBeforeABodyThatIsAnnouncedTooLargeAndInNoTime) {

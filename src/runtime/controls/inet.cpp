@@ -22,11 +22,11 @@ class BusyMark {
     bool& mark_;
 };
 
-Bytes body_of(TransferOutcome outcome) {
+DecodedBodyReference body_of(const TransferOutcome& outcome) {
     if (const auto* failure = std::get_if<Failure>(&outcome))
         throw *failure;
-    Bytes body = std::get<Bytes>(std::move(outcome));
-    if (body.empty())
+    auto body = std::get<DecodedBodyReference>(outcome);
+    if (body->bytes.empty())
         throw Failure(FailureKind::transfer_without_bytes, "The camera's answer holds no bytes.");
     return body;
 }
@@ -46,12 +46,16 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     const BusyMark busy(is_busy_);
     outcome_.reset();
     const auto transfer = runtime.platform().start_transfer(
-        {.url = url, .timeout = std::chrono::seconds(RequestTimeout)},
+        {.url = url,
+         .timeout = std::chrono::seconds(RequestTimeout),
+         .decode = runtime.pictures().decoder_ahead()},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
     runtime.platform().wait_until([this] { return outcome_.has_value(); });
     // The wait has brought an outcome.
     // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
-    return body_of(*std::exchange(outcome_, std::nullopt));
+    const auto body = body_of(*std::exchange(outcome_, std::nullopt));
+    runtime.pictures().remember(body);
+    return body->bytes;
 }
 
 void Inet::Cancel() {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "runtime/bytes.h"
 #include "runtime/files/disk.h"
-#include "runtime/transfer.h"
 
 #include <array>
 #include <cstdint>

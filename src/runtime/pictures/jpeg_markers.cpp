@@ -1,5 +1,7 @@
 #include "runtime/pictures/jpeg_markers.h"
 
+#include "runtime/failure.h"
+
 #include <cstddef>
 #include <cstring>
 #include <optional>
@@ -89,6 +91,11 @@ int count_scans(std::span<const std::uint8_t> bytes) {
 
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
     return starts_jpeg(bytes) && !has_end_marker(bytes);
+}
+
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
+    if (is_cut_short_jpeg(bytes))
+        throw Failure(FailureKind::invalid_picture, "The picture ends too early.");
 }
 
 bool has_too_many_scans(std::span<const std::uint8_t> bytes) {

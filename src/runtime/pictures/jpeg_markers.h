@@ -9,6 +9,9 @@ namespace lookfar {
 /// part that is missing and report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
+/// Throws a `Failure` for such a picture.
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes);
+
 /// The most scans that a JPEG may be stored in. Ten are usual for a picture that comes clearer
 /// step by step.
 inline constexpr int most_jpeg_scans = 100;

@@ -14,7 +14,8 @@ int stride_of(int width) {
     return (width * bytes_per_pixel + row_alignment - 1) / row_alignment * row_alignment;
 }
 
-Picture::Picture(Pixels pixels) : pixels_(std::move(pixels)) {}
+Picture::Picture(Pixels pixels, PixelMemory memory)
+    : pixels_(std::move(pixels)), memory_(std::move(memory)) {}
 
 std::span<const std::uint8_t> Picture::bytes() const {
     return {pixels_.bytes.get(), byte_count()};
@@ -28,13 +29,13 @@ std::span<const std::uint8_t> Picture::opacity() const {
 }
 
 std::span<std::uint8_t> Picture::edit() {
-    if (pixels_.bytes.use_count() > 1) {
-        auto own = std::make_shared_for_overwrite<std::uint8_t[]>(byte_count());
-        std::ranges::copy(bytes(), own.get());
-        pixels_.bytes = std::move(own);
+    if (!own_bytes_) {
+        own_bytes_ = memory_.take(byte_count());
+        std::ranges::copy(bytes(), own_bytes_.get());
+        pixels_.bytes = own_bytes_;
     }
     ++revision_;
-    return {pixels_.bytes.get(), byte_count()};
+    return {own_bytes_.get(), byte_count()};
 }
 
 std::size_t Picture::byte_count() const {

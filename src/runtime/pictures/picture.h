@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/pictures/pixel_memory.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -8,24 +10,27 @@
 namespace lookfar {
 
 /// The pixels of one decoded picture: `height` rows of three bytes a pixel (red, green, blue),
-/// top row first, each row padded to `stride` bytes, a multiple of four. `opacity`, where there
-/// is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
+/// top row first, each row padded with zeros to `stride` bytes, a multiple of four. `opacity`,
+/// where there is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
+///
+/// Pixels are shared by whoever is given them and never change.
 struct Pixels {
     int width = 0;
     int height = 0;
     int stride = 0;
-    std::shared_ptr<std::uint8_t[]> bytes;
-    std::shared_ptr<std::uint8_t[]> opacity;
+    std::shared_ptr<const std::uint8_t[]> bytes;
+    std::shared_ptr<const std::uint8_t[]> opacity;
 };
 
 /// The bytes from one row to the next for a width in pixels.
 int stride_of(int width);
 
-/// One picture object. Controls hold it by reference, so an edit reaches all that hold it.
-/// Objects made from the same pixels share them until one of them is edited.
+/// One picture object. Controls hold it by reference, so an edit reaches all that hold it. Objects
+/// made from the same pixels share them; one that is edited has bytes of its own from then on.
 class Picture {
   public:
-    explicit Picture(Pixels pixels);
+    /// The bytes that an edit needs are taken from the memory.
+    explicit Picture(Pixels pixels, PixelMemory memory = {});
 
     int width() const { return pixels_.width; }
     int height() const { return pixels_.height; }
@@ -46,6 +51,9 @@ class Picture {
     std::size_t byte_count() const;
 
     Pixels pixels_;
+    PixelMemory memory_;
+    /// The picture's own bytes, once it was edited.
+    std::shared_ptr<std::uint8_t[]> own_bytes_;
     std::uint64_t revision_ = 0;
 };
 

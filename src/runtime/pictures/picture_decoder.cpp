@@ -1,6 +1,7 @@
 #include "runtime/pictures/picture_decoder.h"
 
 #include "runtime/failure.h"
+#include "runtime/pictures/jpeg_decoder.h"
 #include "runtime/pictures/jpeg_markers.h"
 #include "runtime/pictures/png_texts.h"
 
@@ -8,7 +9,9 @@
 #include <QByteArray>
 #include <QImage>
 #include <QImageReader>
+#include <QTransform>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -45,24 +48,45 @@ void raise_allocation_limit() {
         static_cast<int>(largest_picture * bytes_per_pixel / bytes_per_megabyte));
 }
 
-QImage read_image(std::span<const std::uint8_t> bytes) {
-    auto content = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                           static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&content);
-    buffer.open(QIODevice::ReadOnly);
-    raise_allocation_limit();
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    refuse_format(reader.format());
-    refuse_size(reader.size());
-    refuse_cut_short_jpeg(bytes);
-    if (has_too_many_scans(bytes))
-        refuse("The picture is stored in too many scans.");
-    QImage image = reader.read();
-    if (image.isNull())
-        refuse("The picture can't be decoded: " + reader.errorString().toStdString());
-    refuse_size(image.size());
-    return image;
+/// Qt's reader over the bytes of a picture that may be decoded.
+class Reader {
+  public:
+    explicit Reader(std::span<const std::uint8_t> bytes)
+        : content_(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                           static_cast<qsizetype>(bytes.size()))),
+          buffer_(&content_),
+          reader_(&buffer_) {
+        raise_allocation_limit();
+        reader_.setDecideFormatFromContent(true);
+        refuse_format(reader_.format());
+        refuse_size(reader_.size());
+    }
+
+    bool is_jpeg() const { return reader_.format() == "jpeg"; }
+    QImageIOHandler::Transformations orientation() const { return reader_.transformation(); }
+
+    QImage read() {
+        QImage image = reader_.read();
+        if (image.isNull())
+            refuse("The picture can't be decoded: " + reader_.errorString().toStdString());
+        refuse_size(image.size());
+        return image;
+    }
+
+  private:
+    QByteArray content_;
+    QBuffer buffer_;
+    QImageReader reader_;
+};
+
+QImage oriented(const QImage& image, QImageIOHandler::Transformations orientation) {
+    const QImage mirrored =
+        image.mirrored(orientation.testFlag(QImageIOHandler::TransformationMirror),
+                       orientation.testFlag(QImageIOHandler::TransformationFlip));
+    if (!orientation.testFlag(QImageIOHandler::TransformationRotate90))
+        return mirrored;
+    constexpr double quarter_turn = 90;
+    return mirrored.transformed(QTransform().rotate(quarter_turn));
 }
 
 std::shared_ptr<std::uint8_t[]> opacity_of(const QImage& image) {
@@ -78,49 +102,62 @@ std::shared_ptr<std::uint8_t[]> opacity_of(const QImage& image) {
     return opacity;
 }
 
-/// The image's own bytes. The pointer to them keeps the image alive.
-std::shared_ptr<std::uint8_t[]> share_bytes(QImage image) {
-    auto owner = std::make_shared<QImage>(std::move(image));
-    return {owner, owner->bits()};
+std::shared_ptr<const std::uint8_t[]> bytes_of(const QImage& image, int stride,
+                                               const PixelMemory& memory) {
+    const auto row_size = static_cast<std::size_t>(stride);
+    auto bytes = memory.take(row_size * static_cast<std::size_t>(image.height()));
+    const auto used = static_cast<std::size_t>(image.width()) * 3;
+    std::uint8_t* row = bytes.get();
+    for (int index = 0; index < image.height(); ++index, row += row_size) {
+        std::copy_n(image.constScanLine(index), used, row);
+        std::fill(row + used, row + row_size, std::uint8_t{0});
+    }
+    return bytes;
 }
 
-Pixels pixels_of(QImage image) {
+Pixels pixels_of(QImage image, const PixelMemory& memory) {
     auto opacity = opacity_of(image);
     image.convertTo(QImage::Format_RGB888);
     if (image.isNull())
         refuse("There is not enough memory for the picture.");
+    const int stride = stride_of(image.width());
     return {.width = image.width(),
             .height = image.height(),
-            .stride = static_cast<int>(image.bytesPerLine()),
-            .bytes = share_bytes(std::move(image)),
+            .stride = stride,
+            .bytes = bytes_of(image, stride, memory),
             .opacity = std::move(opacity)};
+}
+
+Pixels laid(const Pixels& pixels, QImageIOHandler::Transformations orientation,
+            const PixelMemory& memory) {
+    if (orientation == QImageIOHandler::TransformationNone)
+        return pixels;
+    const QImage image(pixels.bytes.get(), pixels.width, pixels.height, pixels.stride,
+                       QImage::Format_RGB888);
+    return pixels_of(oriented(image, orientation), memory);
+}
+
+Pixels decode_by_reader(Reader& reader, const PixelMemory& memory) {
+    return pixels_of(oriented(reader.read(), reader.orientation()), memory);
 }
 
 } // namespace
 
-void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
-    if (is_cut_short_jpeg(bytes))
-        refuse("The picture ends too early.");
-}
-
-Pixels decode_pixels(std::span<const std::uint8_t> bytes) {
-    if (starts_png(bytes))
-        return pixels_of(read_image(without_png_texts(bytes)));
-    return pixels_of(read_image(bytes));
-}
-
-PictureReference PictureDecoder::decode(Bytes bytes) {
-    if (auto shared = last_pixels_.lock(); shared && bytes == last_bytes_) {
-        Pixels pixels = last_shape_;
-        pixels.bytes = std::move(shared);
-        return std::make_shared<Picture>(std::move(pixels));
+Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+    if (starts_png(bytes)) {
+        const auto picture = without_png_texts(bytes);
+        Reader reader(picture);
+        return decode_by_reader(reader, memory);
     }
-    Pixels pixels = decode_pixels(bytes);
-    last_bytes_ = std::move(bytes);
-    last_pixels_ = pixels.bytes;
-    last_shape_ = pixels;
-    last_shape_.bytes.reset();
-    return std::make_shared<Picture>(std::move(pixels));
+    Reader reader(bytes);
+    if (!reader.is_jpeg())
+        return decode_by_reader(reader, memory);
+    if (const auto pixels = decode_jpeg(bytes, memory))
+        return laid(*pixels, reader.orientation(), memory);
+    refuse_cut_short_jpeg(bytes);
+    if (has_too_many_scans(bytes))
+        refuse("The picture is stored in too many scans.");
+    return decode_by_reader(reader, memory);
 }
 
 } // namespace lookfar

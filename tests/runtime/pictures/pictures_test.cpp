@@ -1,6 +1,7 @@
 #include "runtime/failure.h"
 #include "runtime/pictures/jpeg_markers.h"
 #include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_loader.h"
 #include "runtime/pictures/png_texts.h"
 #include "support/pictures.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 std::string refusal_of(const Bytes& bytes) {
     try {
-        PictureDecoder().decode(bytes);
+        decode_pixels(bytes);
     } catch (const Failure& failure) {
         EXPECT_EQ(failure.Kind, FailureKind::invalid_picture);
         return failure.Description;
@@ -40,15 +41,42 @@ Bytes claiming_size(std::uint16_t side) {
 }
 
 TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
-    const auto picture = PictureDecoder().decode(picture_file(5, 3, 0x102030, "png"));
-    EXPECT_EQ(picture->width(), 5);
-    EXPECT_EQ(picture->height(), 3);
-    EXPECT_EQ(picture->stride(), 16);
-    ASSERT_EQ(picture->bytes().size(), 48U);
-    EXPECT_EQ(picture->bytes()[16], 0x10);
-    EXPECT_EQ(picture->bytes()[17], 0x20);
-    EXPECT_EQ(picture->bytes()[18], 0x30);
-    EXPECT_TRUE(picture->opacity().empty());
+    const Picture picture(decode_pixels(picture_file(5, 3, 0x102030, "png")));
+    EXPECT_EQ(picture.width(), 5);
+    EXPECT_EQ(picture.height(), 3);
+    EXPECT_EQ(picture.stride(), 16);
+    ASSERT_EQ(picture.bytes().size(), 48U);
+    EXPECT_EQ(picture.bytes()[16], 0x10);
+    EXPECT_EQ(picture.bytes()[17], 0x20);
+    EXPECT_EQ(picture.bytes()[18], 0x30);
+    EXPECT_TRUE(picture.opacity().empty());
+}
+
+TEST(Pictures, ArePaddedWithZerosInMemoryThatIsUsedAgain) {
+    const PixelMemory memory;
+    const std::uint8_t* used = nullptr;
+    {
+        const auto buffer = memory.take(16 * 3);
+        std::fill_n(buffer.get(), 16 * 3, std::uint8_t{0xEE});
+        used = buffer.get();
+    }
+    for (const char* format : {"jpg", "png"}) {
+        const Pixels pixels = decode_pixels(picture_file(5, 3, 0x102030, format), memory);
+        EXPECT_EQ(pixels.bytes.get(), used) << format;
+        for (const int row : {0, 1, 2})
+            EXPECT_EQ(pixels.bytes[row * 16 + 15], 0) << format << row;
+    }
+}
+
+TEST(Pictures, KeepNoMoreIdleMemoryThanTheyMay) {
+    const PixelMemory memory;
+    const std::uint8_t* used = nullptr;
+    {
+        const auto buffer = memory.take(PixelMemory::most_idle_bytes + 1);
+        const auto small = memory.take(100);
+        used = small.get();
+    }
+    EXPECT_EQ(memory.take(60).get(), used) << "one that fits well is used again";
 }
 
 TEST(Pictures, LoseThePngTextsAndNothingElse) {
@@ -63,7 +91,7 @@ TEST(Pictures, LoseThePngTextsAndNothingElse) {
         told.insert(told.end(), text.begin(), text.end());
         told.insert(told.end(), of_untrue_length.begin(), of_untrue_length.end());
         EXPECT_EQ(without_png_texts(told), file) << type;
-        EXPECT_EQ(PictureDecoder().decode(told)->width(), 5) << type;
+        EXPECT_EQ(decode_pixels(told).width, 5) << type;
     }
     for (std::size_t size = signature_size; size < file.size(); ++size) {
         const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
@@ -71,36 +99,85 @@ TEST(Pictures, LoseThePngTextsAndNothingElse) {
     }
 }
 
-TEST(Pictures, DecodedFromTheSameBytesAreObjectsOfTheirOwnThatShareTheirPixels) {
-    PictureDecoder decoder;
-    const Bytes file = picture_file(40, 30);
-    const auto first = decoder.decode(file);
-    const auto second = decoder.decode(file);
+TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
+    PictureLoader loader;
+    const Bytes body = picture_file(40, 30);
+    loader.remember(loader.decoder_ahead()(body));
+    Bytes file = body;
+    const Bytes tail = detailed_jpeg(64, 64);
+    file.insert(file.end(), tail.begin(), tail.end());
+    const auto first = loader.load(file);
+    const auto second = loader.load(file);
     EXPECT_NE(first, second);
-    EXPECT_EQ(first->bytes().data(), second->bytes().data());
+    EXPECT_EQ(first->bytes().data(), second->bytes().data()) << "decoded once";
 
-    const std::uint8_t before = first->bytes()[0];
-    second->edit()[0] = static_cast<std::uint8_t>(before + 1);
-    EXPECT_EQ(first->bytes()[0], before) << "an edit reaches one object only";
-    EXPECT_EQ(first->revision(), 0U);
-    EXPECT_EQ(second->revision(), 1U);
-    EXPECT_EQ(decoder.decode(file)->bytes()[0], before);
-    EXPECT_EQ(decoder.decode(picture_file(41, 30))->width(), 41);
+    const std::uint8_t raw = first->bytes()[0];
+    for (const auto& edited : {first, second}) {
+        edited->edit()[0] = static_cast<std::uint8_t>(raw + 1);
+        edited->edit()[0] = static_cast<std::uint8_t>(edited->bytes()[0] + 1);
+        EXPECT_EQ(edited->bytes()[0], raw + 2) << "an edit goes on from the one before";
+        EXPECT_EQ(edited->revision(), 2U);
+    }
+    EXPECT_EQ(loader.load(file)->bytes()[0], raw);
+    EXPECT_EQ(loader.load(picture_file(41, 30))->width(), 41) << "another file is read as it is";
+}
+
+TEST(Pictures, OfEqualBodiesAreDecodedOnce) {
+    PictureLoader loader;
+    const auto body = loader.decoder_ahead()(picture_file(40, 30));
+    loader.remember(body);
+    EXPECT_EQ(loader.decoder_ahead()(picture_file(40, 30)), body);
+    EXPECT_NE(loader.decoder_ahead()(picture_file(41, 30)), body);
+}
+
+TEST(Pictures, ThatWereRefusedAheadAreRefusedWhateverFollowsInTheFile) {
+    PictureLoader loader;
+    const Bytes whole = detailed_jpeg(64, 48);
+    const Bytes half(whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2));
+    loader.remember(loader.decoder_ahead()(half));
+    EXPECT_THROW(loader.load(whole), Failure);
 }
 
 TEST(Pictures, EndWhereTheyEndWhateverFollows) {
     Bytes file = picture_file(40, 30);
     const Bytes tail = detailed_jpeg(100, 100);
     file.insert(file.end(), tail.begin() + 500, tail.end());
-    EXPECT_EQ(PictureDecoder().decode(file)->width(), 40);
+    EXPECT_EQ(decode_pixels(file).width, 40);
+}
+
+TEST(Pictures, LieAsTheirOrientationMarkSays) {
+    constexpr std::size_t behind_start_marker = 2;
+    const Bytes file = picture_with_white_corner(32, 16);
+    const struct {
+        std::uint8_t mark;
+        int width;
+        int column;
+        int row;
+    } cases[] = {{1, 32, 0, 0}, {2, 32, 31, 0}, {3, 32, 31, 15}, {4, 32, 0, 15},
+                 {5, 16, 0, 0}, {6, 16, 15, 0}, {7, 16, 15, 31}, {8, 16, 0, 31}};
+    for (const auto& [mark, width, column, row] : cases) {
+        const Bytes segment = bytes_of(std::string("\xFF\xE1\0\x22"
+                                                   "Exif\0\0MM\0*\0\0\0\x08\0\x01"
+                                                   "\x01\x12\0\3\0\0\0\1\0?\0\0\0\0\0\0",
+                                                   36));
+        Bytes marked = file;
+        marked.insert(marked.begin() + behind_start_marker, segment.begin(), segment.end());
+        *std::ranges::find(marked, std::uint8_t{'?'}) = mark;
+        const Picture picture(decode_pixels(marked));
+        EXPECT_EQ(picture.width(), width) << int{mark};
+        ASSERT_EQ(picture.height(), 48 - width) << int{mark};
+        EXPECT_GT(picture.bytes()[static_cast<std::size_t>(row * picture.stride() + column * 3)],
+                  200)
+            << int{mark};
+    }
 }
 
 TEST(Pictures, AreDecodedUpToTheLargestSize) {
     constexpr int side = 8192;
     static_assert(1LL * side * side == largest_picture);
-    const auto picture = PictureDecoder().decode(picture_file(side, side));
-    EXPECT_EQ(picture->width(), side);
-    EXPECT_EQ(picture->height(), side);
+    const Pixels pixels = decode_pixels(picture_file(side, side));
+    EXPECT_EQ(pixels.width, side);
+    EXPECT_EQ(pixels.height, side);
 }
 
 TEST(Pictures, AreRefusedWithAReason) {

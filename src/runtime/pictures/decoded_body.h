@@ -1,0 +1,29 @@
+#pragma once
+
+#include "runtime/bytes.h"
+#include "runtime/failure.h"
+#include "runtime/pictures/picture.h"
+
+#include <functional>
+#include <memory>
+#include <variant>
+
+namespace lookfar {
+
+/// The body of an answer, and the picture that it holds or the reason why it holds none.
+struct DecodedBody {
+    Bytes bytes;
+    std::variant<Pixels, Failure> picture;
+};
+
+/// Never changes, so that threads may share it.
+using DecodedBodyReference = std::shared_ptr<const DecodedBody>;
+
+/// Decodes a body on the thread of a transfer. Throws nothing.
+using BodyDecoder = std::function<DecodedBodyReference(Bytes)>;
+
+/// The decoder for the next answer. A body that equals the last one, if there is one, is not
+/// decoded again.
+BodyDecoder body_decoder(PixelMemory memory, DecodedBodyReference last);
+
+} // namespace lookfar

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "runtime/pictures/picture.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+
+namespace lookfar {
+
+/// Decodes a JPEG straight to three bytes a pixel, as it is stored: an orientation mark is not
+/// looked at. Gives nothing for bytes that can't be turned into red, green and blue that way, such
+/// as a picture of four inks.
+///
+/// Throws a `Failure` for a picture that ends too early, is stored in more than 500 scans or can't
+/// be decoded. The size is the caller's to check before: so much memory is taken.
+std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const PixelMemory& memory);
+
+} // namespace lookfar
