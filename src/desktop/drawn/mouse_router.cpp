@@ -1,7 +1,7 @@
 #include "desktop/drawn/mouse_router.h"
 
 #include "desktop/drawn/drawn_controls.h"
-#include "desktop/window/windows.h"
+#include "desktop/input/user_actions.h"
 #include "runtime/form.h"
 
 #include <optional>
@@ -39,7 +39,7 @@ void MouseRouter::press(Qt::MouseButton button, const QPointF& point) {
         return;
     if (button == Qt::LeftButton)
         pressed_ = &target;
-    windows_.deliver(form_.runtime, [&target, known] { target.MouseDown.raise(*known); });
+    actions_.deliver(form_, [&target, known] { target.MouseDown.raise(*known); });
 }
 
 void MouseRouter::release(Qt::MouseButton button, const QPointF& point) {
@@ -48,7 +48,7 @@ void MouseRouter::release(Qt::MouseButton button, const QPointF& point) {
     MouseEvents& target = target_at(point);
     const bool is_click = std::exchange(pressed_, nullptr) == &target;
     if (is_click)
-        windows_.deliver(form_.runtime, [&target] { target.Click.raise(); });
+        actions_.deliver(form_, [&target] { target.Click.raise(); });
 }
 
 void MouseRouter::double_click(Qt::MouseButton button, const QPointF& point) {
@@ -57,12 +57,12 @@ void MouseRouter::double_click(Qt::MouseButton button, const QPointF& point) {
         return;
     }
     MouseEvents& target = target_at(point);
-    windows_.deliver(form_.runtime, [&target] { target.DblClick.raise(); });
+    actions_.deliver(form_, [&target] { target.DblClick.raise(); });
 }
 
 void MouseRouter::move(const QPointF& point) {
     MouseEvents& target = target_at(point);
-    windows_.deliver(form_.runtime, [&target] { target.MouseMove.raise(); });
+    actions_.deliver(form_, [&target] { target.MouseMove.raise(); });
 }
 
 } // namespace lookfar::desktop

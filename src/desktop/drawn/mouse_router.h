@@ -12,15 +12,15 @@ class Form;
 namespace lookfar::desktop {
 
 class DrawnControls;
-class Windows;
+class UserActions;
 
 /// Brings what the mouse does to a window to the drawn control under the pointer, or to the
 /// window where there is none. A click is a press and a release of the left button over the same
 /// target.
 class MouseRouter {
   public:
-    MouseRouter(Form& form, const DrawnControls& drawn, Windows& windows)
-        : form_(form), drawn_(drawn), windows_(windows) {}
+    MouseRouter(Form& form, const DrawnControls& drawn, UserActions& actions)
+        : form_(form), drawn_(drawn), actions_(actions) {}
 
     void press(Qt::MouseButton button, const QPointF& point);
     void release(Qt::MouseButton button, const QPointF& point);
@@ -32,7 +32,7 @@ class MouseRouter {
 
     Form& form_;
     const DrawnControls& drawn_;
-    Windows& windows_;
+    UserActions& actions_;
     /// Compared with the target of the release only.
     const MouseEvents* pressed_ = nullptr;
 };

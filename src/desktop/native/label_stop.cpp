@@ -1,16 +1,16 @@
 #include "desktop/native/label_stop.h"
 
+#include "desktop/input/user_actions.h"
 #include "desktop/native/placement.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 
 namespace lookfar::desktop {
 
-LabelStop::LabelStop(Label& label, Windows& windows, QWidget& window)
-    : QWidget(&window), label_(&label), windows_(windows), is_link_(label.Role == LabelRole::link) {
+LabelStop::LabelStop(Label& label, UserActions& actions, QWidget& window)
+    : QWidget(&window), label_(&label), actions_(actions), is_link_(label.Role == LabelRole::link) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
@@ -24,7 +24,7 @@ void LabelStop::synchronise() {
 
 void LabelStop::click() {
     if (label_)
-        windows_.deliver(label_->runtime, [this] { label_->Click.raise(); });
+        actions_.deliver(*label_, [this] { label_->Click.raise(); });
 }
 
 void LabelStop::keyPressEvent(QKeyEvent* event) {
@@ -62,8 +62,8 @@ void LabelStopInterface::doAction(const QString& name) {
         QAccessibleWidget::doAction(name);
 }
 
-NativeControl make_label_stop(Label& label, Windows& windows, QWidget& window) {
-    auto owned = std::make_unique<LabelStop>(label, windows, window);
+NativeControl make_label_stop(Label& label, UserActions& actions, QWidget& window) {
+    auto owned = std::make_unique<LabelStop>(label, actions, window);
     LabelStop& stop = *owned;
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&stop] { stop.synchronise(); },

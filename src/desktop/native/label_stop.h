@@ -12,7 +12,7 @@ namespace lookfar::desktop {
 /// the tab key, which Space and Enter click. The label is drawn by the window and has the mouse.
 class LabelStop : public QWidget {
   public:
-    LabelStop(Label& label, Windows& windows, QWidget& window);
+    LabelStop(Label& label, UserActions& actions, QWidget& window);
 
     void synchronise();
     /// The label is about to go.
@@ -28,7 +28,7 @@ class LabelStop : public QWidget {
 
   private:
     Label* label_;
-    Windows& windows_;
+    UserActions& actions_;
     const bool is_link_;
 };
 
@@ -44,6 +44,6 @@ class LabelStopInterface : public QAccessibleWidget {
     LabelStop& stop_;
 };
 
-NativeControl make_label_stop(Label& label, Windows& windows, QWidget& window);
+NativeControl make_label_stop(Label& label, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

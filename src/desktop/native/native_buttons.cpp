@@ -1,10 +1,10 @@
 #include "desktop/native/native_buttons.h"
 
+#include "desktop/input/user_actions.h"
 #include "desktop/native/placement.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/glyphs.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -40,7 +40,7 @@ void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
 
 } // namespace
 
-NativeControl make_command_button(CommandButton& control, Windows& windows, QWidget& window) {
+NativeControl make_command_button(CommandButton& control, UserActions& actions, QWidget& window) {
     auto owned = std::make_unique<QPushButton>(&window);
     QPushButton& button = *owned;
     if (!is_symbol_font(control.Font))
@@ -48,8 +48,8 @@ NativeControl make_command_button(CommandButton& control, Windows& windows, QWid
     button.setDefault(control.Default);
     button.setToolTip(shown_text(control.ToolTipText));
     button.setAccessibleName(shown_text(control.AccessibleName));
-    QObject::connect(&button, &QPushButton::clicked, &button, [&control, &windows] {
-        windows.deliver(control.runtime, [&control] { control.Click.raise(); });
+    QObject::connect(&button, &QPushButton::clicked, &button, [&control, &actions] {
+        actions.deliver(control, [&control] { control.Click.raise(); });
     });
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&button, &control] { synchronise_button(button, control); },
@@ -57,12 +57,11 @@ NativeControl make_command_button(CommandButton& control, Windows& windows, QWid
             .tab_index = control.TabIndex};
 }
 
-NativeControl make_check_box(CheckBox& control, Windows& windows, QWidget& window) {
+NativeControl make_check_box(CheckBox& control, UserActions& actions, QWidget& window) {
     auto owned = std::make_unique<QCheckBox>(&window);
     QCheckBox& box = *owned;
-    QObject::connect(&box, &QCheckBox::toggled, &box, [&control, &windows](bool is_ticked) {
-        windows.deliver(control.runtime,
-                        [&control, is_ticked] { control.Value = short{is_ticked}; });
+    QObject::connect(&box, &QCheckBox::toggled, &box, [&control, &actions](bool is_ticked) {
+        actions.deliver(control, [&control, is_ticked] { control.Value = short{is_ticked}; });
     });
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&box, &control] { synchronise_check_box(box, control); },

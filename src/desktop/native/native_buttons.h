@@ -5,7 +5,7 @@
 
 namespace lookfar::desktop {
 
-NativeControl make_command_button(CommandButton& control, Windows& windows, QWidget& window);
-NativeControl make_check_box(CheckBox& control, Windows& windows, QWidget& window);
+NativeControl make_command_button(CommandButton& control, UserActions& actions, QWidget& window);
+NativeControl make_check_box(CheckBox& control, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

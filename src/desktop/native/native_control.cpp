@@ -17,21 +17,22 @@ namespace {
 
 class NativeControlMaker : public ControlVisitor {
   public:
-    NativeControlMaker(Windows& windows, QWidget& window) : windows_(windows), window_(window) {}
+    NativeControlMaker(UserActions& actions, QWidget& window)
+        : actions_(actions), window_(window) {}
 
-    void visit(CheckBox& box) override { made_ = make_check_box(box, windows_, window_); }
-    void visit(ComboBox& box) override { made_ = make_combo_box(box, windows_, window_); }
+    void visit(CheckBox& box) override { made_ = make_check_box(box, actions_, window_); }
+    void visit(ComboBox& box) override { made_ = make_combo_box(box, actions_, window_); }
     void visit(CommandButton& button) override {
-        made_ = make_command_button(button, windows_, window_);
+        made_ = make_command_button(button, actions_, window_);
     }
     void visit(Label& label) override {
         if (label.Role != LabelRole::text)
-            made_ = make_label_stop(label, windows_, window_);
+            made_ = make_label_stop(label, actions_, window_);
     }
-    void visit(ListBox& box) override { made_ = make_list_box(box, windows_, window_); }
+    void visit(ListBox& box) override { made_ = make_list_box(box, actions_, window_); }
     void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }
-    void visit(TextBox& box) override { made_ = make_text_entry(box, windows_, window_); }
-    void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, windows_, window_); }
+    void visit(TextBox& box) override { made_ = make_text_entry(box, actions_, window_); }
+    void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, actions_, window_); }
 
     void visit(Frame&) override {}
     void visit(Image&) override {}
@@ -42,16 +43,16 @@ class NativeControlMaker : public ControlVisitor {
     std::optional<NativeControl> take() { return std::move(made_); }
 
   private:
-    Windows& windows_;
+    UserActions& actions_;
     QWidget& window_;
     std::optional<NativeControl> made_;
 };
 
 } // namespace
 
-std::optional<NativeControl> make_native_control(Control& control, Windows& windows,
+std::optional<NativeControl> make_native_control(Control& control, UserActions& actions,
                                                  QWidget& window) {
-    NativeControlMaker maker(windows, window);
+    NativeControlMaker maker(actions, window);
     control.accept(maker);
     return maker.take();
 }

@@ -12,7 +12,7 @@ class Control;
 
 namespace lookfar::desktop {
 
-class Windows;
+class UserActions;
 
 /// The native widget of a control.
 struct NativeControl {
@@ -28,7 +28,7 @@ struct NativeControl {
 
 /// Makes the native widget of a control, as a child of the window; nothing for a control that
 /// the window draws itself and the keyboard does not stop at.
-std::optional<NativeControl> make_native_control(Control& control, Windows& windows,
+std::optional<NativeControl> make_native_control(Control& control, UserActions& actions,
                                                  QWidget& window);
 
 } // namespace lookfar::desktop

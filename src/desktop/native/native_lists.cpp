@@ -1,11 +1,11 @@
 #include "desktop/native/native_lists.h"
 
+#include "desktop/input/user_actions.h"
 #include "desktop/native/list_model.h"
 #include "desktop/native/placement.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -22,9 +22,8 @@ ListModel& add_model(QWidget& widget, const ListControl& control) {
     return *model.release();
 }
 
-void select(ListControl& control, Windows& windows, int row) {
-    windows.deliver(control.runtime,
-                    [&control, row] { control.ListIndex = static_cast<short>(row); });
+void select(ListControl& control, UserActions& actions, int row) {
+    actions.deliver(control, [&control, row] { control.ListIndex = static_cast<short>(row); });
 }
 
 void colour_combo_box(QComboBox& box, const ComboBox& control) {
@@ -69,7 +68,7 @@ void synchronise_list_box(QListView& view, ListModel& model, const ListBox& cont
 
 } // namespace
 
-NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& window) {
+NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& window) {
     auto owned = std::make_unique<QComboBox>(&window);
     QComboBox& box = *owned;
     ListModel& model = add_model(box, control);
@@ -82,14 +81,14 @@ NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& windo
     box.setFont(screen_font(control.Font));
     add_hidden_label(box, shown_text(control.AccessibleName));
     QObject::connect(&box, &QComboBox::activated, &box,
-                     [&control, &windows](int row) { select(control, windows, row); });
+                     [&control, &actions](int row) { select(control, actions, row); });
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&box, &model, &control] { synchronise_combo_box(box, model, control); },
             .release = [&model] { model.release(); },
             .tab_index = control.TabIndex};
 }
 
-NativeControl make_list_box(ListBox& control, Windows& windows, QWidget& window) {
+NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& window) {
     auto owned = std::make_unique<QListView>(&window);
     QListView& view = *owned;
     ListModel& model = add_model(view, control);
@@ -98,9 +97,9 @@ NativeControl make_list_box(ListBox& control, Windows& windows, QWidget& window)
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setAccessibleName(shown_text(control.AccessibleName));
     QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, &view,
-                     [&view, &control, &windows] {
+                     [&view, &control, &actions] {
                          if (const int row = selected_row(view); row >= 0)
-                             select(control, windows, row);
+                             select(control, actions, row);
                      });
     return {
         .widget = WidgetOwner(owned.release()),

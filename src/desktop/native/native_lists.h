@@ -5,7 +5,7 @@
 
 namespace lookfar::desktop {
 
-NativeControl make_combo_box(ComboBox& control, Windows& windows, QWidget& window);
-NativeControl make_list_box(ListBox& control, Windows& windows, QWidget& window);
+NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& window);
+NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

@@ -1,14 +1,14 @@
 #include "desktop/native/popup_menus.h"
 
+#include "desktop/input/user_actions.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 #include "runtime/controls/popup_menu.h"
 
 namespace lookfar::desktop {
 
 std::unique_ptr<QMenu, DeleteLater> make_popup_menu(const PopupMenu& menu,
-                                                    const MenuItem* default_entry, Windows& windows,
-                                                    QWidget& window) {
+                                                    const MenuItem* default_entry,
+                                                    UserActions& actions, QWidget& window) {
     std::unique_ptr<QMenu, DeleteLater> native(std::make_unique<QMenu>(&window).release());
     for (MenuItem* const item : menu.entries) {
         if (item->Caption == "-") {
@@ -16,8 +16,8 @@ std::unique_ptr<QMenu, DeleteLater> make_popup_menu(const PopupMenu& menu,
             continue;
         }
         QAction* const action =
-            native->addAction(shown_text(item->Caption), native.get(), [item, &windows] {
-                windows.deliver(item->runtime, [item] { item->Click.raise(); });
+            native->addAction(shown_text(item->Caption), native.get(), [item, &actions] {
+                actions.deliver(*item, [item] { item->Click.raise(); });
             });
         if (item == default_entry)
             native->setDefaultAction(action);

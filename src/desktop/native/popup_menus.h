@@ -13,11 +13,11 @@ class PopupMenu;
 
 namespace lookfar::desktop {
 
-class Windows;
+class UserActions;
 
 /// The native menu; the default entry, if any, is set off.
 std::unique_ptr<QMenu, DeleteLater> make_popup_menu(const PopupMenu& menu,
-                                                    const MenuItem* default_entry, Windows& windows,
-                                                    QWidget& window);
+                                                    const MenuItem* default_entry,
+                                                    UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

@@ -1,11 +1,11 @@
 #include "desktop/native/text_entry.h"
 
 #include "desktop/input/key_codes.h"
+#include "desktop/input/user_actions.h"
 #include "desktop/native/placement.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -39,8 +39,8 @@ Qt::Alignment alignment_of(Alignment alignment) {
 
 } // namespace
 
-TextEntry::TextEntry(TextBox& control, Windows& windows, QWidget& window)
-    : QLineEdit(&window), control_(&control), windows_(windows) {
+TextEntry::TextEntry(TextBox& control, UserActions& actions, QWidget& window)
+    : QLineEdit(&window), control_(&control), actions_(actions) {
     setFrame(control.HasBorder);
     // Puts a borderless text on the line of the caption around it.
     if (!control.HasBorder)
@@ -87,7 +87,7 @@ void TextEntry::take_selection() {
 void TextEntry::report_text() {
     if (!control_)
         return;
-    windows_.deliver(control_->runtime, [this] {
+    actions_.deliver(*control_, [this] {
         control_->SelStart = cursorPosition();
         control_->SelLength = 0;
         control_->Text = typed_bytes(text());
@@ -98,7 +98,7 @@ void TextEntry::report_selection() {
     const bool text_is_reported = control_ && text() == whole_text(control_->Text.get());
     if (!text_is_reported)
         return;
-    windows_.deliver(control_->runtime, [this] {
+    actions_.deliver(*control_, [this] {
         const auto [start, count] = selection_of(*this);
         control_->SelStart = start;
         control_->SelLength = count;
@@ -107,7 +107,7 @@ void TextEntry::report_selection() {
 
 void TextEntry::report_focus() {
     if (control_)
-        windows_.deliver(control_->runtime, [this] { control_->GotFocus.raise(); });
+        actions_.deliver(*control_, [this] { control_->GotFocus.raise(); });
 }
 
 void TextEntry::focusInEvent(QFocusEvent* event) {
@@ -116,7 +116,7 @@ void TextEntry::focusInEvent(QFocusEvent* event) {
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
     if (had_it_all_along)
         return;
-    if (windows_.is_synchronising()) {
+    if (actions_.are_suspended()) {
         QMetaObject::invokeMethod(
             this, [this] { report_focus(); }, Qt::QueuedConnection);
         return;
@@ -129,8 +129,7 @@ void TextEntry::keyPressEvent(QKeyEvent* event) {
     if (control_) {
         const KeyCode code = key_code_of(static_cast<Qt::Key>(event->key()));
         const short shift = shift_state_of(event->modifiers());
-        windows_.deliver(control_->runtime,
-                         [this, code, shift] { control_->KeyDown.raise(code, shift); });
+        actions_.deliver(*control_, [this, code, shift] { control_->KeyDown.raise(code, shift); });
     }
     if (control_)
         QLineEdit::keyPressEvent(event);
@@ -151,8 +150,8 @@ void TextEntry::mouseReleaseEvent(QMouseEvent* event) {
         QLineEdit::mouseReleaseEvent(event);
 }
 
-NativeControl make_text_entry(TextBox& control, Windows& windows, QWidget& window) {
-    auto owned = std::make_unique<TextEntry>(control, windows, window);
+NativeControl make_text_entry(TextBox& control, UserActions& actions, QWidget& window) {
+    auto owned = std::make_unique<TextEntry>(control, actions, window);
     TextEntry& entry = *owned;
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&entry] { entry.synchronise(); },

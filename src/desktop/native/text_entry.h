@@ -10,7 +10,7 @@ namespace lookfar::desktop {
 /// The native widget of a text box.
 class TextEntry : public QLineEdit {
   public:
-    TextEntry(TextBox& control, Windows& windows, QWidget& window);
+    TextEntry(TextBox& control, UserActions& actions, QWidget& window);
 
     /// Takes text and selection over from the control.
     void synchronise();
@@ -32,11 +32,11 @@ class TextEntry : public QLineEdit {
     void report_focus();
 
     TextBox* control_;
-    Windows& windows_;
+    UserActions& actions_;
     /// The button is down with which the box got the focus, and a handler has selected text.
     bool click_keeps_selection_ = false;
 };
 
-NativeControl make_text_entry(TextBox& control, Windows& windows, QWidget& window);
+NativeControl make_text_entry(TextBox& control, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

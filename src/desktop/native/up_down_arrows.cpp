@@ -1,8 +1,8 @@
 #include "desktop/native/up_down_arrows.h"
 
+#include "desktop/input/user_actions.h"
 #include "desktop/native/placement.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/windows.h"
 
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -12,8 +12,8 @@
 
 namespace lookfar::desktop {
 
-UpDownArrows::UpDownArrows(UpDown& control, Windows& windows, QWidget& window)
-    : QWidget(&window), control_(&control), windows_(windows), shown_value_(control.Value) {
+UpDownArrows::UpDownArrows(UpDown& control, UserActions& actions, QWidget& window)
+    : QWidget(&window), control_(&control), actions_(actions), shown_value_(control.Value) {
     auto column = std::make_unique<QVBoxLayout>();
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -33,7 +33,7 @@ void UpDownArrows::add_arrow(Qt::ArrowType type, const QString& name, int direct
     arrow.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     arrow.setAccessibleName(name);
     connect(&arrow, &QToolButton::clicked, this, [this, direction] {
-        windows_.deliver(control_->runtime, [this, direction] { control_->step(direction); });
+        actions_.deliver(*control_, [this, direction] { control_->step(direction); });
     });
     layout()->addWidget(owned.release());
 }
@@ -50,7 +50,7 @@ void UpDownArrows::synchronise() {
 void UpDownArrows::set_value(long value) {
     if (!control_)
         return;
-    windows_.deliver(control_->runtime, [this, value] {
+    actions_.deliver(*control_, [this, value] {
         control_->Value = std::clamp(value, control_->Min, control_->Max);
     });
 }
@@ -83,8 +83,8 @@ QVariant UpDownInterface::minimumValue() const {
     return control ? QVariant::fromValue(control->Min) : QVariant();
 }
 
-NativeControl make_up_down_arrows(UpDown& control, Windows& windows, QWidget& window) {
-    auto owned = std::make_unique<UpDownArrows>(control, windows, window);
+NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window) {
+    auto owned = std::make_unique<UpDownArrows>(control, actions, window);
     UpDownArrows& arrows = *owned;
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&arrows] { arrows.synchronise(); },

@@ -11,7 +11,7 @@ namespace lookfar::desktop {
 /// Two small buttons, one above the other, that repeat while they are held. No tab stop.
 class UpDownArrows : public QWidget {
   public:
-    UpDownArrows(UpDown& control, Windows& windows, QWidget& window);
+    UpDownArrows(UpDown& control, UserActions& actions, QWidget& window);
 
     void synchronise();
     /// The control is about to go.
@@ -26,7 +26,7 @@ class UpDownArrows : public QWidget {
     void add_arrow(Qt::ArrowType type, const QString& name, int direction);
 
     UpDown* control_;
-    Windows& windows_;
+    UserActions& actions_;
     long shown_value_;
 };
 
@@ -47,6 +47,6 @@ class UpDownInterface : public QAccessibleWidget, public QAccessibleValueInterfa
     UpDownArrows& arrows_;
 };
 
-NativeControl make_up_down_arrows(UpDown& control, Windows& windows, QWidget& window);
+NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

@@ -75,20 +75,20 @@ void WindowView::paintEvent(QPaintEvent* event) {
 void WindowView::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (form_)
-        windows_.deliver(form_->runtime, [this] { form_->request_close(); });
+        windows_.actions().deliver(*form_, [this] { form_->request_close(); });
 }
 
 void WindowView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     const bool is_news = event->type() == QEvent::WindowStateChange && form_ && isVisible();
     if (is_news && windowState() != window_states(*form_, screen()->size()))
-        windows_.deliver(form_->runtime,
-                         [this] { form_->WindowState = window_state_of(windowState()); });
+        windows_.actions().deliver(*form_,
+                                   [this] { form_->WindowState = window_state_of(windowState()); });
 }
 
 void WindowView::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
-    const bool is_own_move = windows_.is_synchronising() || pos() == position_;
+    const bool is_own_move = windows_.actions().are_suspended() || pos() == position_;
     if (!form_ || !isVisible() || is_own_move || windowState() != Qt::WindowNoState)
         return;
     position_ = pos();
@@ -106,7 +106,7 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         press_button_by_enter();
     else if (form_ && asks_for_menu(*event))
-        windows_.deliver(form_->runtime, [this] { form_->MenuKey.raise(); });
+        windows_.actions().deliver(*form_, [this] { form_->MenuKey.raise(); });
     else
         QWidget::keyPressEvent(event);
 }

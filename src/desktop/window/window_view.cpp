@@ -33,7 +33,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
       windows_(windows),
       drawn_(form),
       news_(*this),
-      mouse_(form, drawn_, windows) {
+      mouse_(form, drawn_, windows.actions()) {
     setFont(screen_font({}));
     setMouseTracking(true);
     // The canvas fills every pixel.
@@ -48,7 +48,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
 /// Later children lie over earlier ones, so the hindmost control comes first.
 void WindowView::make_native_controls() {
     for (Control* const control : std::views::reverse(form_->controls())) {
-        auto native = make_native_control(*control, windows_, *this);
+        auto native = make_native_control(*control, windows_.actions(), *this);
         if (!native)
             continue;
         native->widget->setAttribute(Qt::WA_NoMousePropagation);
@@ -189,7 +189,7 @@ void WindowView::release() {
 }
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
-    menu_ = make_popup_menu(menu, default_entry, windows_, *this);
+    menu_ = make_popup_menu(menu, default_entry, windows_.actions(), *this);
     const QPoint pointer = QCursor::pos();
     const bool is_over_window = geometry().contains(pointer);
     menu_->popup(is_over_window ? pointer : geometry().center());

@@ -2,7 +2,6 @@
 
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
-#include "runtime/runtime.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -11,22 +10,6 @@
 #include <utility>
 
 namespace lookfar::desktop {
-
-namespace {
-
-class FlagSet {
-  public:
-    explicit FlagSet(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    FlagSet(const FlagSet&) = delete;
-    FlagSet& operator=(const FlagSet&) = delete;
-    ~FlagSet() { flag_ = before_; }
-
-  private:
-    bool& flag_;
-    bool before_;
-};
-
-} // namespace
 
 Windows::Windows(QIcon icon) : icon_(std::move(icon)) {}
 
@@ -57,7 +40,7 @@ void Windows::schedule() {
 }
 
 void Windows::forget(Element& element) {
-    const FlagSet synchronising(is_synchronising_);
+    const UserActions::Suspension suspension(actions_);
     if (changed_.erase(&element) > 0)
         std::erase(changed_in_order_, &element);
     if (const auto own = views_.find(&element); own != views_.end()) {
@@ -70,9 +53,9 @@ void Windows::forget(Element& element) {
 }
 
 void Windows::synchronise() {
-    if (is_synchronising_)
+    if (actions_.are_suspended())
         return;
-    const FlagSet synchronising(is_synchronising_);
+    const UserActions::Suspension suspension(actions_);
     changed_.clear();
     for (Element* const element : std::exchange(changed_in_order_, {}))
         synchronise(*element);
@@ -98,13 +81,6 @@ void Windows::synchronise_window(Form& form) {
             views_.emplace(&form, std::make_unique<WindowView>(form, *this, icon_).release()).first;
     if (view != views_.end())
         view->second->synchronise_window();
-}
-
-void Windows::deliver(Runtime& runtime, const std::function<void()>& handler) {
-    if (is_synchronising_)
-        return;
-    runtime.deliver(handler);
-    synchronise();
 }
 
 void Windows::bring_forward(Form& form) {

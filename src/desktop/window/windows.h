@@ -1,11 +1,11 @@
 #pragma once
 
+#include "desktop/input/user_actions.h"
 #include "desktop/native/delete_later.h"
 
 #include <QIcon>
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
@@ -17,7 +17,6 @@ class Element;
 class Form;
 class MenuItem;
 class PopupMenu;
-class Runtime;
 } // namespace lookfar
 
 namespace lookfar::desktop {
@@ -27,8 +26,7 @@ class WindowView;
 /// The windows on the screen, kept in step with the model.
 ///
 /// A changed element is only noted. The synchronisation that follows runs from the message loop,
-/// before a window paints, before the user's next action and after it. Nothing that the widgets
-/// report while they take the model's values counts as an action of the user.
+/// before a window paints, before the user's next action and after it.
 class Windows {
   public:
     explicit Windows(QIcon icon);
@@ -42,10 +40,9 @@ class Windows {
 
     /// Shows all that has changed.
     void synchronise();
-    bool is_synchronising() const { return is_synchronising_; }
 
-    /// Runs a handler for an action of the user, and shows what it has changed.
-    void deliver(Runtime& runtime, const std::function<void()>& handler);
+    /// Suspended while the widgets take over what has changed.
+    UserActions& actions() { return actions_; }
 
     void bring_forward(Form& form);
     void set_focus(Control& control);
@@ -60,13 +57,13 @@ class Windows {
     void synchronise_window(Form& form);
 
     QIcon icon_;
+    UserActions actions_{[this] { synchronise(); }};
     std::unordered_map<const Element*, std::unique_ptr<WindowView, DeleteLater>> views_;
     std::unordered_set<Element*> changed_;
     /// The same in the order of their first change: a window that is shown before another is
     /// hidden comes up before that one goes.
     std::vector<Element*> changed_in_order_;
     bool is_scheduled_ = false;
-    bool is_synchronising_ = false;
     /// Receives the scheduled synchronisation; the last member, so that it goes first.
     QObject loop_;
 };

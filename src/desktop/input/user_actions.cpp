@@ -1,0 +1,27 @@
+#include "desktop/input/user_actions.h"
+
+#include "runtime/element.h"
+#include "runtime/runtime.h"
+
+#include <utility>
+
+namespace lookfar::desktop {
+
+UserActions::UserActions(std::function<void()> show_changes)
+    : show_changes_(std::move(show_changes)) {}
+
+void UserActions::deliver(const Element& element, const std::function<void()>& handler) {
+    if (are_suspended_)
+        return;
+    element.runtime.deliver(handler);
+    show_changes_();
+}
+
+UserActions::Suspension::Suspension(UserActions& actions)
+    : actions_(actions), were_suspended_(std::exchange(actions.are_suspended_, true)) {}
+
+UserActions::Suspension::~Suspension() {
+    actions_.are_suspended_ = were_suspended_;
+}
+
+} // namespace lookfar::desktop
