@@ -5,7 +5,7 @@
 #include "desktop/style/compact_style.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
-#include "desktop/window/input_gate.h"
+#include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
 #include "runtime/files/disk.h"
 #include "transfers/curl_transfers.h"

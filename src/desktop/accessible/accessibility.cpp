@@ -1,7 +1,7 @@
 #include "desktop/accessible/accessibility.h"
 
 #include "desktop/accessible/window_interface.h"
-#include "desktop/native/label_stop.h"
+#include "desktop/native/label_tab_stop.h"
 #include "desktop/native/status_text.h"
 #include "desktop/native/up_down_arrows.h"
 #include "desktop/window/window_view.h"

@@ -1,7 +1,7 @@
 #include "desktop/native/native_buttons.h"
 
 #include "desktop/input/user_actions.h"
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/glyphs.h"
 #include "desktop/style/texts.h"

@@ -1,6 +1,6 @@
 #include "desktop/native/native_control.h"
 
-#include "desktop/native/label_stop.h"
+#include "desktop/native/label_tab_stop.h"
 #include "desktop/native/native_buttons.h"
 #include "desktop/native/native_lists.h"
 #include "desktop/native/status_text.h"

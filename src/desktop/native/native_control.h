@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/native/delete_later.h"
+#include "desktop/native/tied_widget.h"
 
 #include <functional>
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "desktop/input/user_actions.h"
 #include "desktop/native/list_model.h"
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"

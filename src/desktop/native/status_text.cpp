@@ -1,7 +1,7 @@
 #include "desktop/native/status_text.h"
 
 #include "desktop/accessible/announcement.h"
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
 #include <QAccessible>

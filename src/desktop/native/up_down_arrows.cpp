@@ -1,7 +1,7 @@
 #include "desktop/native/up_down_arrows.h"
 
 #include "desktop/input/user_actions.h"
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
 #include <QToolButton>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/accessible/drawn_news.h"
+#include "desktop/accessible/change_reporter.h"
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
 #include "desktop/native/native_control.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/input/user_actions.h"
-#include "desktop/native/delete_later.h"
+#include "desktop/native/tied_widget.h"
 
 #include <QIcon>
 #include <QObject>

@@ -1,7 +1,7 @@
-#include "desktop/native/label_stop.h"
+#include "desktop/native/label_tab_stop.h"
 
 #include "desktop/input/user_actions.h"
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "desktop/window/input_gate.h"
+#include "desktop/window/input_synchroniser.h"
 
 #include "desktop/window/windows.h"
 

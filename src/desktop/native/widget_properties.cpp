@@ -1,4 +1,4 @@
-#include "desktop/native/placement.h"
+#include "desktop/native/widget_properties.h"
 
 #include "desktop/style/geometry.h"
 #include "runtime/controls/control.h"

@@ -1,4 +1,4 @@
-#include "desktop/accessible/drawn_news.h"
+#include "desktop/accessible/change_reporter.h"
 
 #include "desktop/accessible/announcement.h"
 #include "desktop/accessible/window_interface.h"
