@@ -51,9 +51,11 @@ void prepare() {
 struct DesktopPlatform::Parts {
     Parts(int& argument_count, char** arguments,
           const std::vector<std::span<const std::uint8_t>>& icons)
-        : application(argument_count, arguments), windows(icon_of(icons)), gate(windows) {
+        : application(argument_count, arguments),
+          windows(icon_of(icons)),
+          input_synchroniser(windows) {
         prepare();
-        application.installEventFilter(&gate);
+        application.installEventFilter(&input_synchroniser);
     }
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -62,7 +64,7 @@ struct DesktopPlatform::Parts {
     QApplication application;
     desktop::Accessibility accessibility;
     desktop::Windows windows;
-    desktop::InputGate gate;
+    desktop::InputSynchroniser input_synchroniser;
     std::function<void()> wake_handler;
     QTimer wake_timer;
     /// Receives what is posted.

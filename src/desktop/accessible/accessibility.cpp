@@ -24,8 +24,8 @@ class StatusTextInterface : public QAccessibleWidget {
 QAccessibleInterface* make_interface(const QString& /*class_name*/, QObject* object) {
     if (auto* const view = dynamic_cast<WindowView*>(object))
         return std::make_unique<WindowInterface>(*view).release();
-    if (auto* const stop = dynamic_cast<LabelStop*>(object))
-        return std::make_unique<LabelStopInterface>(*stop).release();
+    if (auto* const stop = dynamic_cast<LabelTabStop*>(object))
+        return std::make_unique<LabelTabStopInterface>(*stop).release();
     if (auto* const text = dynamic_cast<StatusText*>(object))
         return std::make_unique<StatusTextInterface>(*text).release();
     if (auto* const arrows = dynamic_cast<UpDownArrows*>(object))

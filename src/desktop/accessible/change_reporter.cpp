@@ -29,7 +29,7 @@ void tell_change(QAccessibleInterface& object, const QString& before, const QStr
 
 } // namespace
 
-void DrawnNews::synchronise(Control& control) {
+void ChangeReporter::synchronise(Control& control) {
     if (!QAccessible::isActive())
         return;
     const auto drawn = view_.readable_control(control);

@@ -15,9 +15,9 @@ class WindowView;
 
 /// Tells assistive technology what has changed among the labels and pictures that a window draws
 /// itself, and announces the texts of those that ask for it.
-class DrawnNews {
+class ChangeReporter {
   public:
-    explicit DrawnNews(WindowView& view) : view_(view) {}
+    explicit ChangeReporter(WindowView& view) : view_(view) {}
 
     /// Tells how the control is shown now, if it was shown differently before.
     void synchronise(Control& control);

@@ -36,7 +36,7 @@ QRegion DrawnControls::synchronise(Control& control) {
     return QRegion(before.area) + now.area;
 }
 
-QRegion DrawnControls::synchronise_edited_pictures() {
+QRegion DrawnControls::take_edited_pictures() {
     QRegion region;
     for (Shown& shown : std::views::values(shown_)) {
         if (!shown.picture || shown.picture->revision() == shown.revision)

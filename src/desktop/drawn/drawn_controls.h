@@ -34,7 +34,7 @@ class DrawnControls {
     /// nothing for a control that was and is hidden.
     QRegion synchronise(Control& control);
     /// Looks after pictures that were edited in place. Gives back what must be painted again.
-    QRegion synchronise_edited_pictures();
+    QRegion take_edited_pictures();
     /// The control is about to go; nothing happens for an element that is none.
     void forget(const Element& element);
 

@@ -9,25 +9,25 @@
 
 namespace lookfar::desktop {
 
-LabelStop::LabelStop(Label& label, UserActions& actions, QWidget& window)
+LabelTabStop::LabelTabStop(Label& label, UserActions& actions, QWidget& window)
     : QWidget(&window), label_(&label), actions_(actions), is_link_(label.Role == LabelRole::link) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
-void LabelStop::synchronise() {
+void LabelTabStop::synchronise() {
     const std::string& name =
         label_->AccessibleName.empty() ? label_->Caption.get() : label_->AccessibleName;
     set_accessible_name(*this, shown_text(name));
     place(*this, *label_);
 }
 
-void LabelStop::click() {
+void LabelTabStop::click() {
     if (label_)
         actions_.deliver(*label_, [this] { label_->Click.raise(); });
 }
 
-void LabelStop::keyPressEvent(QKeyEvent* event) {
+void LabelTabStop::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Space:
     case Qt::Key_Return:
@@ -39,7 +39,7 @@ void LabelStop::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void LabelStop::paintEvent(QPaintEvent* /*event*/) {
+void LabelTabStop::paintEvent(QPaintEvent* /*event*/) {
     if (!hasFocus())
         return;
     QPainter painter(this);
@@ -47,24 +47,24 @@ void LabelStop::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
-LabelStopInterface::LabelStopInterface(LabelStop& stop)
+LabelTabStopInterface::LabelTabStopInterface(LabelTabStop& stop)
     : QAccessibleWidget(&stop, stop.is_link() ? QAccessible::Link : QAccessible::Button),
       stop_(stop) {}
 
-QStringList LabelStopInterface::actionNames() const {
+QStringList LabelTabStopInterface::actionNames() const {
     return QStringList(pressAction()) + QAccessibleWidget::actionNames();
 }
 
-void LabelStopInterface::doAction(const QString& name) {
+void LabelTabStopInterface::doAction(const QString& name) {
     if (name == pressAction())
         stop_.click();
     else
         QAccessibleWidget::doAction(name);
 }
 
-NativeControl make_label_stop(Label& label, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<LabelStop>(label, actions, window);
-    LabelStop& stop = *owned;
+NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window) {
+    auto owned = std::make_unique<LabelTabStop>(label, actions, window);
+    LabelTabStop& stop = *owned;
     return {.widget = WidgetOwner(owned.release()),
             .synchronise = [&stop] { stop.synchronise(); },
             .release = [&stop] { stop.release(); },

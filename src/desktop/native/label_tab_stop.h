@@ -10,9 +10,9 @@ namespace lookfar::desktop {
 
 /// Lets the keyboard reach a label that is a button or a link: a clear widget over it, a stop of
 /// the tab key, which Space and Enter click. The label is drawn by the window and has the mouse.
-class LabelStop : public QWidget {
+class LabelTabStop : public QWidget {
   public:
-    LabelStop(Label& label, UserActions& actions, QWidget& window);
+    LabelTabStop(Label& label, UserActions& actions, QWidget& window);
 
     void synchronise();
     /// The label is about to go.
@@ -33,17 +33,17 @@ class LabelStop : public QWidget {
 };
 
 /// What assistive technology reads of it: a button or a link that can be pressed.
-class LabelStopInterface : public QAccessibleWidget {
+class LabelTabStopInterface : public QAccessibleWidget {
   public:
-    explicit LabelStopInterface(LabelStop& stop);
+    explicit LabelTabStopInterface(LabelTabStop& stop);
 
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 
   private:
-    LabelStop& stop_;
+    LabelTabStop& stop_;
 };
 
-NativeControl make_label_stop(Label& label, UserActions& actions, QWidget& window);
+NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

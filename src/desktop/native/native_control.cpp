@@ -27,7 +27,7 @@ class NativeControlMaker : public ControlVisitor {
     }
     void visit(Label& label) override {
         if (label.Role != LabelRole::text)
-            made_ = make_label_stop(label, actions_, window_);
+            made_ = make_label_tab_stop(label, actions_, window_);
     }
     void visit(ListBox& box) override { made_ = make_list_box(box, actions_, window_); }
     void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }

@@ -24,7 +24,7 @@ bool is_input(QEvent::Type type) {
 
 } // namespace
 
-bool InputGate::eventFilter(QObject* watched, QEvent* event) {
+bool InputSynchroniser::eventFilter(QObject* watched, QEvent* event) {
     if (is_input(event->type()))
         windows_.synchronise();
     return QObject::eventFilter(watched, event);

@@ -7,9 +7,9 @@ namespace lookfar::desktop {
 class Windows;
 
 /// Lets every widget take over the model's values before the user's next action reaches it.
-class InputGate : public QObject {
+class InputSynchroniser : public QObject {
   public:
-    explicit InputGate(Windows& windows) : windows_(windows) {}
+    explicit InputSynchroniser(Windows& windows) : windows_(windows) {}
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

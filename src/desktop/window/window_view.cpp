@@ -32,7 +32,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
       form_(&form),
       windows_(windows),
       drawn_(form),
-      news_(*this),
+      changes_(*this),
       mouse_(form, drawn_, windows.actions()) {
     setFont(screen_font({}));
     setMouseTracking(true);
@@ -114,14 +114,14 @@ void WindowView::synchronise(Control& control) {
 
 void WindowView::synchronise_control(Control& control) {
     update(drawn_.synchronise(control));
-    news_.synchronise(control);
+    changes_.synchronise(control);
     if (const auto native = natives_.find(&control); native != natives_.end())
         native->second.synchronise();
 }
 
-void WindowView::synchronise_edited_pictures() {
+void WindowView::take_edited_pictures() {
     if (isVisible())
-        update(drawn_.synchronise_edited_pictures());
+        update(drawn_.take_edited_pictures());
 }
 
 void WindowView::take_pointer() {
@@ -176,7 +176,7 @@ void WindowView::forget(const Element& element) {
         natives_.erase(native);
     }
     drawn_.forget(element);
-    news_.forget(element);
+    changes_.forget(element);
 }
 
 void WindowView::release() {

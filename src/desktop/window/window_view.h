@@ -40,7 +40,7 @@ class WindowView : public QWidget {
     /// Takes over what the window itself says.
     void synchronise_window();
     void synchronise(Control& control);
-    void synchronise_edited_pictures();
+    void take_edited_pictures();
 
     /// An element of the window, or of another, is about to go.
     void forget(const Element& element);
@@ -92,7 +92,7 @@ class WindowView : public QWidget {
     Form* form_;
     Windows& windows_;
     DrawnControls drawn_;
-    DrawnNews news_;
+    ChangeReporter changes_;
     MouseRouter mouse_;
     std::unordered_map<const Element*, NativeControl> natives_;
     std::unique_ptr<QMenu, DeleteLater> menu_;

@@ -60,7 +60,7 @@ void Windows::synchronise() {
     for (Element* const element : std::exchange(changed_in_order_, {}))
         synchronise(*element);
     for (const auto& view : std::views::values(views_))
-        view->synchronise_edited_pictures();
+        view->take_edited_pictures();
 }
 
 void Windows::synchronise(Element& element) {
