@@ -1,6 +1,7 @@
 #include "desktop/desktop_platform.h"
 
 #include "desktop/accessible/accessibility.h"
+#include "desktop/accessible/change_reporter.h"
 #include "desktop/message_boxes.h"
 #include "desktop/style/compact_style.h"
 #include "desktop/style/fonts.h"
@@ -52,7 +53,7 @@ struct DesktopPlatform::Parts {
     Parts(int& argument_count, char** arguments,
           const std::vector<std::span<const std::uint8_t>>& icons)
         : application(argument_count, arguments),
-          windows(icon_of(icons)),
+          windows(icon_of(icons), change_reporter),
           input_synchroniser(windows) {
         prepare();
         application.installEventFilter(&input_synchroniser);
@@ -63,6 +64,7 @@ struct DesktopPlatform::Parts {
 
     QApplication application;
     desktop::Accessibility accessibility;
+    desktop::ChangeReporter change_reporter;
     desktop::Windows windows;
     desktop::InputSynchroniser input_synchroniser;
     std::function<void()> wake_handler;

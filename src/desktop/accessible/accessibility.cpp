@@ -1,24 +1,19 @@
 #include "desktop/accessible/accessibility.h"
 
+#include "desktop/accessible/native_interfaces.h"
 #include "desktop/accessible/window_interface.h"
 #include "desktop/native/label_tab_stop.h"
 #include "desktop/native/status_text.h"
 #include "desktop/native/up_down_arrows.h"
 #include "desktop/window/window_view.h"
 
-#include <QAccessibleWidget>
+#include <QAccessible>
 
 #include <memory>
 
 namespace lookfar::desktop {
 
 namespace {
-
-class StatusTextInterface : public QAccessibleWidget {
-  public:
-    explicit StatusTextInterface(StatusText& text)
-        : QAccessibleWidget(&text, QAccessible::StatusBar) {}
-};
 
 /// Qt takes the interface over.
 QAccessibleInterface* make_interface(const QString& /*class_name*/, QObject* object) {

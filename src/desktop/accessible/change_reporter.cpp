@@ -2,6 +2,7 @@
 
 #include "desktop/accessible/announcement.h"
 #include "desktop/accessible/window_interface.h"
+#include "desktop/native/status_text.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
 
@@ -13,38 +14,50 @@ namespace lookfar::desktop {
 
 namespace {
 
-void tell(QAccessibleInterface& object, QAccessible::Event kind) {
+void report(QAccessibleInterface& object, QAccessible::Event kind) {
     QAccessibleEvent event(&object, kind);
     QAccessible::updateAccessibility(&event);
 }
 
-void tell_change(QAccessibleInterface& object, const QString& before, const QString& now) {
+void report_name(QAccessibleInterface& object, const QString& before, const QString& now) {
     if (before.isEmpty())
-        tell(object, QAccessible::ObjectShow);
+        report(object, QAccessible::ObjectShow);
     if (now.isEmpty())
-        tell(object, QAccessible::ObjectHide);
+        report(object, QAccessible::ObjectHide);
     else
-        tell(object, QAccessible::NameChanged);
+        report(object, QAccessible::NameChanged);
 }
 
 } // namespace
 
-void ChangeReporter::synchronise(Control& control) {
-    if (!QAccessible::isActive())
-        return;
-    const auto drawn = view_.readable_control(control);
+void ChangeReporter::control_shown(WindowView& window, Control& control) {
+    if (auto* const status_text = dynamic_cast<StatusText*>(window.widget_of(control)))
+        report_status_text(*status_text, control);
+    else if (QAccessible::isActive())
+        report_drawn_control(window, control);
+}
+
+void ChangeReporter::report_drawn_control(WindowView& window, Control& control) {
+    const auto drawn = window.readable_control(control);
     if (!drawn)
         return;
     const QString now = control.Visible ? shown_text(drawn->name) : QString();
-    const QString before = std::exchange(told_[&control], now);
+    const QString before = std::exchange(reported_[&control], now);
     if (now == before)
         return;
-    auto* const window =
-        dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&view_));
-    QAccessibleInterface& object = *window->interface_of(control);
-    tell_change(object, before, now);
+    auto* const parent =
+        dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&window));
+    QAccessibleInterface& object = *parent->interface_of(control);
+    report_name(object, before, now);
     if (!now.isEmpty())
         announce(object, now, drawn->announcement);
+}
+
+/// Qt itself tells how the widget's name changes.
+void ChangeReporter::report_status_text(StatusText& widget, const Control& control) {
+    const QString now = widget.accessibleName();
+    if (std::exchange(reported_[&control], now) != now)
+        announce(*QAccessible::queryAccessibleInterface(&widget), now, Announcement::polite);
 }
 
 } // namespace lookfar::desktop

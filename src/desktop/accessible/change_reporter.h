@@ -1,33 +1,28 @@
 #pragma once
 
+#include "desktop/window/window_observer.h"
+
 #include <QString>
 
 #include <unordered_map>
 
-namespace lookfar {
-class Control;
-class Element;
-} // namespace lookfar
-
 namespace lookfar::desktop {
 
-class WindowView;
+class StatusText;
 
-/// Tells assistive technology what has changed among the labels and pictures that a window draws
-/// itself, and announces the texts of those that ask for it.
-class ChangeReporter {
+/// Tells assistive technology how the labels and pictures change that windows draw themselves, and
+/// announces new texts: those of labels that ask for it, and that of a status bar.
+class ChangeReporter : public WindowObserver {
   public:
-    explicit ChangeReporter(WindowView& view) : view_(view) {}
-
-    /// Tells how the control is shown now, if it was shown differently before.
-    void synchronise(Control& control);
-    /// The control is about to go; nothing happens for an element that is none.
-    void forget(const Element& element) { told_.erase(&element); }
+    void control_shown(WindowView& window, Control& control) override;
+    void element_forgotten(const Element& element) override { reported_.erase(&element); }
 
   private:
-    WindowView& view_;
-    /// What each control is called; empty for one that is hidden.
-    std::unordered_map<const Element*, QString> told_;
+    void report_drawn_control(WindowView& window, Control& control);
+    void report_status_text(StatusText& widget, const Control& control);
+
+    /// What each control was called when it was reported last; empty for one that was hidden.
+    std::unordered_map<const Element*, QString> reported_;
 };
 
 } // namespace lookfar::desktop

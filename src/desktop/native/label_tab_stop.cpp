@@ -47,21 +47,6 @@ void LabelTabStop::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
-LabelTabStopInterface::LabelTabStopInterface(LabelTabStop& stop)
-    : QAccessibleWidget(&stop, stop.is_link() ? QAccessible::Link : QAccessible::Button),
-      stop_(stop) {}
-
-QStringList LabelTabStopInterface::actionNames() const {
-    return QStringList(pressAction()) + QAccessibleWidget::actionNames();
-}
-
-void LabelTabStopInterface::doAction(const QString& name) {
-    if (name == pressAction())
-        stop_.click();
-    else
-        QAccessibleWidget::doAction(name);
-}
-
 NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window) {
     auto owned = std::make_unique<LabelTabStop>(label, actions, window);
     LabelTabStop& stop = *owned;

@@ -3,7 +3,6 @@
 #include "desktop/native/native_control.h"
 #include "runtime/controls/label.h"
 
-#include <QAccessibleWidget>
 #include <QWidget>
 
 namespace lookfar::desktop {
@@ -30,18 +29,6 @@ class LabelTabStop : public QWidget {
     Label* label_;
     UserActions& actions_;
     const bool is_link_;
-};
-
-/// What assistive technology reads of it: a button or a link that can be pressed.
-class LabelTabStopInterface : public QAccessibleWidget {
-  public:
-    explicit LabelTabStopInterface(LabelTabStop& stop);
-
-    QStringList actionNames() const override;
-    void doAction(const QString& name) override;
-
-  private:
-    LabelTabStop& stop_;
 };
 
 NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window);

@@ -7,18 +7,16 @@
 
 namespace lookfar::desktop {
 
-/// A text in a sunken bar, cut at its width with an ellipsis; the tooltip and assistive technology
-/// have the whole text, and screen readers tell a new one.
+/// A text in a sunken bar, cut at its width with an ellipsis. The tooltip and the accessible name
+/// are the whole text.
 class StatusText : public QLabel {
   public:
-    StatusText(const StatusBar& control, QWidget& window);
+    explicit StatusText(QWidget& window);
 
-    void synchronise();
+    void synchronise(const StatusBar& control);
 
   private:
     void show_text(const QString& text);
-
-    const StatusBar& control_;
 };
 
 NativeControl make_status_text(StatusBar& control, QWidget& window);

@@ -4,6 +4,7 @@
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
+#include <QAccessible>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -53,34 +54,6 @@ void UpDownArrows::set_value(long value) {
     actions_.deliver(*control_, [this, value] {
         control_->Value = std::clamp(value, control_->Min, control_->Max);
     });
-}
-
-UpDownInterface::UpDownInterface(UpDownArrows& arrows)
-    : QAccessibleWidget(&arrows, QAccessible::SpinBox), arrows_(arrows) {}
-
-void* UpDownInterface::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::ValueInterface)
-        return static_cast<QAccessibleValueInterface*>(this);
-    return QAccessibleWidget::interface_cast(type);
-}
-
-QVariant UpDownInterface::currentValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Value.get()) : QVariant();
-}
-
-void UpDownInterface::setCurrentValue(const QVariant& value) {
-    arrows_.set_value(static_cast<long>(value.toLongLong()));
-}
-
-QVariant UpDownInterface::maximumValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Max) : QVariant();
-}
-
-QVariant UpDownInterface::minimumValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Min) : QVariant();
 }
 
 NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window) {

@@ -3,7 +3,6 @@
 #include "desktop/native/native_control.h"
 #include "runtime/controls/bars.h"
 
-#include <QAccessibleWidget>
 #include <QWidget>
 
 namespace lookfar::desktop {
@@ -28,23 +27,6 @@ class UpDownArrows : public QWidget {
     UpDown* control_;
     UserActions& actions_;
     long shown_value_;
-};
-
-/// What assistive technology reads of the arrows: a value between two limits.
-class UpDownInterface : public QAccessibleWidget, public QAccessibleValueInterface {
-  public:
-    explicit UpDownInterface(UpDownArrows& arrows);
-
-    void* interface_cast(QAccessible::InterfaceType type) override;
-
-    QVariant currentValue() const override;
-    void setCurrentValue(const QVariant& value) override;
-    QVariant maximumValue() const override;
-    QVariant minimumValue() const override;
-    QVariant minimumStepSize() const override { return 1; }
-
-  private:
-    UpDownArrows& arrows_;
 };
 
 NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window);

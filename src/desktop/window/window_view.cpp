@@ -5,6 +5,7 @@
 #include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_frame.h"
+#include "desktop/window/window_observer.h"
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
@@ -32,7 +33,6 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
       form_(&form),
       windows_(windows),
       drawn_(form),
-      changes_(*this),
       mouse_(form, drawn_, windows.actions()) {
     setFont(screen_font({}));
     setMouseTracking(true);
@@ -114,9 +114,9 @@ void WindowView::synchronise(Control& control) {
 
 void WindowView::synchronise_control(Control& control) {
     update(drawn_.synchronise(control));
-    changes_.synchronise(control);
     if (const auto native = natives_.find(&control); native != natives_.end())
         native->second.synchronise();
+    windows_.observer().control_shown(*this, control);
 }
 
 void WindowView::take_edited_pictures() {
@@ -176,7 +176,6 @@ void WindowView::forget(const Element& element) {
         natives_.erase(native);
     }
     drawn_.forget(element);
-    changes_.forget(element);
 }
 
 void WindowView::release() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "desktop/accessible/change_reporter.h"
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
 #include "desktop/native/native_control.h"
@@ -92,7 +91,6 @@ class WindowView : public QWidget {
     Form* form_;
     Windows& windows_;
     DrawnControls drawn_;
-    ChangeReporter changes_;
     MouseRouter mouse_;
     std::unordered_map<const Element*, NativeControl> natives_;
     std::unique_ptr<QMenu, DeleteLater> menu_;

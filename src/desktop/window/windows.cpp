@@ -1,5 +1,6 @@
 #include "desktop/window/windows.h"
 
+#include "desktop/window/window_observer.h"
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
 
@@ -11,7 +12,8 @@
 
 namespace lookfar::desktop {
 
-Windows::Windows(QIcon icon) : icon_(std::move(icon)) {}
+Windows::Windows(QIcon icon, WindowObserver& observer)
+    : icon_(std::move(icon)), observer_(observer) {}
 
 Windows::~Windows() {
     for (const auto& view : std::views::values(views_))
@@ -41,6 +43,7 @@ void Windows::schedule() {
 
 void Windows::forget(Element& element) {
     const UserActions::Suspension suspension(actions_);
+    observer_.element_forgotten(element);
     if (changed_.erase(&element) > 0)
         std::erase(changed_in_order_, &element);
     if (const auto own = views_.find(&element); own != views_.end()) {

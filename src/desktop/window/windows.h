@@ -21,6 +21,7 @@ class PopupMenu;
 
 namespace lookfar::desktop {
 
+class WindowObserver;
 class WindowView;
 
 /// The windows on the screen, kept in step with the model.
@@ -29,7 +30,7 @@ class WindowView;
 /// before a window paints, before the user's next action and after it.
 class Windows {
   public:
-    explicit Windows(QIcon icon);
+    Windows(QIcon icon, WindowObserver& observer);
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
     ~Windows();
@@ -43,6 +44,7 @@ class Windows {
 
     /// Suspended while the widgets take over what has changed.
     UserActions& actions() { return actions_; }
+    WindowObserver& observer() { return observer_; }
 
     void bring_forward(Form& form);
     void set_focus(Control& control);
@@ -57,6 +59,7 @@ class Windows {
     void synchronise_window(Form& form);
 
     QIcon icon_;
+    WindowObserver& observer_;
     UserActions actions_{[this] { synchronise(); }};
     std::unordered_map<const Element*, std::unique_ptr<WindowView, DeleteLater>> views_;
     std::unordered_set<Element*> changed_;

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace lookfar {
+class Control;
+class Element;
+} // namespace lookfar
+
+namespace lookfar::desktop {
+
+class WindowView;
+
+/// Is told what becomes of the controls of all windows.
+class WindowObserver {
+  public:
+    virtual ~WindowObserver() = default;
+
+    /// The window, which is visible, has taken over what the control says.
+    virtual void control_shown(WindowView& window, Control& control) = 0;
+    /// The element is about to go.
+    virtual void element_forgotten(const Element& element) = 0;
+};
+
+} // namespace lookfar::desktop
