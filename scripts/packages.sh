@@ -72,8 +72,7 @@ install_test_packages() {
         libatspi2.0-dev \
         libxcb-keysyms1-dev \
         libxcb-xtest0-dev \
-        openssl \
-        pkgconf
+        openssl
 }
 
 # For making and checking the Debian package.
