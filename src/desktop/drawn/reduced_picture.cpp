@@ -1,5 +1,7 @@
 #include "desktop/drawn/reduced_picture.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cstdint>
 #include <span>
@@ -67,8 +69,19 @@ int reduction_for(const Picture& picture, const QSize& size) {
     return std::max(factor, 1);
 }
 
-QImage reduced(const Picture& picture, int factor) {
-    QImage image(picture.width() / factor, picture.height() / factor, QImage::Format_RGB32);
+QImage wrapped(const Picture& picture) {
+    return {picture.bytes().data(), picture.width(), picture.height(), picture.stride(),
+            QImage::Format_RGB888};
+}
+
+void reduce(const Picture& picture, int factor, QImage& image) {
+    const QSize size(picture.width() / factor, picture.height() / factor);
+    if (image.size() != size || image.format() != QImage::Format_RGB32)
+        image = QImage(size, QImage::Format_RGB32);
+    if (factor == 1) {
+        QPainter(&image).drawImage(QPoint(), wrapped(picture));
+        return;
+    }
     const auto stride = static_cast<std::size_t>(picture.stride());
     const std::size_t step = stride * static_cast<std::size_t>(factor);
     std::vector<std::uint16_t> sums(static_cast<std::size_t>(picture.width()) * bytes_per_pixel);
@@ -77,7 +90,6 @@ QImage reduced(const Picture& picture, int factor) {
         add_rows(rows.first(step), stride, sums);
         average_columns(sums, static_cast<unsigned>(factor), pixels_of_row(image, row));
     }
-    return image;
 }
 
 } // namespace lookfar::desktop

@@ -6,26 +6,15 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// The picture's own bytes, not copied.
-QImage wrapped(const Picture& picture) {
-    return {picture.bytes().data(), picture.width(), picture.height(), picture.stride(),
-            QImage::Format_RGB888};
-}
-
-QImage whole(const Picture& picture) {
-    // Scaling four bytes a pixel is several times quicker than scaling three.
+QImage with_opacity(const Picture& picture) {
     QImage image = wrapped(picture).convertToFormat(QImage::Format_RGB32);
-    if (!picture.opacity().empty())
-        image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
-                                     picture.width(), QImage::Format_Alpha8));
+    image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
+                                 picture.width(), QImage::Format_Alpha8));
     return image;
 }
 
-/// An image to scale to this size. A large picture gets there by a small one: a whole one, of four
-/// bytes a pixel and made anew for every refresh, takes more time than the scaling.
-QImage image_for(const Picture& picture, const QSize& size) {
-    const int factor = picture.opacity().empty() ? reduction_for(picture, size) : 1;
-    return factor > 1 ? reduced(picture, factor) : whole(picture);
+QImage smoothly_scaled(const QImage& image, const QSize& size) {
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace
@@ -38,12 +27,29 @@ const QImage& ScaledPictures::picture_for(const Element& control, const PictureR
     if (is_ready)
         return entry.image;
     ++prepared_;
-    entry = {.picture = picture,
-             .revision = picture->revision(),
-             .size = size,
-             .image = image_for(*picture, size)
-                          .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)};
+    entry.picture = picture;
+    entry.revision = picture->revision();
+    entry.size = size;
+    prepare(entry);
     return entry.image;
+}
+
+/// A large picture is reduced before it is scaled: scaling takes four bytes a pixel, and so many of
+/// a whole picture take more time than the scaling itself.
+void ScaledPictures::prepare(Entry& entry) {
+    const Picture& picture = *entry.picture;
+    const QSize natural(picture.width(), picture.height());
+    const int factor = reduction_for(picture, entry.size);
+    if (!picture.opacity().empty()) {
+        entry.image = smoothly_scaled(with_opacity(picture), entry.size);
+    } else if (natural == entry.size) {
+        entry.image = wrapped(picture);
+    } else if (natural == entry.size * factor) {
+        reduce(picture, factor, entry.image);
+    } else {
+        reduce(picture, factor, entry.reduced);
+        entry.image = smoothly_scaled(entry.reduced, entry.size);
+    }
 }
 
 bool ScaledPictures::is_up_to_date(const Element& control, const PictureReference& picture) const {

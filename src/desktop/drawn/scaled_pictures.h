@@ -15,7 +15,8 @@ class Element;
 namespace lookfar::desktop {
 
 /// The pictures of a window's controls at the size in which they are painted. Each is scaled once
-/// for a picture object, a revision and a size.
+/// for a picture object, a revision and a size, into memory that the control's next picture uses
+/// again. One that is painted in its natural size is not copied at all.
 class ScaledPictures {
   public:
     /// The control's picture in exactly this size, in device pixels.
@@ -35,7 +36,11 @@ class ScaledPictures {
         std::uint64_t revision = 0;
         QSize size;
         QImage image;
+        /// What the image was scaled from.
+        QImage reduced;
     };
+
+    static void prepare(Entry& entry);
 
     std::unordered_map<const Element*, Entry> entries_;
     int prepared_ = 0;
