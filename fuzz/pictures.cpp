@@ -1,10 +1,8 @@
 // Any bytes are a picture in good order, or are refused with the one failure of pictures.
 #include "fuzz/support/expect.h"
-#include "fuzz/support/png_checksums.h"
 #include "runtime/failure.h"
 #include "runtime/pictures/picture_decoder.h"
 #include "runtime/pictures/picture_loader.h"
-#include "runtime/pictures/png_texts.h"
 
 #include <cstdint>
 #include <numeric>
@@ -61,14 +59,4 @@ void check(const Bytes& bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     lookfar::fuzz::check({data, data + size});
     return 0;
-}
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t max_size);
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
-                                               std::size_t max_size, unsigned /*seed*/) {
-    const std::span changed(data, LLVMFuzzerMutate(data, size, max_size));
-    if (lookfar::starts_png(changed))
-        lookfar::fuzz::repair_png_checksums(changed);
-    return changed.size();
 }

@@ -82,8 +82,7 @@ class LongLife : public ::testing::Test {
     }
 
     void remove(const std::string& title) {
-        machine.platform.box_answers.emplace_back(
-            [](const MessageBox&) { return MessageBoxAnswer::yes; });
+        machine.platform.box_answers.emplace_back([] { return MessageBoxAnswer::yes; });
         machine.Form3->List1.Text = title;
         machine.Form3->Command2.Click.raise();
         cameras_.erase(title);

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "runtime/failure.h"
-
 #include <cstdio>
 #include <cstdlib>
 
@@ -13,17 +11,6 @@ inline void expect(bool holds, const char* invariant) {
         return;
     std::fprintf(stderr, "This does not hold: %s\n", invariant);
     std::abort();
-}
-
-/// Whether a statement goes through without a `Failure`.
-template <class Statement>
-bool goes_well(Statement&& statement) {
-    try {
-        statement();
-        return true;
-    } catch (const Failure&) {
-        return false;
-    }
 }
 
 } // namespace lookfar::fuzz

@@ -1,7 +1,5 @@
 #include "runtime/remote_access.h"
-#include "support/machine.h"
-
-#include <gtest/gtest.h>
+#include "support/started.h"
 
 namespace lookfar::testing {
 namespace {
@@ -26,16 +24,16 @@ struct ScriptedService : RemoteAccessService {
     }
 };
 
-TEST(LinkStatus, AsksForTheFirstConnectionOnlyWhereThereIsOne) {
-    Machine machine;
-    machine.start();
-    EXPECT_TRUE(machine.Form1->DFÜStatus()) << "without a service there is nothing to ask";
+using LinkStatus = Started<1>;
+
+TEST_F(LinkStatus, AsksForTheFirstConnectionOnlyWhereThereIsOne) {
+    EXPECT_TRUE(Form1->DFÜStatus()) << "without a service there is nothing to ask";
     ScriptedService service;
-    machine.platform.remote_access_service = &service;
-    EXPECT_TRUE(machine.Form1->DFÜStatus());
+    platform.remote_access_service = &service;
+    EXPECT_TRUE(Form1->DFÜStatus());
     EXPECT_TRUE(service.asked_for.empty());
     service.connections = 2;
-    EXPECT_TRUE(machine.Form1->DFÜStatus());
+    EXPECT_TRUE(Form1->DFÜStatus());
     EXPECT_EQ(service.asked_for, std::vector<std::uint32_t>{77});
 }
 

@@ -1,25 +1,40 @@
 #include "catalogue/list_file.h"
-#include "runtime/failure.h"
-#include "support/faulty_disk.h"
+#include "catalogue/selector_lists.h"
+#include "runtime/controls/lists.h"
+#include "runtime/form.h"
+#include "runtime/runtime.h"
+#include "support/list_model.h"
+#include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <string>
+#include <strings.h>
 
 namespace lookfar::testing {
 namespace {
 
+const std::string default_list =
+    "Eiffeltower\r\nhttp://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523\r\n";
+
 struct ListFile : ::testing::Test {
     TemporaryFolder folder;
-    FaultyDisk disk;
-    NumberedFiles files{disk};
+    ScriptedPlatform platform;
+    FaultyDisk& disk = platform.faulty_disk;
+    Runtime runtime{platform};
+    NumberedFiles& files = runtime.files();
 
-    std::string titles_at_start() {
-        std::string titles;
-        catalogue::read_at_start(files, [&](const std::string& title) { titles += title + ";"; });
+    Lines titles_at_start() {
+        Lines titles;
+        catalogue::read_at_start(files, [&](const std::string& title) { titles.push_back(title); });
         return titles;
+    }
+    Lines scanned_lines() {
+        Lines lines;
+        catalogue::scan_lines(files, [&](const std::string& line) { lines.push_back(line); });
+        return lines;
     }
     void expect_nothing_open() {
         write_file("any", "");
@@ -28,39 +43,72 @@ struct ListFile : ::testing::Test {
     }
 };
 
-const std::string default_list =
-    "Eiffeltower\r\nhttp://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523\r\n";
-
-TEST_F(ListFile, IsReadInPairsAtTheStart) {
-    const struct {
-        std::string content;
-        std::string titles;
-    } cases[] = {
-        {"a\r\nua\r\nb\r\nub\r\n", "a;b;"},
-        {"a\rua\rb\rub", "a;b;"},
-        {"\r\na\r\nua\r\n\r\n\r\nb\r\nub\r\n\r\n", "a;b;"},
-        {"a\r\n\r\nua\r\nb\r\n", "a;ua;"},
-        {"\r", ""},
-        {"a\r\nua\r\nb\r\n", "a;"},
-        {"a\r\nua\r\nb", "a;"},
-        {"a", ""},
-        {"a\nua\n", ""},
-        {"a\r\nua\r\na\r\nub\r\n", "a;a;"},
-    };
-    for (const auto& [content, titles] : cases) {
-        write_file("Cams.inf", content);
-        EXPECT_EQ(titles_at_start(), titles) << content;
-        EXPECT_EQ(content_of("Cams.inf"), content) << "a list with a line is left alone";
+TEST_F(ListFile, GivesEveryPassWhatAPlainModelReads) {
+    std::mt19937 random(1);
+    for (int run = 0; run < 200; ++run) {
+        disk.longest_read = 1 + random() % 8;
+        const std::string list = random_list(random);
+        SCOPED_TRACE(list);
+        write_file("Cams.inf", list);
+        const Lines lines = lines_of(list);
+        if (lines.empty()) {
+            EXPECT_THROW(scanned_lines(), Failure);
+            continue;
+        }
+        EXPECT_EQ(titles_at_start(), titles_of(lines));
+        EXPECT_EQ(scanned_lines(), lines);
+        const auto found = std::ranges::find(lines, "a");
+        if (lines.end() - found == 1)
+            EXPECT_THROW(catalogue::find_url(files, "a"), Failure);
+        else
+            EXPECT_EQ(catalogue::find_url(files, "a").value_or("none"),
+                      found == lines.end() ? "none" : *(found + 1));
         expect_nothing_open();
+        EXPECT_EQ(content_of("Cams.inf"), list);
+    }
+}
+
+TEST_F(ListFile, RefillsTheThreeListsInStep) {
+    Form form(runtime, {});
+    ListBox titles(form, {.Sorted = true});
+    ComboBox selectors[] = {{form, {}}, {form, {.Sorted = true}}};
+    const catalogue::SelectorLists lists{titles, selectors[0], selectors[1]};
+    const auto entries_of = [](const ListControl& list) {
+        Lines entries;
+        for (short index = 0; index < list.ListCount(); ++index)
+            entries.push_back(list.List(index));
+        return entries;
+    };
+    std::mt19937 random(2);
+    for (int run = 0; run < 200; ++run) {
+        const std::string list = random_list(random);
+        SCOPED_TRACE(list);
+        write_file("Cams.inf", list);
+        const Lines lines = lines_of(list);
+        Lines expected = titles_of(lines);
+        // The refill takes a title in before it looks for the line of its URL.
+        if (ends_at_title(lines))
+            expected.push_back(lines.back());
+        std::ranges::stable_sort(expected, [](const std::string& left, const std::string& right) {
+            return ::strcasecmp(left.c_str(), right.c_str()) < 0;
+        });
+        if (lines.empty())
+            EXPECT_THROW(catalogue::refill(files, lists), Failure);
+        else
+            catalogue::refill(files, lists);
+        EXPECT_EQ(entries_of(titles), expected);
+        for (const ComboBox& selector : selectors)
+            EXPECT_EQ(entries_of(selector), expected);
     }
 }
 
 TEST_F(ListFile, IsMadeAnewWhereItIsMissingOrHasNoLine) {
-    EXPECT_EQ(titles_at_start(), "Eiffeltower;");
-    EXPECT_EQ(content_of("Cams.inf"), default_list);
-    write_file("Cams.inf", "");
-    EXPECT_EQ(titles_at_start(), "Eiffeltower;");
-    EXPECT_EQ(content_of("Cams.inf"), default_list);
+    for (const bool is_missing : {true, false}) {
+        if (!is_missing)
+            write_file("Cams.inf", "");
+        EXPECT_EQ(titles_at_start(), Lines{"Eiffeltower"});
+        EXPECT_EQ(content_of("Cams.inf"), default_list);
+    }
     EXPECT_FALSE(exists("C1.DAT"));
 }
 
@@ -70,32 +118,24 @@ TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
     // The last one has the number that the end of a file has here.
     for (const int error : {EIO, ETIME}) {
         disk.fail("read Cams.inf", error);
-        EXPECT_EQ(titles_at_start(), "");
+        EXPECT_EQ(titles_at_start(), Lines{});
         EXPECT_EQ(content_of("Cams.inf"), content);
     }
     disk.fail("open-read Cams.inf", EACCES);
     EXPECT_THROW(titles_at_start(), Failure);
     EXPECT_EQ(content_of("Cams.inf"), content);
     disk.mend();
-    EXPECT_EQ(titles_at_start(), "a;b;");
+    EXPECT_EQ(titles_at_start(), (Lines{"a", "b"}));
 }
 
 TEST_F(ListFile, ThatCantBeMadeIsAFailureAndNoEndlessTry) {
     for (const char* operation : {"open-write Cams.inf", "write Cams.inf", "sync Cams.inf"}) {
+        write_file("Cams.inf", "");
         disk.fail(operation, ENOSPC);
         EXPECT_THROW(titles_at_start(), Failure) << operation;
         disk.mend();
         expect_nothing_open();
     }
-}
-
-TEST_F(ListFile, LooksUpTheFirstLineThatEqualsATitle) {
-    write_file("Cams.inf", "a\r\nb\r\nb\r\nub\r\nB\r\nuB\r\nb\r\nlater\r\nlast\r\n");
-    EXPECT_EQ(catalogue::find_url(files, "b"), "b") << "a URL line counts like any other";
-    EXPECT_EQ(catalogue::find_url(files, "B"), "uB");
-    EXPECT_EQ(catalogue::find_url(files, "missing"), std::nullopt);
-    EXPECT_THROW(catalogue::find_url(files, "last"), Failure);
-    expect_nothing_open();
 }
 
 } // namespace

@@ -1,149 +1,163 @@
 #include "catalogue/rewrite.h"
-#include "catalogue/selector_lists.h"
-#include "runtime/controls/lists.h"
-#include "runtime/failure.h"
-#include "runtime/form.h"
-#include "runtime/runtime.h"
-#include "support/scripted_platform.h"
+
+#include "support/faulty_disk.h"
+#include "support/list_model.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
 #include <optional>
-#include <string>
 
 namespace lookfar::testing {
 namespace {
 
-using catalogue::Save;
 using catalogue::SaveOutcome;
 
-const std::string two_cameras = "b\r\nub\r\na\r\nua\r\n";
+constexpr auto no_limit = static_cast<std::size_t>(-1);
+
+/// A removal of the camera "a", or a saving of the camera "new".
+struct Change {
+    bool removes = false;
+    std::optional<std::string> replaced_title = {};
+    bool may_overwrite = true;
+};
+
+/// The list of these lines without the camera; a list that has no line, or that ends at a title,
+/// stays as it is.
+std::string without_camera(const std::string& list) {
+    const Lines lines = lines_of(list);
+    if (lines.empty() || ends_at_title(lines))
+        return list;
+    Lines kept;
+    for (std::size_t index = 0; index < lines.size(); ++index) {
+        if (lines[index].empty())
+            continue;
+        if (lines[index] != "a")
+            kept.insert(kept.end(), {lines[index], lines[index + 1]});
+        ++index;
+    }
+    return list_of(kept);
+}
+
+std::string with_camera(const std::string& list, const Change& change) {
+    Lines lines = lines_of(list);
+    if (lines.empty())
+        lines.emplace_back();
+    Lines copy;
+    bool is_placed = false;
+    for (std::size_t index = 0; index < lines.size(); ++index) {
+        const std::string& line = lines[index];
+        const bool is_replaced = change.replaced_title
+                                     ? !line.empty() && line == *change.replaced_title
+                                     : !is_placed && line == "new";
+        if (is_replaced && !change.replaced_title && !change.may_overwrite)
+            return list;
+        copy.push_back(is_replaced ? "new" : line);
+        if (!is_replaced)
+            continue;
+        copy.emplace_back("unew");
+        is_placed = true;
+        ++index;
+    }
+    if (!is_placed)
+        copy.insert(copy.end(), {"new", "unew"});
+    return list_of(copy);
+}
 
 struct Rewrite : ::testing::Test {
     TemporaryFolder folder;
-    ScriptedPlatform platform;
-    Runtime runtime{platform};
-    NumberedFiles& files = runtime.files();
+    FaultyDisk disk;
+    NumberedFiles files{disk};
     int questions = 0;
 
-    Save saved(std::optional<std::string> replaced, bool may_overwrite = true) {
-        return {.camera = {"new", "unew"},
-                .replaced_title = std::move(replaced),
-                .may_overwrite = [this, may_overwrite] {
-                    ++questions;
-                    return may_overwrite;
-                }};
+    SaveOutcome make(const Change& change) {
+        if (change.removes) {
+            attempt([&] { catalogue::remove_cameras(files, "a"); });
+            return SaveOutcome::done;
+        }
+        return catalogue::save_camera(files, {.camera = {"new", "unew"},
+                                              .replaced_title = change.replaced_title,
+                                              .may_overwrite = [&] {
+                                                  ++questions;
+                                                  return change.may_overwrite;
+                                              }});
     }
-    /// The list after something was done to it.
-    std::string after(const std::string& before, const std::function<void()>& change) {
-        write_file("Cams.inf", before);
-        change();
-        EXPECT_FALSE(exists("C1.DAT"));
+    /// The list after a change, of which so many operations go well.
+    std::string after(const std::string& list, const Change& change,
+                      std::size_t operations = no_limit) {
+        write_file("Cams.inf", list);
+        disk.operations.clear();
+        disk.before = [&](const std::string& operation) {
+            if (disk.operations.size() == operations + 1)
+                throw Failure(EIO, operation);
+        };
+        make(change);
+        disk.mend();
+        for (const int number : {1, 2}) {
+            files.OpenForInput(number, "Cams.inf");
+            files.Close(number);
+        }
         return content_of("Cams.inf");
     }
 };
 
-TEST_F(Rewrite, LeavesEveryRecordWithTheRemovedTitleOut) {
-    const auto remove = [this](const char* title) {
-        return [this, title] { catalogue::remove_cameras(files, title); };
-    };
-    EXPECT_EQ(after("a\r\nua\r\nb\r\nub\r\na\r\nu2", remove("a")), "b\r\nub\r\n");
-    EXPECT_EQ(after("\r\nb\r\na\r\n\r\na\r\nua\r\n", remove("a")), "b\r\na\r\n")
-        << "URL lines are no titles, blank lines go";
-    EXPECT_EQ(after(two_cameras, remove("B")), two_cameras) << "case counts";
-    EXPECT_EQ(after("a\r\nua\r\n", remove("a")), "");
-    write_file("C1.DAT", "left over from a kill");
-    EXPECT_EQ(after(two_cameras, remove("b")), "a\r\nua\r\n");
+TEST_F(Rewrite, MakesOfAListWhatAPlainModelMakesOfIt) {
+    std::mt19937 random(3);
+    for (int run = 0; run < 100; ++run) {
+        const std::string list = random_list(random);
+        for (const Change& change :
+             {Change{.removes = true}, {}, {.may_overwrite = false}, {.replaced_title = "a"}}) {
+            const std::string expected =
+                change.removes ? without_camera(list) : with_camera(list, change);
+            questions = 0;
+            EXPECT_EQ(after(list, change), expected) << list;
+            EXPECT_LE(questions, change.replaced_title ? 0 : 1);
+            const std::string torn = after(list, change, random() % 12);
+            EXPECT_TRUE(torn == list || torn == expected) << torn;
+        }
+    }
 }
 
-TEST_F(Rewrite, PutsTheSavedCameraInItsPlace) {
-    const auto save = [this](const std::optional<std::string>& replaced) {
-        return [this, replaced] {
-            EXPECT_EQ(catalogue::save_camera(files, saved(replaced)), SaveOutcome::done);
-        };
-    };
-    EXPECT_EQ(after(two_cameras, save({})), two_cameras + "new\r\nunew\r\n");
-    EXPECT_EQ(after("b\rub", save({})), "b\r\nub\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(after("\r\nb\r\nub\r\n\r\n", save({})), "\r\nb\r\nub\r\n\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(after(two_cameras, save("b")), "new\r\nunew\r\na\r\nua\r\n");
-    EXPECT_EQ(after("b\r\n1\r\nb\r\n2\r\n", save("b")), "new\r\nunew\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(after("new\r\n1\r\nb\r\nub\r\n", save("b")), "new\r\n1\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(after(two_cameras, save("missing")), two_cameras + "new\r\nunew\r\n");
-    EXPECT_EQ(after("a\r\nua\r\nb", save("b")), "a\r\nua\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(questions, 0);
-    EXPECT_EQ(after("new\r\n1\r\nnew\r\n2\r\n", save({})), "new\r\nunew\r\nnew\r\n2\r\n");
+TEST_F(Rewrite, LeavesRecordsOutAndPutsThemInTheirPlace) {
+    const std::string two_cameras = "a\r\nua\r\nb\r\nub\r\n";
+    EXPECT_EQ(after("A\r\nua\r\n\r\na\r\n1\r\nb\ra\ra\r2", {.removes = true}),
+              "A\r\nua\r\nb\r\na\r\n")
+        << "every one; case counts; URL lines are no titles";
+    EXPECT_EQ(after("b\rub", {}), "b\r\nub\r\nnew\r\nunew\r\n");
+    EXPECT_EQ(after(two_cameras, {.replaced_title = "a"}), "new\r\nunew\r\nb\r\nub\r\n");
+    EXPECT_EQ(after("new\r\n1\r\nnew\r\n2\r\n", {}), "new\r\nunew\r\nnew\r\n2\r\n");
     EXPECT_EQ(questions, 1) << "asked once; the later record is copied";
+    EXPECT_FALSE(exists("C1.DAT"));
 }
 
 TEST_F(Rewrite, StopsWhereTheUserKeepsTheOldCamera) {
     write_file("Cams.inf", "a\r\nua\r\nnew\r\n1\r\n");
-    EXPECT_EQ(catalogue::save_camera(files, saved({}, false)), SaveOutcome::refused);
+    EXPECT_EQ(make({.may_overwrite = false}), SaveOutcome::refused);
     EXPECT_EQ(content_of("Cams.inf"), "a\r\nua\r\nnew\r\n1\r\n");
     EXPECT_TRUE(exists("C1.DAT"));
-    files.OpenForInput(1, "Cams.inf");
-    files.OpenForInput(2, "C1.DAT");
 }
 
 TEST_F(Rewrite, SavesIntoAListThatIsMissing) {
-    EXPECT_EQ(catalogue::save_camera(files, saved({})), SaveOutcome::done);
+    EXPECT_EQ(make({}), SaveOutcome::done);
     EXPECT_EQ(content_of("Cams.inf"), "\r\nnew\r\nunew\r\n");
 }
 
 TEST_F(Rewrite, LeavesTheWholeOldListOrTheWholeNewOneWhicheverOperationFails) {
-    const std::string long_list = [] {
-        std::string list;
-        for (int camera = 0; camera < 6000; ++camera)
-            list += "camera " + std::to_string(camera) + "\r\nu\r\n";
-        return list;
-    }();
-    const auto save = [this] { catalogue::save_camera(files, saved({})); };
-    const auto remove = [this] { attempt([&] { catalogue::remove_cameras(files, "camera 7"); }); };
-    for (const std::function<void()>& change : {std::function<void()>(save), {remove}}) {
-        platform.faulty_disk.operations.clear();
-        const std::string new_list = after(long_list, change);
-        ASSERT_NE(new_list, long_list);
-        const std::size_t operations = platform.faulty_disk.operations.size();
-        ASSERT_GT(operations, 8U);
-        for (std::size_t failing = 0; failing < operations; ++failing) {
-            write_file("Cams.inf", long_list);
-            std::size_t count = 0;
-            platform.faulty_disk.before = [&](const std::string& operation) {
-                if (count++ == failing)
-                    throw Failure(EIO, operation);
-            };
-            change();
-            platform.faulty_disk.mend();
-            const std::string list = content_of("Cams.inf");
-            EXPECT_TRUE(list == long_list || list == new_list)
-                << platform.faulty_disk.operations[failing];
-            files.OpenForInput(1, "Cams.inf");
-            files.CloseAll();
+    Lines lines;
+    for (int camera = 0; camera < 6000; ++camera)
+        lines.insert(lines.end(), {camera == 7 ? "a" : "camera " + std::to_string(camera), "u"});
+    const std::string old_list = list_of(lines);
+    for (const Change& change : {Change{.removes = true}, {}}) {
+        const std::string new_list = after(old_list, change);
+        ASSERT_NE(new_list, old_list);
+        const auto operations = disk.operations;
+        ASSERT_GT(operations.size(), 8U);
+        for (std::size_t failing = 0; failing < operations.size(); ++failing) {
+            const std::string list = after(old_list, change, failing);
+            EXPECT_TRUE(list == old_list || list == new_list) << operations[failing];
         }
     }
-}
-
-TEST_F(Rewrite, RefillsTheThreeListsInStep) {
-    Form form(runtime, {});
-    ListBox titles(form, {.Sorted = true});
-    ComboBox main_selector(form, {});
-    ComboBox fullscreen_selector(form, {.Sorted = true});
-    const catalogue::SelectorLists lists{titles, main_selector, fullscreen_selector};
-    for (const char* content :
-         {"b\r\nub\r\n\r\nA\r\nua\r\nc", "b\r\nub\r\nA\r\nua\r\na\r\nu\r\n"}) {
-        write_file("Cams.inf", content);
-        catalogue::refill(files, lists);
-        ASSERT_EQ(titles.ListCount(), 3);
-        for (short index = 0; index < 3; ++index) {
-            EXPECT_EQ(main_selector.List(index), titles.List(index));
-            EXPECT_EQ(fullscreen_selector.List(index), titles.List(index));
-        }
-    }
-    EXPECT_EQ(titles.List(0) + titles.List(1) + titles.List(2), "Aab");
-    write_file("Cams.inf", "");
-    EXPECT_THROW(catalogue::refill(files, lists), Failure);
-    EXPECT_EQ(titles.ListCount() + main_selector.ListCount() + fullscreen_selector.ListCount(), 0);
 }
 
 } // namespace

@@ -45,17 +45,5 @@ TEST(Blur, SmearsABrightByteAsWorkedOutByHand) {
     EXPECT_EQ(bytes, expected);
 }
 
-TEST(Blur, StartsAndEndsAtItsFirstAndLastTarget) {
-    Buffer bytes(72);
-    for (std::size_t index = 0; index < bytes.size(); ++index)
-        bytes[index] = index % 2 == 0 ? 0 : 255;
-    const Buffer before = bytes;
-    blur(bytes, 6, 12);
-    for (std::size_t index = 0; index < bytes.size(); ++index) {
-        const bool is_target = index >= 16 && index <= 54;
-        EXPECT_EQ(bytes[index] != before[index], is_target) << index;
-    }
-}
-
 } // namespace
 } // namespace lookfar::testing

@@ -1,7 +1,5 @@
 #include "pipeline/blur.h"
-#include "support/machine.h"
-
-#include <gtest/gtest.h>
+#include "support/started.h"
 
 #include <vector>
 
@@ -13,18 +11,13 @@ std::vector<std::uint8_t> bytes_of(const Image& image) {
     return {bytes.begin(), bytes.end()};
 }
 
-/// A started program whose camera answers with detail that a filter changes.
-struct Pipeline : ::testing::Test {
-    Machine machine{2};
+/// A started program whose cameras answer with detail that a filter changes.
+struct Pipeline : Started<2> {
     Bytes answer = detailed_jpeg(64, 48);
     std::vector<std::uint8_t> raw;
-    Window<MainWindow>& Form1 = machine.Form1;
-    Window<FullscreenWindow>& Form2 = machine.Form2;
 
     Pipeline() {
-        machine.set_answer('a', answer);
-        machine.set_answer('b', answer);
-        machine.start();
+        refresh_with(answer);
         raw = bytes_of(Form1->ImagNT1);
     }
     std::vector<std::uint8_t> filtered(int times) const {
@@ -33,14 +26,20 @@ struct Pipeline : ::testing::Test {
             blur(bytes, 48, 192);
         return bytes;
     }
-    void let_run(milliseconds duration = milliseconds(50)) { machine.platform.run_for(duration); }
+    void let_run(milliseconds duration = milliseconds(50)) { platform.run_for(duration); }
+    void expect_one_picture() {
+        EXPECT_EQ(Form1->ImagNT1.Picture.get(), Form2->Picture1.Picture.get());
+        EXPECT_EQ(Form2->Image3.Picture.get(), Form2->Picture1.Picture.get());
+    }
+    void select_the_other_camera() {
+        Form1->Combo1.ListIndex = static_cast<short>(1 - Form1->Combo1.ListIndex);
+    }
 };
 
 TEST_F(Pipeline, FiltersEachPictureOnceAndHandsOneObjectToBothWindows) {
     let_run();
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(1));
-    EXPECT_EQ(Form1->ImagNT1.Picture.get(), Form2->Image3.Picture.get());
-    EXPECT_EQ(Form1->ImagNT1.Picture.get(), Form2->Picture1.Picture.get());
+    expect_one_picture();
     EXPECT_EQ(Form2->Label8.Caption.get(), "1");
     EXPECT_EQ(Form1->StatusBar1.Text.get(), Form2->Label4.Caption.get());
     let_run(seconds(5));
@@ -51,24 +50,23 @@ TEST_F(Pipeline, LeavesThePictureAloneWithTheBlurOffAndBringsNothingBack) {
     Form1->Check2.Value = 0;
     let_run();
     EXPECT_EQ(bytes_of(Form1->ImagNT1), raw);
-    EXPECT_EQ(Form1->ImagNT1.Picture.get(), Form2->Picture1.Picture.get());
-    EXPECT_EQ(Form2->Image3.Picture.get(), Form2->Picture1.Picture.get());
+    expect_one_picture();
     EXPECT_EQ(Form2->Label8.Caption.get(), "0");
-    Form1->Check2.Value = 1;
-    let_run();
-    Form1->Check2.Value = 0;
-    let_run();
+    for (const short ticked : std::initializer_list<short>{1, 0}) {
+        Form1->Check2.Value = ticked;
+        let_run();
+    }
     EXPECT_EQ(bytes_of(Form2->Image3), filtered(1));
 }
 
 TEST_F(Pipeline, SmoothsOnceASecondWhileASelectionWaitsForItsRefresh) {
     let_run(milliseconds(500));
-    Form1->Combo1.ListIndex = static_cast<short>(1 - Form1->Combo1.ListIndex);
+    select_the_other_camera();
     Form1->GoToFull.Click.raise(); // The title that is shown, but not yet looked up, changes here.
     let_run(milliseconds(3000));
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(4));
     EXPECT_FALSE(exists("data.dat"));
-    Form1->Command2.Click.raise();
+    refresh();
     let_run(milliseconds(3000));
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(1));
 }
@@ -84,10 +82,10 @@ TEST_F(Pipeline, LeavesUrlsWithTheThreeLettersAlone) {
                  {"gi", false}};
     for (const auto& [url, is_left_alone] : cases) {
         let_run();
-        machine.platform.cameras[url] = {.outcome = answer};
+        platform.cameras[url] = {.outcome = answer};
         write_file("Cams.inf", "a\r\n" + std::string(url) + "\r\n");
         Form1->Combo1.ListIndex = 0;
-        Form1->Command2.Click.raise();
+        refresh();
         const std::string line = Form1->StatusBar1.Text;
         Form2->Label4.Caption = url;
         let_run();
@@ -98,9 +96,7 @@ TEST_F(Pipeline, LeavesUrlsWithTheThreeLettersAlone) {
 
 TEST_F(Pipeline, ShowsTheTestCardAndBlinksAfterAFailureUntilAFetchSucceeds) {
     let_run();
-    machine.set_answer('a', Failure(7, "refused"));
-    machine.set_answer('b', Failure(7, "refused"));
-    Form1->Command2.Click.raise();
+    refresh_with(Failure(7, "refused"));
     EXPECT_FALSE(Form2->Label2.Visible);
     let_run();
     EXPECT_TRUE(Form2->TestBild.Visible);
@@ -112,60 +108,48 @@ TEST_F(Pipeline, ShowsTheTestCardAndBlinksAfterAFailureUntilAFetchSucceeds) {
         EXPECT_NE(Form2->Label2.Visible, shown);
         shown = Form2->Label2.Visible;
     }
-    Form1->Combo1.ListIndex = static_cast<short>(1 - Form1->Combo1.ListIndex);
+    select_the_other_camera();
     let_run(milliseconds(1500));
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(1)) << "no picture changes in the failure state";
     EXPECT_EQ(Form1->StatusBar1.Text.get(), line);
 
-    machine.set_answer('a', answer);
-    machine.set_answer('b', answer);
-    Form1->Command2.Click.raise();
+    refresh_with(answer);
     let_run();
-    EXPECT_FALSE(Form2->TestBild.Visible || Form2->Label2.Visible || Form2->Label3.Visible);
-    EXPECT_TRUE(Form2->Image3.Visible && Form2->Timer4.Enabled);
+    expect_error_display(false);
+    EXPECT_FALSE(Form2->TestBild.Visible);
     EXPECT_EQ(bytes_of(Form1->ImagNT1), filtered(1));
 }
 
 TEST_F(Pipeline, SleepsAtRestBetweenItsDeadlines) {
     Form1->Text1.Text = "60";
-    for (const bool blurs : {true, false}) {
-        Form1->Check2.Value = blurs ? 1 : 0;
+    for (const short blurs : std::initializer_list<short>{1, 0}) {
+        Form1->Check2.Value = blurs;
         let_run(seconds(2));
-        const int before = machine.platform.wake_ups;
+        const int before = platform.wake_ups;
         let_run(seconds(50));
-        EXPECT_LE(machine.platform.wake_ups - before, 55) << "one a second";
+        EXPECT_LE(platform.wake_ups - before, 55) << "one a second";
     }
 }
 
 TEST(ColourDepthGate, WarnsOnceOnAPoorScreenAndAgainWheneverTheBoxIsTicked) {
-    const struct {
-        short depth;
-        std::size_t boxes;
-        short ticked;
-        const char* cell;
-    } cases[] = {{32, 0, 1, "1"}, {24, 1, 0, "0"}, {16, 1, 0, "0"}, {48, 0, 1, "1"}};
-    for (const auto& [depth, boxes, ticked, cell] : cases) {
+    using Boxes = std::vector<std::string>;
+    const std::string warning =
+        "16 Color Depth Error: Your actual color depth is less than 32bit. The Blur-Effect, which "
+        "smoothers the Skyglass picture, can't be applied and will be switched off.";
+    const std::string information =
+        "64 Blur Effect Information: The Blur-Effect may not apply as it should be, because of "
+        "your actual colour depth!";
+    for (const short depth : std::initializer_list<short>{16, 24, 32, 48}) {
+        const bool is_poor = depth < 32;
         Machine machine;
         machine.platform.metrics.bits_per_pixel = depth;
         machine.start();
-        ASSERT_EQ(machine.platform.boxes.size(), boxes) << depth;
-        EXPECT_EQ(machine.Form1->Check2.Value, ticked) << depth;
-        EXPECT_EQ(machine.Form1->BlurEffect.Caption.get(), cell) << depth;
+        EXPECT_EQ(machine.platform.boxes, is_poor ? Boxes{warning} : Boxes{}) << depth;
+        EXPECT_EQ(machine.Form1->Check2.Value, is_poor ? 0 : 1) << depth;
+        EXPECT_EQ(machine.Form1->BlurEffect.Caption.get(), is_poor ? "0" : "1") << depth;
         machine.Form1->Check2.Value = 0;
         machine.Form1->Check2.Value = 1;
-        ASSERT_EQ(machine.platform.boxes.size(), 2 * boxes) << depth;
-        if (boxes > 0) {
-            EXPECT_EQ(machine.platform.boxes[0].title, "Color Depth Error");
-            EXPECT_EQ(machine.platform.boxes[0].text,
-                      "Your actual color depth is less than 32bit. The Blur-Effect, which "
-                      "smoothers the Skyglass picture, can't be applied and will be switched off.");
-            EXPECT_EQ(machine.platform.boxes[0].flags, MessageBoxFlag{16});
-            EXPECT_EQ(machine.platform.boxes[1].title, "Blur Effect Information");
-            EXPECT_EQ(machine.platform.boxes[1].text,
-                      "The Blur-Effect may not apply as it should be, because of your actual "
-                      "colour depth!");
-            EXPECT_EQ(machine.platform.boxes[1].flags, MessageBoxFlag{64});
-        }
+        EXPECT_EQ(machine.platform.boxes, is_poor ? Boxes({warning, information}) : Boxes{});
         machine.platform.run_for(seconds(1));
         EXPECT_EQ(machine.Form2->Label8.Caption.get(), "1") << "ticked, it filters on any screen";
     }

@@ -1,5 +1,6 @@
 #include "support/faulty_disk.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -14,10 +15,16 @@ class FaultyFile : public DiskFile {
 
     std::size_t read(std::span<std::uint8_t> buffer) override {
         disk_.note("read " + name_);
-        return file_->read(buffer);
+        return file_->read(buffer.first(std::min(buffer.size(), disk_.longest_read)));
     }
+    /// A write that fails has written the first half: so does a disk that becomes full.
     void write(std::span<const std::uint8_t> bytes) override {
-        disk_.note("write " + name_);
+        try {
+            disk_.note("write " + name_);
+        } catch (const Failure&) {
+            file_->write(bytes.first(bytes.size() / 2));
+            throw;
+        }
         file_->write(bytes);
     }
     void sync() override {
@@ -35,18 +42,6 @@ std::string name_of(const std::string& path) {
     return std::filesystem::path(path).filename().string();
 }
 
-std::string word_for(OpenMode mode) {
-    switch (mode) {
-    case OpenMode::read:
-        return "open-read ";
-    case OpenMode::write:
-        return "open-write ";
-    case OpenMode::overwrite:
-        return "open-overwrite ";
-    }
-    return {};
-}
-
 } // namespace
 
 void FaultyDisk::fail(const std::string& operation, int error) {
@@ -58,7 +53,8 @@ void FaultyDisk::fail(const std::string& operation, int error) {
 
 std::unique_ptr<DiskFile> FaultyDisk::open(const std::string& path, OpenMode mode) {
     const std::string name = name_of(path);
-    note(word_for(mode) + name);
+    const char* const words[] = {"open-read ", "open-write ", "open-overwrite "};
+    note(words[static_cast<int>(mode)] + name);
     return std::make_unique<FaultyFile>(*this, name, disk_->open(path, mode));
 }
 

@@ -21,6 +21,9 @@ class FaultyDisk : public Disk {
     void fail(const std::string& operation, int error);
     void mend() { before = {}; }
 
+    /// The most bytes that one read gives.
+    std::size_t longest_read = 65536;
+
     /// All operations so far.
     std::vector<std::string> operations;
 

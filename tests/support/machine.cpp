@@ -27,8 +27,14 @@ void Machine::pick(short index) {
     });
 }
 
-void Machine::set_answer(char camera, std::variant<Bytes, Failure> outcome, milliseconds after) {
-    platform.cameras[url_of(camera)] = {.outcome = std::move(outcome), .after = after};
+void Machine::set_answer(char camera, Answer answer, milliseconds after) {
+    platform.cameras[url_of(camera)] = {.outcome = std::move(answer), .after = after};
+}
+
+void Machine::refresh_with(const Answer& answer, milliseconds after) {
+    for (auto& [url, scripted] : platform.cameras)
+        scripted = {.outcome = answer, .after = after};
+    refresh();
 }
 
 std::string Machine::url_of(char camera) {

@@ -27,8 +27,11 @@ struct Machine {
     void start();
     /// Picks a camera and has it fetched.
     void pick(short index);
-    void set_answer(char camera, std::variant<Bytes, Failure> outcome,
-                    milliseconds after = milliseconds(100));
+    void set_answer(char camera, Answer answer, milliseconds after = milliseconds(100));
+    /// The user's refresh.
+    void refresh() { Form1->Command2.Click.raise(); }
+    /// The same, with every camera answering so from now on.
+    void refresh_with(const Answer& answer, milliseconds after = milliseconds(100));
 
     static std::string url_of(char camera);
 

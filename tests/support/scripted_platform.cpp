@@ -100,12 +100,13 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
 }
 
 MessageBoxAnswer ScriptedPlatform::ask(const MessageBox& box) {
-    boxes.push_back(box);
+    boxes.push_back(std::to_string(static_cast<int>(box.flags)) + " " + box.title + ": " +
+                    box.text);
     if (box_answers.empty())
         return MessageBoxAnswer::ok;
     const auto answer = std::move(box_answers.front());
     box_answers.pop_front();
-    return answer(box);
+    return answer();
 }
 
 void ScriptedPlatform::pop_up(Form& /*form*/, PopupMenu& menu, const MenuItem* default_entry) {

@@ -18,9 +18,12 @@ namespace lookfar::testing {
 /// Thrown where the program ends, so that a test goes on behind it.
 struct ProgramEnded {};
 
+/// The body that a camera sends, or why there is none.
+using Answer = std::variant<Bytes, Failure>;
+
 /// How a scripted camera answers.
 struct ScriptedAnswer {
-    std::variant<Bytes, Failure> outcome = Bytes();
+    Answer outcome = Bytes();
     std::chrono::milliseconds after{100};
 };
 
@@ -46,8 +49,9 @@ class ScriptedPlatform : public Platform {
     int abandoned_transfers = 0;
 
     /// Answers message boxes, in order; runs while the box is up.
-    std::deque<std::function<MessageBoxAnswer(const MessageBox&)>> box_answers;
-    std::vector<MessageBox> boxes;
+    std::deque<std::function<MessageBoxAnswer()>> box_answers;
+    /// What each message box said: its flags, title and text.
+    std::vector<std::string> boxes;
 
     std::vector<std::string> links;
     std::vector<Failure> untrapped;

@@ -40,6 +40,17 @@ Bytes claiming_size(std::uint16_t side) {
     return bytes;
 }
 
+/// A JPEG with so many scans of no use before its end, and with more behind it.
+Bytes with_scans(int count) {
+    // A scan's header may hold what looks like another one.
+    const Bytes scan{0xFF, 0xDA, 0x00, 0x04, 0xFF, 0xDA, 0x11, 0xFF, 0x00};
+    Bytes jpeg = picture_file(16, 16);
+    jpeg.insert(jpeg.end(), scan.begin(), scan.end());
+    for (int number = 0; number < count; ++number)
+        jpeg.insert(jpeg.end() - 2 - std::ssize(scan), scan.begin(), scan.end());
+    return jpeg;
+}
+
 TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
     const Picture picture(decode_pixels(picture_file(5, 3, 0x102030, "png")));
     EXPECT_EQ(picture.width(), 5);
@@ -201,8 +212,9 @@ TEST(Pictures, AreRefusedWithAReason) {
         {"a wrecked PNG", wrecked, "can't be decoded"},
     };
     for (const auto& [name, bytes, reason] : cases) {
-        EXPECT_NE(refusal_of(bytes), "none") << name;
-        EXPECT_NE(refusal_of(bytes).find(reason), std::string::npos) << name << refusal_of(bytes);
+        const std::string refusal = refusal_of(bytes);
+        EXPECT_NE(refusal, "none") << name;
+        EXPECT_NE(refusal.find(reason), std::string::npos) << name << refusal;
     }
 }
 
@@ -214,22 +226,15 @@ TEST(Pictures, OfTheJpegKindAreCutShortWithoutTheirLastMarker) {
     // An end marker inside a segment, such as a thumbnail's, ends nothing.
     const Bytes thumbnail{0xFF, 0xD8, 0xFF, 0xE1, 0x00, 0x06, 0xFF, 0xD9, 0xFF, 0xD9};
     EXPECT_TRUE(is_cut_short_jpeg(thumbnail));
+    // A restart marker has no length.
+    const Bytes restarted{0xFF, 0xD8, 0xFF, 0xD0, 0x7F, 0xFF, 0xFF, 0xD9};
+    EXPECT_FALSE(is_cut_short_jpeg(restarted));
     EXPECT_FALSE(is_cut_short_jpeg(picture_file(8, 8, 0, "png")));
 }
 
 TEST(Pictures, OfTheJpegKindMayHaveAHundredScans) {
-    // A scan's header may hold what looks like another one.
-    const Bytes scan{0xFF, 0xDA, 0x00, 0x04, 0xFF, 0xDA, 0x11, 0xFF, 0x00};
-    const auto jpeg_of_scans = [&scan](int count) {
-        Bytes jpeg{0xFF, 0xD8};
-        for (int number = 0; number < count; ++number)
-            jpeg.insert(jpeg.end(), scan.begin(), scan.end());
-        jpeg.insert(jpeg.end(), {0xFF, 0xD9});
-        jpeg.insert(jpeg.end(), scan.begin(), scan.end());
-        return jpeg;
-    };
-    EXPECT_FALSE(has_too_many_scans(jpeg_of_scans(100)));
-    EXPECT_TRUE(has_too_many_scans(jpeg_of_scans(101)));
+    EXPECT_FALSE(has_too_many_scans(with_scans(99)));
+    EXPECT_TRUE(has_too_many_scans(with_scans(100)));
 }
 
 } // namespace
