@@ -14,7 +14,7 @@ build_demonstration() {
     cmake --build --preset release --target lookfar lookfar-cameras
 }
 
-# Starts the cameras and writes their list, cut to so many cameras, into the folder.
+# Starts the demonstration cameras, and writes a list of the first few of them into the folder.
 start_demonstration_cameras() {
     local folder=$1 port=$2 cameras=$3
     : >"$folder/cameras.log"
@@ -28,7 +28,7 @@ start_demonstration() {
     start_process env --chdir="$1" "$PWD/build/release/src/lookfar"
 }
 
-# The window whose title fits the pattern, once it is on the screen.
+# Waits for a window whose title fits the pattern, and prints its number.
 window_titled() {
     timeout 20 xdotool search --sync --onlyvisible --name "$1" | tail -n 1
 }
