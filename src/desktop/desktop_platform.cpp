@@ -3,6 +3,7 @@
 #include "desktop/accessible/accessibility.h"
 #include "desktop/accessible/change_reporter.h"
 #include "desktop/message_boxes.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/style/compact_style.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
@@ -41,7 +42,7 @@ void prepare() {
     QApplication::setApplicationName(QStringLiteral("Lookfar"));
     // By this name a desktop finds the desktop entry, and so the icon, of a window.
     QGuiApplication::setDesktopFileName(QStringLiteral(LOOKFAR_APPLICATION_ID));
-    QApplication::setStyle(std::make_unique<desktop::CompactStyle>().release());
+    QApplication::setStyle(desktop::owned_by_qt<desktop::CompactStyle>());
     QGuiApplication::setQuitOnLastWindowClosed(false);
     // Numbers are written with a decimal point wherever the user lives.
     std::setlocale(LC_NUMERIC, "C");

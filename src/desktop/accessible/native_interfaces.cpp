@@ -7,7 +7,8 @@
 namespace lookfar::desktop {
 
 LabelTabStopInterface::LabelTabStopInterface(LabelTabStop& stop)
-    : QAccessibleWidget(&stop, stop.is_link() ? QAccessible::Link : QAccessible::Button),
+    : QAccessibleWidget(&stop,
+                        stop.role() == LabelRole::link ? QAccessible::Link : QAccessible::Button),
       stop_(stop) {}
 
 QStringList LabelTabStopInterface::actionNames() const {
@@ -34,22 +35,19 @@ void* UpDownInterface::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QVariant UpDownInterface::currentValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Value.get()) : QVariant();
+    return QVariant::fromValue(arrows_.value());
 }
 
 void UpDownInterface::setCurrentValue(const QVariant& value) {
-    arrows_.set_value(static_cast<long>(value.toLongLong()));
+    Q_EMIT arrows_.value_wanted(static_cast<long>(value.toLongLong()));
 }
 
 QVariant UpDownInterface::maximumValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Max) : QVariant();
+    return QVariant::fromValue(arrows_.maximum());
 }
 
 QVariant UpDownInterface::minimumValue() const {
-    const UpDown* const control = arrows_.control();
-    return control ? QVariant::fromValue(control->Min) : QVariant();
+    return QVariant::fromValue(arrows_.minimum());
 }
 
 } // namespace lookfar::desktop

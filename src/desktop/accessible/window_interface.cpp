@@ -1,9 +1,9 @@
 #include "desktop/accessible/window_interface.h"
 
 #include "desktop/accessible/drawn_interface.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/window/window_view.h"
 
-#include <memory>
 #include <ranges>
 
 namespace lookfar::desktop {
@@ -49,8 +49,8 @@ QAccessibleInterface* WindowInterface::childAt(int x, int y) const {
 QAccessibleInterface* WindowInterface::interface_of(const Control& control) const {
     const auto [place, is_new] = drawn_.try_emplace(&control);
     if (is_new)
-        place->second = QAccessible::registerAccessibleInterface(
-            std::make_unique<DrawnInterface>(view_, control).release());
+        place->second =
+            QAccessible::registerAccessibleInterface(owned_by_qt<DrawnInterface>(view_, control));
     return QAccessible::accessibleInterface(place->second);
 }
 

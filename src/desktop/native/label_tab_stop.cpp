@@ -1,6 +1,7 @@
 #include "desktop/native/label_tab_stop.h"
 
 #include "desktop/input/user_actions.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
@@ -9,22 +10,21 @@
 
 namespace lookfar::desktop {
 
-LabelTabStop::LabelTabStop(Label& label, UserActions& actions, QWidget& window)
-    : QWidget(&window), label_(&label), actions_(actions), is_link_(label.Role == LabelRole::link) {
+namespace {
+
+void synchronise_tab_stop(LabelTabStop& stop, const Label& label) {
+    const std::string& name =
+        label.AccessibleName.empty() ? label.Caption.get() : label.AccessibleName;
+    set_accessible_name(stop, shown_text(name));
+    place(stop, label);
+}
+
+} // namespace
+
+LabelTabStop::LabelTabStop(LabelRole role, QWidget& window)
+    : QAbstractButton(&window), role_(role) {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void LabelTabStop::synchronise() {
-    const std::string& name =
-        label_->AccessibleName.empty() ? label_->Caption.get() : label_->AccessibleName;
-    set_accessible_name(*this, shown_text(name));
-    place(*this, *label_);
-}
-
-void LabelTabStop::click() {
-    if (label_)
-        actions_.deliver(*label_, [this] { label_->Click.raise(); });
 }
 
 void LabelTabStop::keyPressEvent(QKeyEvent* event) {
@@ -35,6 +35,7 @@ void LabelTabStop::keyPressEvent(QKeyEvent* event) {
         click();
         break;
     default:
+        // The arrow keys don't move the focus, as they do among buttons.
         QWidget::keyPressEvent(event);
     }
 }
@@ -48,12 +49,14 @@ void LabelTabStop::paintEvent(QPaintEvent* /*event*/) {
 }
 
 NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<LabelTabStop>(label, actions, window);
-    LabelTabStop& stop = *owned;
-    return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&stop] { stop.synchronise(); },
-            .release = [&stop] { stop.release(); },
-            .tab_index = label.TabIndex};
+    LabelTabStop& stop = *owned_by_qt<LabelTabStop>(label.Role, window);
+    NativeControl native{.widget = TiedWidget<QWidget>(stop),
+                         .synchronise = [&stop, &label] { synchronise_tab_stop(stop, label); },
+                         .tab_index = label.TabIndex};
+    QObject::connect(&stop, &QAbstractButton::clicked, native.widget.tie(), [&label, &actions] {
+        actions.deliver(label, [&label] { label.Click.raise(); });
+    });
+    return native;
 }
 
 } // namespace lookfar::desktop

@@ -4,31 +4,32 @@
 
 namespace lookfar::desktop {
 
+ListModel::ListModel(const ListControl& control, const QObject* tie, QObject* view)
+    : QAbstractListModel(view), control_(control) {
+    connect(tie, &QObject::destroyed, this, [this] { show(0); });
+}
+
 int ListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : shown_;
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
-    if (!control_ || !is_text || !index.isValid())
+    if (!is_text || !index.isValid() || index.row() >= shown_)
         return {};
-    return shown_text(control_->List(static_cast<short>(index.row())));
+    return shown_text(control_.List(static_cast<short>(index.row())));
 }
 
-bool ListModel::refresh() {
-    if (!control_ || revision_ == control_->entries_revision())
-        return false;
-    beginResetModel();
-    revision_ = control_->entries_revision();
-    shown_ = control_->ListCount();
-    endResetModel();
-    return true;
+void ListModel::refresh() {
+    if (revision_ == control_.entries_revision())
+        return;
+    revision_ = control_.entries_revision();
+    show(control_.ListCount());
 }
 
-void ListModel::release() {
+void ListModel::show(int count) {
     beginResetModel();
-    control_ = nullptr;
-    shown_ = 0;
+    shown_ = count;
     endResetModel();
 }
 

@@ -13,18 +13,20 @@ namespace lookfar::desktop {
 /// what was there at the last refresh, so that filling a long list costs the view nothing.
 class ListModel : public QAbstractListModel {
   public:
-    explicit ListModel(const ListControl& control) : control_(&control) {}
+    /// The model goes with the view; it shows nothing any more once the tie to the control has
+    /// ended.
+    ListModel(const ListControl& control, const QObject* tie, QObject* view);
 
     int rowCount(const QModelIndex& parent) const override;
     QVariant data(const QModelIndex& index, int role) const override;
 
-    /// Shows the present entries. Gives back whether they differ from those shown before.
-    bool refresh();
-    /// The control is about to go: shows nothing from now on.
-    void release();
+    /// Shows the present entries.
+    void refresh();
 
   private:
-    const ListControl* control_;
+    void show(int count);
+
+    const ListControl& control_;
     int shown_ = 0;
     std::optional<std::uint64_t> revision_;
 };

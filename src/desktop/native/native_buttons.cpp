@@ -1,6 +1,7 @@
 #include "desktop/native/native_buttons.h"
 
 #include "desktop/input/user_actions.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/glyphs.h"
@@ -41,32 +42,32 @@ void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
 } // namespace
 
 NativeControl make_command_button(CommandButton& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<QPushButton>(&window);
-    QPushButton& button = *owned;
+    QPushButton& button = *owned_by_qt<QPushButton>(&window);
     if (!is_symbol_font(control.Font))
         button.setFont(screen_font(control.Font));
     button.setDefault(control.Default);
     button.setToolTip(shown_text(control.ToolTipText));
     button.setAccessibleName(shown_text(control.AccessibleName));
-    QObject::connect(&button, &QPushButton::clicked, &button, [&control, &actions] {
+    NativeControl native{
+        .widget = TiedWidget<QWidget>(button),
+        .synchronise = [&button, &control] { synchronise_button(button, control); },
+        .tab_index = control.TabIndex};
+    QObject::connect(&button, &QPushButton::clicked, native.widget.tie(), [&control, &actions] {
         actions.deliver(control, [&control] { control.Click.raise(); });
     });
-    return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&button, &control] { synchronise_button(button, control); },
-            .release = {},
-            .tab_index = control.TabIndex};
+    return native;
 }
 
 NativeControl make_check_box(CheckBox& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<QCheckBox>(&window);
-    QCheckBox& box = *owned;
-    QObject::connect(&box, &QCheckBox::toggled, &box, [&control, &actions](bool is_ticked) {
-        actions.deliver(control, [&control, is_ticked] { control.Value = short{is_ticked}; });
-    });
-    return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&box, &control] { synchronise_check_box(box, control); },
-            .release = {},
-            .tab_index = control.TabIndex};
+    QCheckBox& box = *owned_by_qt<QCheckBox>(&window);
+    NativeControl native{.widget = TiedWidget<QWidget>(box),
+                         .synchronise = [&box, &control] { synchronise_check_box(box, control); },
+                         .tab_index = control.TabIndex};
+    QObject::connect(
+        &box, &QCheckBox::toggled, native.widget.tie(), [&control, &actions](bool is_ticked) {
+            actions.deliver(control, [&control, is_ticked] { control.Value = short{is_ticked}; });
+        });
+    return native;
 }
 
 } // namespace lookfar::desktop

@@ -3,7 +3,6 @@
 #include "desktop/native/tied_widget.h"
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace lookfar {
@@ -16,12 +15,9 @@ class UserActions;
 
 /// The native widget of a control.
 struct NativeControl {
-    WidgetOwner widget;
+    TiedWidget<QWidget> widget;
     /// Gives the widget what the control says; does nothing where they agree.
     std::function<void()> synchronise;
-    /// Called when the control is about to go; the widget may outlive it by a little. May be
-    /// empty.
-    std::function<void()> release;
     /// The control's place in the tab order.
     int tab_index = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "desktop/input/user_actions.h"
 #include "desktop/native/list_model.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
@@ -11,16 +12,11 @@
 #include <QLabel>
 #include <QListView>
 
+#include <utility>
+
 namespace lookfar::desktop {
 
 namespace {
-
-/// The model goes with the widget.
-ListModel& add_model(QWidget& widget, const ListControl& control) {
-    auto model = std::make_unique<ListModel>(control);
-    model->setParent(&widget);
-    return *model.release();
-}
 
 void select(ListControl& control, UserActions& actions, int row) {
     actions.deliver(control, [&control, row] { control.ListIndex = static_cast<short>(row); });
@@ -46,9 +42,9 @@ void synchronise_combo_box(QComboBox& box, ListModel& model, const ComboBox& con
 /// Assistive technology on Unix calls a combo box by its entry, and finds what the entry is in the
 /// label whose buddy the box is.
 void add_hidden_label(QComboBox& box, const QString& name) {
-    auto label = std::make_unique<QLabel>(name, box.parentWidget());
-    label->setBuddy(&box);
-    label.release()->hide();
+    QLabel& label = *owned_by_qt<QLabel>(name, box.parentWidget());
+    label.setBuddy(&box);
+    label.hide();
 }
 
 int selected_row(const QListView& view) {
@@ -69,42 +65,40 @@ void synchronise_list_box(QListView& view, ListModel& model, const ListBox& cont
 } // namespace
 
 NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<QComboBox>(&window);
-    QComboBox& box = *owned;
-    ListModel& model = add_model(box, control);
-    auto list = std::make_unique<QListView>();
-    list->setUniformItemSizes(true);
-    box.setView(list.release());
+    QComboBox& box = *owned_by_qt<QComboBox>(&window);
+    TiedWidget<QWidget> widget(box);
+    ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &box);
+    QListView& list = *owned_by_qt<QListView>();
+    list.setUniformItemSizes(true);
+    box.setView(&list);
     box.setModel(&model);
     // Without this the box measures every entry.
     box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box.setFont(screen_font(control.Font));
     add_hidden_label(box, shown_text(control.AccessibleName));
-    QObject::connect(&box, &QComboBox::activated, &box,
+    QObject::connect(&box, &QComboBox::activated, widget.tie(),
                      [&control, &actions](int row) { select(control, actions, row); });
-    return {.widget = WidgetOwner(owned.release()),
+    return {.widget = std::move(widget),
             .synchronise = [&box, &model, &control] { synchronise_combo_box(box, model, control); },
-            .release = [&model] { model.release(); },
             .tab_index = control.TabIndex};
 }
 
 NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<QListView>(&window);
-    QListView& view = *owned;
-    ListModel& model = add_model(view, control);
+    QListView& view = *owned_by_qt<QListView>(&window);
+    TiedWidget<QWidget> widget(view);
+    ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &view);
     view.setModel(&model);
     view.setUniformItemSizes(true);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setAccessibleName(shown_text(control.AccessibleName));
-    QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, &view,
+    QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, widget.tie(),
                      [&view, &control, &actions] {
                          if (const int row = selected_row(view); row >= 0)
                              select(control, actions, row);
                      });
     return {
-        .widget = WidgetOwner(owned.release()),
+        .widget = std::move(widget),
         .synchronise = [&view, &model, &control] { synchronise_list_box(view, model, control); },
-        .release = [&model] { model.release(); },
         .tab_index = control.TabIndex};
 }
 

@@ -4,8 +4,6 @@
 
 #include <QMenu>
 
-#include <memory>
-
 namespace lookfar {
 class MenuItem;
 class PopupMenu;
@@ -16,8 +14,7 @@ namespace lookfar::desktop {
 class UserActions;
 
 /// The native menu; the default entry, if any, is set off.
-std::unique_ptr<QMenu, DeleteLater> make_popup_menu(const PopupMenu& menu,
-                                                    const MenuItem* default_entry,
-                                                    UserActions& actions, QWidget& window);
+TiedWidget<QMenu> make_popup_menu(const PopupMenu& menu, const MenuItem* default_entry,
+                                  UserActions& actions, QWidget& window);
 
 } // namespace lookfar::desktop

@@ -1,5 +1,6 @@
 #include "desktop/native/status_text.h"
 
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
@@ -32,11 +33,9 @@ void StatusText::show_text(const QString& text) {
 }
 
 NativeControl make_status_text(StatusBar& control, QWidget& window) {
-    auto owned = std::make_unique<StatusText>(window);
-    StatusText& text = *owned;
-    return {.widget = WidgetOwner(owned.release()),
+    StatusText& text = *owned_by_qt<StatusText>(window);
+    return {.widget = TiedWidget<QWidget>(text),
             .synchronise = [&text, &control] { text.synchronise(control); },
-            .release = {},
             .tab_index = control.TabIndex};
 }
 

@@ -2,6 +2,7 @@
 
 #include "desktop/input/key_codes.h"
 #include "desktop/input/user_actions.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
@@ -37,10 +38,25 @@ Qt::Alignment alignment_of(Alignment alignment) {
     return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
+void report_text(const TextEntry& entry, TextBox& control) {
+    control.SelStart = entry.cursorPosition();
+    control.SelLength = 0;
+    control.Text = typed_bytes(entry.text());
+}
+
+void report_selection(const TextEntry& entry, TextBox& control) {
+    const auto [start, count] = selection_of(entry);
+    control.SelStart = start;
+    control.SelLength = count;
+}
+
+bool shows_text_of(const TextEntry& entry, const TextBox& control) {
+    return entry.text() == whole_text(control.Text.get());
+}
+
 } // namespace
 
-TextEntry::TextEntry(TextBox& control, UserActions& actions, QWidget& window)
-    : QLineEdit(&window), control_(&control), actions_(actions) {
+TextEntry::TextEntry(const TextBox& control, QWidget& window) : QLineEdit(&window) {
     setFrame(control.HasBorder);
     // Puts a borderless text on the line of the caption around it.
     if (!control.HasBorder)
@@ -49,33 +65,30 @@ TextEntry::TextEntry(TextBox& control, UserActions& actions, QWidget& window)
     setFont(screen_font(control.Font));
     setAccessibleName(shown_text(control.AccessibleName));
     set_palette_colour(*this, QPalette::Base, screen_colour(control.BackColor, palette()));
-    connect(this, &QLineEdit::textChanged, this, [this] { report_text(); });
-    connect(this, &QLineEdit::selectionChanged, this, [this] { report_selection(); });
-    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { report_selection(); });
 }
 
-void TextEntry::synchronise() {
-    const QString wanted = whole_text(control_->Text.get());
-    take_length_limit(static_cast<int>(wanted.size()));
+void TextEntry::synchronise(const TextBox& control) {
+    const QString wanted = whole_text(control.Text.get());
+    take_length_limit(control, static_cast<int>(wanted.size()));
     if (text() != wanted)
         setText(wanted);
-    take_selection();
-    place(*this, *control_);
+    take_selection(control);
+    place(*this, control);
 }
 
 /// The limit is one for typing only: a longer text is shown whole.
-void TextEntry::take_length_limit(int text_length) {
-    if (control_->MaxLength == 0)
+void TextEntry::take_length_limit(const TextBox& control, int text_length) {
+    if (control.MaxLength == 0)
         return;
-    const int limit = std::max(control_->MaxLength, text_length);
+    const int limit = std::max(control.MaxLength, text_length);
     if (maxLength() != limit)
         setMaxLength(limit);
 }
 
-void TextEntry::take_selection() {
+void TextEntry::take_selection(const TextBox& control) {
     const int length = static_cast<int>(text().size());
-    const int start = std::clamp(control_->SelStart.get(), 0, length);
-    const int count = std::clamp(control_->SelLength.get(), 0, length - start);
+    const int start = std::clamp(control.SelStart.get(), 0, length);
+    const int count = std::clamp(control.SelLength.get(), 0, length - start);
     if (selection_of(*this) == std::pair(start, count))
         return;
     if (count > 0)
@@ -84,55 +97,20 @@ void TextEntry::take_selection() {
         setCursorPosition(start);
 }
 
-void TextEntry::report_text() {
-    if (!control_)
-        return;
-    actions_.deliver(*control_, [this] {
-        control_->SelStart = cursorPosition();
-        control_->SelLength = 0;
-        control_->Text = typed_bytes(text());
-    });
-}
-
-void TextEntry::report_selection() {
-    const bool text_is_reported = control_ && text() == whole_text(control_->Text.get());
-    if (!text_is_reported)
-        return;
-    actions_.deliver(*control_, [this] {
-        const auto [start, count] = selection_of(*this);
-        control_->SelStart = start;
-        control_->SelLength = count;
-    });
-}
-
-void TextEntry::report_focus() {
-    if (control_)
-        actions_.deliver(*control_, [this] { control_->GotFocus.raise(); });
-}
-
 void TextEntry::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     const bool had_it_all_along =
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
     if (had_it_all_along)
         return;
-    if (actions_.are_suspended()) {
-        QMetaObject::invokeMethod(
-            this, [this] { report_focus(); }, Qt::QueuedConnection);
-        return;
-    }
-    report_focus();
+    Q_EMIT focused();
     click_keeps_selection_ = event->reason() == Qt::MouseFocusReason && hasSelectedText();
 }
 
 void TextEntry::keyPressEvent(QKeyEvent* event) {
-    if (control_) {
-        const KeyCode code = key_code_of(static_cast<Qt::Key>(event->key()));
-        const short shift = shift_state_of(event->modifiers());
-        actions_.deliver(*control_, [this, code, shift] { control_->KeyDown.raise(code, shift); });
-    }
-    if (control_)
-        QLineEdit::keyPressEvent(event);
+    Q_EMIT key_pressed(key_code_of(static_cast<Qt::Key>(event->key())),
+                       shift_state_of(event->modifiers()));
+    QLineEdit::keyPressEvent(event);
 }
 
 void TextEntry::mousePressEvent(QMouseEvent* event) {
@@ -151,12 +129,34 @@ void TextEntry::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 NativeControl make_text_entry(TextBox& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<TextEntry>(control, actions, window);
-    TextEntry& entry = *owned;
-    return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&entry] { entry.synchronise(); },
-            .release = [&entry] { entry.release(); },
-            .tab_index = control.TabIndex};
+    TextEntry& entry = *owned_by_qt<TextEntry>(control, window);
+    NativeControl native{.widget = TiedWidget<QWidget>(entry),
+                         .synchronise = [&entry, &control] { entry.synchronise(control); },
+                         .tab_index = control.TabIndex};
+    QObject* const tie = native.widget.tie();
+    QObject::connect(&entry, &QLineEdit::textChanged, tie, [&entry, &control, &actions] {
+        actions.deliver(control, [&entry, &control] { report_text(entry, control); });
+    });
+    const auto selection_changed = [&entry, &control, &actions] {
+        if (shows_text_of(entry, control))
+            actions.deliver(control, [&entry, &control] { report_selection(entry, control); });
+    };
+    QObject::connect(&entry, &QLineEdit::selectionChanged, tie, selection_changed);
+    QObject::connect(&entry, &QLineEdit::cursorPositionChanged, tie, selection_changed);
+    QObject::connect(&entry, &TextEntry::key_pressed, tie,
+                     [&control, &actions](KeyCode code, short shift) {
+                         actions.deliver(control, [&] { control.KeyDown.raise(code, shift); });
+                     });
+    const auto got_focus = [&control, &actions] {
+        actions.deliver(control, [&control] { control.GotFocus.raise(); });
+    };
+    QObject::connect(&entry, &TextEntry::focused, tie, [tie, &actions, got_focus] {
+        if (actions.are_suspended())
+            QMetaObject::invokeMethod(tie, got_focus, Qt::QueuedConnection);
+        else
+            got_focus();
+    });
+    return native;
 }
 
 } // namespace lookfar::desktop

@@ -9,13 +9,19 @@ namespace lookfar::desktop {
 
 /// The native widget of a text box.
 class TextEntry : public QLineEdit {
+    Q_OBJECT
+
   public:
-    TextEntry(TextBox& control, UserActions& actions, QWidget& window);
+    TextEntry(const TextBox& control, QWidget& window);
 
     /// Takes text and selection over from the control.
-    void synchronise();
-    /// The control is about to go.
-    void release() { control_ = nullptr; }
+    void synchronise(const TextBox& control);
+
+  Q_SIGNALS:
+    /// The keyboard has come to the entry.
+    void focused();
+    /// A key is pressed, and takes its effect afterwards.
+    void key_pressed(KeyCode code, short shift);
 
   protected:
     void focusInEvent(QFocusEvent* event) override;
@@ -25,15 +31,10 @@ class TextEntry : public QLineEdit {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    void take_length_limit(int text_length);
-    void take_selection();
-    void report_text();
-    void report_selection();
-    void report_focus();
+    void take_length_limit(const TextBox& control, int text_length);
+    void take_selection(const TextBox& control);
 
-    TextBox* control_;
-    UserActions& actions_;
-    /// The button is down with which the box got the focus, and a handler has selected text.
+    /// The click that gave the focus is still held, and a handler has selected text.
     bool click_keeps_selection_ = false;
 };
 

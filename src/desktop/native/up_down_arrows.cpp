@@ -1,6 +1,7 @@
 #include "desktop/native/up_down_arrows.h"
 
 #include "desktop/input/user_actions.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/texts.h"
 
@@ -13,12 +14,11 @@
 
 namespace lookfar::desktop {
 
-UpDownArrows::UpDownArrows(UpDown& control, UserActions& actions, QWidget& window)
-    : QWidget(&window), control_(&control), actions_(actions), shown_value_(control.Value) {
-    auto column = std::make_unique<QVBoxLayout>();
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    setLayout(column.release());
+UpDownArrows::UpDownArrows(const UpDown& control, QWidget& window)
+    : QWidget(&window), minimum_(control.Min), maximum_(control.Max), value_(control.Value) {
+    QVBoxLayout& column = *owned_by_qt<QVBoxLayout>(this);
+    column.setContentsMargins(0, 0, 0, 0);
+    column.setSpacing(0);
     const QString name = shown_text(control.AccessibleName);
     setAccessibleName(name);
     add_arrow(Qt::UpArrow, name + QStringLiteral(" +"), +1);
@@ -26,43 +26,40 @@ UpDownArrows::UpDownArrows(UpDown& control, UserActions& actions, QWidget& windo
 }
 
 void UpDownArrows::add_arrow(Qt::ArrowType type, const QString& name, int direction) {
-    auto owned = std::make_unique<QToolButton>(this);
-    QToolButton& arrow = *owned;
+    QToolButton& arrow = *owned_by_qt<QToolButton>(this);
     arrow.setArrowType(type);
     arrow.setAutoRepeat(true);
     arrow.setFocusPolicy(Qt::NoFocus);
     arrow.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     arrow.setAccessibleName(name);
-    connect(&arrow, &QToolButton::clicked, this, [this, direction] {
-        actions_.deliver(*control_, [this, direction] { control_->step(direction); });
-    });
-    layout()->addWidget(owned.release());
+    connect(&arrow, &QToolButton::clicked, this, [this, direction] { Q_EMIT stepped(direction); });
+    layout()->addWidget(&arrow);
 }
 
-void UpDownArrows::synchronise() {
-    place(*this, *control_);
-    const long value = control_->Value;
-    if (std::exchange(shown_value_, value) == value)
+void UpDownArrows::synchronise(const UpDown& control) {
+    place(*this, control);
+    const long value = control.Value;
+    if (std::exchange(value_, value) == value)
         return;
     QAccessibleValueChangeEvent event(this, QVariant::fromValue(value));
     QAccessible::updateAccessibility(&event);
 }
 
-void UpDownArrows::set_value(long value) {
-    if (!control_)
-        return;
-    actions_.deliver(*control_, [this, value] {
-        control_->Value = std::clamp(value, control_->Min, control_->Max);
-    });
-}
-
 NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window) {
-    auto owned = std::make_unique<UpDownArrows>(control, actions, window);
-    UpDownArrows& arrows = *owned;
-    return {.widget = WidgetOwner(owned.release()),
-            .synchronise = [&arrows] { arrows.synchronise(); },
-            .release = [&arrows] { arrows.release(); },
-            .tab_index = control.TabIndex};
+    UpDownArrows& arrows = *owned_by_qt<UpDownArrows>(control, window);
+    NativeControl native{.widget = TiedWidget<QWidget>(arrows),
+                         .synchronise = [&arrows, &control] { arrows.synchronise(control); },
+                         .tab_index = control.TabIndex};
+    QObject* const tie = native.widget.tie();
+    QObject::connect(&arrows, &UpDownArrows::stepped, tie, [&control, &actions](int direction) {
+        actions.deliver(control, [&control, direction] { control.step(direction); });
+    });
+    QObject::connect(&arrows, &UpDownArrows::value_wanted, tie, [&control, &actions](long value) {
+        actions.deliver(control, [&control, value] {
+            control.Value = std::clamp(value, control.Min, control.Max);
+        });
+    });
+    return native;
 }
 
 } // namespace lookfar::desktop

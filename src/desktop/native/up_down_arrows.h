@@ -9,24 +9,29 @@ namespace lookfar::desktop {
 
 /// Two small buttons, one above the other, that repeat while they are held. No tab stop.
 class UpDownArrows : public QWidget {
+    Q_OBJECT
+
   public:
-    UpDownArrows(UpDown& control, UserActions& actions, QWidget& window);
+    UpDownArrows(const UpDown& control, QWidget& window);
 
-    void synchronise();
-    /// The control is about to go.
-    void release() { control_ = nullptr; }
+    void synchronise(const UpDown& control);
 
-    /// Nothing once the control is gone.
-    const UpDown* control() const { return control_; }
-    /// Takes the value that lies nearest within the control's limits.
-    void set_value(long value);
+    long minimum() const { return minimum_; }
+    long maximum() const { return maximum_; }
+    long value() const { return value_; }
+
+  Q_SIGNALS:
+    /// An arrow is pressed: +1 for up, -1 for down.
+    void stepped(int direction);
+    /// Assistive technology asks for a value, which may lie beyond the limits.
+    void value_wanted(long value);
 
   private:
     void add_arrow(Qt::ArrowType type, const QString& name, int direction);
 
-    UpDown* control_;
-    UserActions& actions_;
-    long shown_value_;
+    const long minimum_;
+    const long maximum_;
+    long value_;
 };
 
 NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget& window);

@@ -35,10 +35,13 @@ bool asks_for_menu(const QKeyEvent& event) {
 
 } // namespace
 
+/// A view whose form is gone takes no more events than every object does.
 bool WindowView::event(QEvent* event) {
+    if (!form_)
+        return QObject::event(event);
     if (event->type() == QEvent::UpdateRequest)
         windows_.synchronise();
-    if (event->type() == QEvent::ToolTip && form_) {
+    if (event->type() == QEvent::ToolTip) {
         const auto* const help = static_cast<QHelpEvent*>(event);
         show_tool_tip(help->globalPos(), help->pos());
         return true;
@@ -55,8 +58,6 @@ void WindowView::show_tool_tip(const QPoint& place, const QPointF& point) {
 }
 
 void WindowView::paintEvent(QPaintEvent* event) {
-    if (!form_)
-        return;
     const QSize device_size = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (canvas_.size() != device_size)
         canvas_ = QImage(device_size, QImage::Format_RGB32);
@@ -74,13 +75,12 @@ void WindowView::paintEvent(QPaintEvent* event) {
 /// Qt's own closing is never wanted: the window decides, and hides by its property.
 void WindowView::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (form_)
-        windows_.actions().deliver(*form_, [this] { form_->request_close(); });
+    windows_.actions().deliver(*form_, [this] { form_->request_close(); });
 }
 
 void WindowView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    const bool is_news = event->type() == QEvent::WindowStateChange && form_ && isVisible();
+    const bool is_news = event->type() == QEvent::WindowStateChange && isVisible();
     if (is_news && windowState() != window_states(*form_, screen()->size()))
         windows_.actions().deliver(*form_,
                                    [this] { form_->WindowState = window_state_of(windowState()); });
@@ -89,7 +89,7 @@ void WindowView::changeEvent(QEvent* event) {
 void WindowView::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     const bool is_own_move = windows_.actions().are_suspended() || pos() == position_;
-    if (!form_ || !isVisible() || is_own_move || windowState() != Qt::WindowNoState)
+    if (!isVisible() || is_own_move || windowState() != Qt::WindowNoState)
         return;
     position_ = pos();
     form_->Left.follow(to_twips(position_->x()));
@@ -105,7 +105,7 @@ void WindowView::hideEvent(QHideEvent* event) {
 void WindowView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         press_button_by_enter();
-    else if (form_ && asks_for_menu(*event))
+    else if (asks_for_menu(*event))
         windows_.actions().deliver(*form_, [this] { form_->MenuKey.raise(); });
     else
         QWidget::keyPressEvent(event);
@@ -121,7 +121,7 @@ void WindowView::press_button_by_enter() {
 
 QPushButton* WindowView::default_button() const {
     for (const NativeControl& native : std::views::values(natives_)) {
-        auto* const button = qobject_cast<QPushButton*>(native.widget.get());
+        auto* const button = qobject_cast<QPushButton*>(&*native.widget);
         if (button && button->isDefault() && button->isVisible())
             return button;
     }
@@ -129,23 +129,19 @@ QPushButton* WindowView::default_button() const {
 }
 
 void WindowView::mousePressEvent(QMouseEvent* event) {
-    if (form_)
-        mouse_.press(event->button(), event->position());
+    mouse_.press(event->button(), event->position());
 }
 
 void WindowView::mouseReleaseEvent(QMouseEvent* event) {
-    if (form_)
-        mouse_.release(event->button(), event->position());
+    mouse_.release(event->button(), event->position());
 }
 
 void WindowView::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (form_)
-        mouse_.double_click(event->button(), event->position());
+    mouse_.double_click(event->button(), event->position());
 }
 
 void WindowView::mouseMoveEvent(QMouseEvent* event) {
-    if (form_)
-        mouse_.move(event->position());
+    mouse_.move(event->position());
 }
 
 } // namespace lookfar::desktop

@@ -63,10 +63,10 @@ void WindowView::set_tab_order() {
     std::ranges::sort(order, {}, &NativeControl::tab_index);
     const auto first = std::ranges::find_if(order, takes_focus_by_click);
     if (first != order.end())
-        focus_at_show_ = (*first)->widget.get();
+        focus_at_show_ = &*(*first)->widget;
     QWidget* previous = this;
     for (const NativeControl* const native : order) {
-        QWidget* const next = native->widget.get();
+        QWidget* const next = &*native->widget;
         setTabOrder(previous, next);
         previous = next;
     }
@@ -168,22 +168,13 @@ void WindowView::take_state() {
 }
 
 void WindowView::forget(const Element& element) {
-    if (form_ == nullptr)
-        return;
-    if (const auto native = natives_.find(&element); native != natives_.end()) {
-        if (native->second.release)
-            native->second.release();
-        natives_.erase(native);
-    }
+    natives_.erase(&element);
     drawn_.forget(element);
 }
 
 void WindowView::release() {
     form_ = nullptr;
     menu_.reset();
-    for (const NativeControl& native : std::views::values(natives_))
-        if (native.release)
-            native.release();
     natives_.clear();
 }
 
@@ -191,7 +182,7 @@ void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
     menu_ = make_popup_menu(menu, default_entry, windows_.actions(), *this);
     const QPoint pointer = QCursor::pos();
     const bool is_over_window = geometry().contains(pointer);
-    menu_->popup(is_over_window ? pointer : geometry().center());
+    (*menu_)->popup(is_over_window ? pointer : geometry().center());
 }
 
 std::vector<DrawnControl> WindowView::readable_controls() const {
@@ -206,7 +197,7 @@ std::optional<DrawnControl> WindowView::readable_control(const Control& control)
 
 QWidget* WindowView::widget_of(const Control& control) const {
     const auto native = natives_.find(&control);
-    return native == natives_.end() ? nullptr : native->second.widget.get();
+    return native == natives_.end() ? nullptr : &*native->second.widget;
 }
 
 } // namespace lookfar::desktop

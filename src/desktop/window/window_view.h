@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
@@ -43,7 +42,7 @@ class WindowView : public QWidget {
 
     /// An element of the window, or of another, is about to go.
     void forget(const Element& element);
-    /// The window is about to go; nothing of it is touched any more.
+    /// The form is about to go; nothing of it is touched any more.
     void release();
 
     /// Gives the keyboard to a control, now or when the window comes up.
@@ -58,7 +57,7 @@ class WindowView : public QWidget {
     /// One of them; nothing for a control that is none of them, or gone.
     std::optional<DrawnControl> readable_control(const Control& control) const;
     DrawnControls& drawn() { return drawn_; }
-    QMenu* popup_menu() const { return menu_.get(); }
+    QMenu* popup_menu() const { return menu_ ? &**menu_ : nullptr; }
 
   protected:
     bool event(QEvent* event) override;
@@ -93,7 +92,7 @@ class WindowView : public QWidget {
     DrawnControls drawn_;
     MouseRouter mouse_;
     std::unordered_map<const Element*, NativeControl> natives_;
-    std::unique_ptr<QMenu, DeleteLater> menu_;
+    std::optional<TiedWidget<QMenu>> menu_;
     /// What the window was drawn into last; without an alpha channel, so that shapes can merge.
     QImage canvas_;
     QPointer<QWidget> focus_at_show_;

@@ -1,5 +1,6 @@
 #include "desktop/window/windows.h"
 
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/window/window_observer.h"
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
@@ -16,8 +17,7 @@ Windows::Windows(QIcon icon, WindowObserver& observer)
     : icon_(std::move(icon)), observer_(observer) {}
 
 Windows::~Windows() {
-    for (const auto& view : std::views::values(views_))
-        view->release();
+    const UserActions::Suspension suspension(actions_);
     views_.clear();
     // No message loop will come to delete what was to be deleted later.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -46,11 +46,8 @@ void Windows::forget(Element& element) {
     observer_.element_forgotten(element);
     if (changed_.erase(&element) > 0)
         std::erase(changed_in_order_, &element);
-    if (const auto own = views_.find(&element); own != views_.end()) {
-        own->second->release();
-        views_.erase(own);
+    if (views_.erase(&element) > 0)
         return;
-    }
     for (const auto& view : std::views::values(views_))
         view->forget(element);
 }
@@ -80,10 +77,16 @@ void Windows::synchronise(Element& element) {
 void Windows::synchronise_window(Form& form) {
     auto view = views_.find(&form);
     if (view == views_.end() && form.Visible)
-        view =
-            views_.emplace(&form, std::make_unique<WindowView>(form, *this, icon_).release()).first;
+        view = views_.emplace(&form, make_view(form)).first;
     if (view != views_.end())
         view->second->synchronise_window();
+}
+
+TiedWidget<WindowView> Windows::make_view(Form& form) {
+    WindowView& view = *owned_by_qt<WindowView>(form, *this, icon_);
+    TiedWidget<WindowView> tied(view);
+    QObject::connect(tied.tie(), &QObject::destroyed, &view, [&view] { view.release(); });
+    return tied;
 }
 
 void Windows::bring_forward(Form& form) {
@@ -108,7 +111,7 @@ void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry)
 
 WindowView* Windows::view_of(const Form& form) const {
     const auto view = views_.find(&form);
-    return view == views_.end() ? nullptr : view->second.get();
+    return view == views_.end() ? nullptr : &*view->second;
 }
 
 } // namespace lookfar::desktop

@@ -6,7 +6,6 @@
 #include <QIcon>
 #include <QObject>
 
-#include <memory>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -57,11 +56,12 @@ class Windows {
     void schedule();
     void synchronise(Element& element);
     void synchronise_window(Form& form);
+    TiedWidget<WindowView> make_view(Form& form);
 
     QIcon icon_;
     WindowObserver& observer_;
     UserActions actions_{[this] { synchronise(); }};
-    std::unordered_map<const Element*, std::unique_ptr<WindowView, DeleteLater>> views_;
+    std::unordered_map<const Element*, TiedWidget<WindowView>> views_;
     std::unordered_set<Element*> changed_;
     /// The same in the order of their first change: a window that is shown before another is
     /// hidden comes up before that one goes.

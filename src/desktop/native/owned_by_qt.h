@@ -1,0 +1,14 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+namespace lookfar::desktop {
+
+/// Makes an object that Qt owns: its parent destroys it, or whatever it is passed to.
+template <class Object, class... Arguments>
+Object* owned_by_qt(Arguments&&... arguments) {
+    return std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
+}
+
+} // namespace lookfar::desktop
