@@ -32,18 +32,6 @@ class PainterState {
     QPainter& painter_;
 };
 
-Qt::Alignment alignment_flag(Alignment alignment) {
-    switch (alignment) {
-    case Alignment::right:
-        return Qt::AlignRight;
-    case Alignment::centre:
-        return Qt::AlignHCenter;
-    case Alignment::left:
-        break;
-    }
-    return Qt::AlignLeft;
-}
-
 /// The rectangle whose outline, one pixel thick, ends at the edges of the box.
 QRect outline_of(const QRect& box) {
     return box.adjusted(0, 0, -1, -1);
@@ -100,7 +88,7 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
 }
 
 void ControlPainter::draw_text(const Label& label, const QRect& box, const QString& text) {
-    const Qt::Alignment alignment = Qt::AlignTop | alignment_flag(label.Align);
+    const Qt::Alignment alignment = Qt::AlignTop | horizontal_alignment(label.Align);
     if (!label.wraps()) {
         painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, text);
         return;

@@ -3,6 +3,7 @@
 #include "desktop/drawn/drawn_control_visitor.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
+#include "desktop/style/texts.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
@@ -52,7 +53,7 @@ class Describer : public DrawnControlVisitor {
         drawn.area = area_of(label);
         drawn.mouse = &label;
         drawn.tool_tip = label.ToolTipText;
-        drawn.name = label.AccessibleName.empty() ? label.Caption.get() : label.AccessibleName;
+        drawn.name = name_or(label.AccessibleName, label.Caption);
         drawn.announcement = label.Announcement;
     }
 
@@ -62,7 +63,7 @@ class Describer : public DrawnControlVisitor {
         drawn.mouse = &image;
         drawn.picture = image.Picture;
         drawn.tool_tip = image.ToolTipText;
-        drawn.name = image.AccessibleName.empty() ? image.ToolTipText : image.AccessibleName;
+        drawn.name = name_or(image.AccessibleName, image.ToolTipText);
     }
 
     void visit(PictureBox& box) override {

@@ -13,8 +13,7 @@ namespace lookfar::desktop {
 namespace {
 
 void synchronise_tab_stop(LabelTabStop& stop, const Label& label) {
-    const std::string& name =
-        label.AccessibleName.empty() ? label.Caption.get() : label.AccessibleName;
+    const std::string& name = name_or(label.AccessibleName, label.Caption);
     set_accessible_name(stop, shown_text(name));
     place(stop, label);
 }

@@ -6,6 +6,7 @@
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
+#include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
 
 #include <QFocusEvent>
@@ -24,18 +25,6 @@ std::pair<int, int> selection_of(const QLineEdit& entry) {
     if (entry.hasSelectedText())
         return {entry.selectionStart(), entry.selectionLength()};
     return {entry.cursorPosition(), 0};
-}
-
-Qt::Alignment alignment_of(Alignment alignment) {
-    switch (alignment) {
-    case Alignment::right:
-        return Qt::AlignRight | Qt::AlignVCenter;
-    case Alignment::centre:
-        return Qt::AlignCenter;
-    case Alignment::left:
-        break;
-    }
-    return Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 void report_text(const TextEntry& entry, TextBox& control) {
@@ -61,7 +50,7 @@ TextEntry::TextEntry(const TextBox& control, QWidget& window) : QLineEdit(&windo
     // Puts a borderless text on the line of the caption around it.
     if (!control.HasBorder)
         setTextMargins(0, -1, 0, 1);
-    setAlignment(alignment_of(control.Align));
+    setAlignment(horizontal_alignment(control.Align) | Qt::AlignVCenter);
     setFont(screen_font(control.Font));
     setAccessibleName(shown_text(control.AccessibleName));
     set_palette_colour(*this, QPalette::Base, screen_colour(control.BackColor, palette()));

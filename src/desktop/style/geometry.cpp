@@ -14,6 +14,18 @@ int to_whole_pixels(float twips) {
     return qRound(to_pixels(twips));
 }
 
+Qt::Alignment horizontal_alignment(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::left:
+        return Qt::AlignLeft;
+    case Alignment::right:
+        return Qt::AlignRight;
+    case Alignment::centre:
+        return Qt::AlignHCenter;
+    }
+    return Qt::AlignLeft;
+}
+
 QRectF exact_rectangle(const Bounds& bounds) {
     return {to_pixels(bounds.Left), to_pixels(bounds.Top), to_pixels(bounds.Width),
             to_pixels(bounds.Height)};

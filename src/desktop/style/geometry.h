@@ -14,6 +14,8 @@ float to_twips(int pixels);
 /// The nearest whole pixel.
 int to_whole_pixels(float twips);
 
+Qt::Alignment horizontal_alignment(Alignment alignment);
+
 /// A rectangle in logical pixels, exact.
 QRectF exact_rectangle(const Bounds& bounds);
 /// The same with every edge on the nearest whole pixel.

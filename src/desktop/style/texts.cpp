@@ -24,6 +24,10 @@ QString whole_text(std::string_view bytes) {
     return QString::fromStdString(as_utf8(bytes));
 }
 
+const std::string& name_or(const std::string& accessible_name, const std::string& seen_text) {
+    return accessible_name.empty() ? seen_text : accessible_name;
+}
+
 std::string typed_bytes(const QString& text) {
     return text.toStdString();
 }

@@ -14,6 +14,10 @@ QString shown_text(std::string_view bytes);
 /// The same without a limit, for editing.
 QString whole_text(std::string_view bytes);
 
+/// What assistive technology calls a control: the name that it was given for that, or else the text
+/// that its user sees.
+const std::string& name_or(const std::string& accessible_name, const std::string& seen_text);
+
 /// What the user typed, as UTF-8.
 std::string typed_bytes(const QString& text);
 
