@@ -2,6 +2,9 @@
 
 #include "demo/picture_answer.h"
 
+#include <QPixmap>
+#include <QScreen>
+
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
@@ -30,8 +33,22 @@ bool is_like(const QColor& one, const QColor& other) {
            std::abs(one.blue() - other.blue()) <= most;
 }
 
+QRect whole_screen() {
+    return QGuiApplication::primaryScreen()->geometry();
+}
+
+QColor colour_at(const QPoint& point) {
+    QScreen& screen = *QGuiApplication::primaryScreen();
+    return screen.grabWindow(0, point.x(), point.y(), 1, 1).toImage().pixelColor(0, 0);
+}
+
 bool comes_to_show(const QPoint& point, const QColor& colour) {
-    return comes_true([&] { return is_like(screen::colour_at(point), colour); });
+    return comes_true([&] { return is_like(colour_at(point), colour); });
+}
+
+DrivenTest::DrivenTest() {
+    for (const auto& [camera, its_colour] : colour_of)
+        cameras->answer("/" + camera, showing(its_colour));
 }
 
 void DrivenTest::TearDown() {
@@ -39,17 +56,14 @@ void DrivenTest::TearDown() {
         tell_what_all_windows_read();
         return;
     }
-    comes_true([this] {
-        if (const auto all = windows(); !all.empty())
-            screen::ask_to_close(all.back());
-        return has_ended();
-    });
+    while (comes_true([this] { return active_window() || has_ended(); }) && !has_ended())
+        close_window();
     expect_good_end();
 }
 
 void DrivenTest::tell_what_all_windows_read() const {
     std::cout << "The windows read:\n";
-    for (const Element& window : reader.windows_of(program.processId()))
+    for (const Element& window : windows())
         for (const Element& element : window.all_showing())
             std::cout << element.description() << '\n';
 }
@@ -89,15 +103,9 @@ void DrivenTest::start(const Titles& titles) {
         throw std::runtime_error("The main window does not come up.");
 }
 
-std::optional<screen::Window> DrivenTest::window(const std::string& title) const {
-    const auto all = windows();
-    const auto found = std::ranges::find(all, title, &screen::Window::title);
-    return found == all.end() ? std::nullopt : std::optional(*found);
-}
-
 std::vector<Element> DrivenTest::elements(const std::string& title) const {
     std::vector<Element> found;
-    for (const Element& window : reader.windows_of(program.processId()))
+    for (const Element& window : windows())
         if (window.name() == title)
             std::ranges::move(window.all_showing(), std::back_inserter(found));
     return found;
@@ -119,20 +127,22 @@ Element DrivenTest::find(const std::string& title, std::string_view beginning) c
     return *found;
 }
 
-QPoint DrivenTest::picture(const std::string& title) const {
-    return find(title, "image 'Camera picture'").place().center();
+std::optional<Element> DrivenTest::active_window() const {
+    const auto all = windows();
+    const auto found =
+        std::ranges::find_if(all, [](const Element& window) { return window.is(State::active); });
+    return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
 bool DrivenTest::comes_up(const std::string& title) const {
     return comes_true([&] {
-        const auto found = window(title);
-        const auto read = look_for(title, "frame '" + title);
-        return found && found->is_active && read && read->place() == found->place;
+        const auto active = active_window();
+        return active && active->name() == title;
     });
 }
 
 bool DrivenTest::goes(const std::string& title) const {
-    return comes_true([&] { return !window(title); });
+    return comes_true([&] { return elements(title).empty(); });
 }
 
 bool DrivenTest::comes_to_read(const std::string& title, std::string_view beginning) const {
@@ -153,12 +163,8 @@ bool DrivenTest::stops_being(State state, const std::string& title,
     return comes_true([&] { return !find(title, beginning).is(state); });
 }
 
-bool DrivenTest::opens_a_menu() const {
-    return comes_true([this] { return screen::has_popup_of(program.processId()); });
-}
-
 void DrivenTest::click(const std::string& title, std::string_view beginning) {
-    hands.click(find(title, beginning).place().center());
+    hands.click(place(title, beginning).center());
 }
 
 void DrivenTest::fill_in(const std::string& title, const std::string& box,
@@ -170,12 +176,22 @@ void DrivenTest::fill_in(const std::string& title, const std::string& box,
     if (!comes_true([&] { return entry.is(State::focused); }))
         throw std::runtime_error("The text box does not get the keyboard.");
     hands.type(text);
-    if (!comes_true([&] { return entry.text() == text; }))
+    if (!comes_to_read(title, "text '" + box + "' holding '" + text + "'"))
         throw std::runtime_error("The text box does not take what is typed.");
 }
 
-void DrivenTest::close(const std::string& title) const {
-    screen::ask_to_close(window(title).value());
+void DrivenTest::close_window() {
+    const auto closed = active_window();
+    hands.press(Key::f4, Key::alt);
+    comes_true([&] { return !closed || !closed->is(State::showing); });
+}
+
+void DrivenTest::open_menu(const std::function<void()>& ask) {
+    hands.point_at(picture());
+    const QPoint under_menu = picture() + QPoint(8, 8);
+    const QColor covered = colour_at(under_menu);
+    ask();
+    ASSERT_TRUE(comes_true([&] { return !is_like(colour_at(under_menu), covered); }));
 }
 
 } // namespace lookfar::driven

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desktop/driven/hands.h"
-#include "desktop/driven/screen.h"
 #include "desktop/driven/screen_reader.h"
 #include "desktop/waiting.h"
 
@@ -16,7 +15,9 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <future>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -57,10 +58,12 @@ using Titles = std::vector<std::string>;
 
 /// The real program, driven and watched from outside: through the windows, pixels and texts on the
 /// screen, the files in its folder, the requests to its cameras and the status that it ends with.
+/// There are three cameras, each of which shows its colour.
 /// Whatever a test did, the program must end well when it is closed at the test's end. After a
 /// failure the test tells what all of the windows read.
 class DrivenTest : public ::testing::Test {
   protected:
+    DrivenTest();
     void TearDown() override;
 
     /// Writes a list of cameras of `cameras`, where the path of each is its title behind a slash.
@@ -75,15 +78,18 @@ class DrivenTest : public ::testing::Test {
 
     // What the user sees.
 
-    std::vector<screen::Window> windows() const { return screen::windows_of(program.processId()); }
-    std::optional<screen::Window> window(const std::string& title) const;
+    std::optional<Element> active_window() const;
+    std::vector<Element> windows() const { return reader.windows_of(program.processId()); }
     /// Everything that shows in the windows of that title.
     std::vector<Element> elements(const std::string& title) const;
     /// The first thing in the window whose description begins so, once it shows. Throws where it
     /// never does.
     Element find(const std::string& title, std::string_view beginning) const;
-    /// The middle of the camera's picture.
-    QPoint picture(const std::string& title) const;
+    QRect place(const std::string& title, std::string_view beginning) const {
+        return find(title, beginning).place();
+    }
+    /// The middle of the camera's picture in the main window.
+    QPoint picture() const { return place(title::main_window, "image 'Camera picture'").center(); }
     std::string selected_camera() const { return find(title::main_window, "combo box").name(); }
 
     bool comes_up(const std::string& title) const;
@@ -92,14 +98,16 @@ class DrivenTest : public ::testing::Test {
     bool stops_reading(const std::string& title, std::string_view beginning) const;
     bool comes_to_be(State state, const std::string& title, std::string_view beginning) const;
     bool stops_being(State state, const std::string& title, std::string_view beginning) const;
-    bool opens_a_menu() const;
 
     // What the user does.
 
     void click(const std::string& title, std::string_view beginning);
     /// Replaces what stands in the text box of that name. Throws where that does not take it.
     void fill_in(const std::string& title, const std::string& box, const std::string& text);
-    void close(const std::string& title) const;
+    /// Asks for the main window's menu, which opens over the picture, in one way or another.
+    void open_menu(const std::function<void()>& ask);
+    /// Closes the window that has the keyboard by the window manager's key.
+    void close_window();
 
     // The tests' own Qt application.
     int argument_count = 1;
@@ -108,6 +116,8 @@ class DrivenTest : public ::testing::Test {
     QGuiApplication application{argument_count, arguments.data()};
 
     lookfar::testing::TemporaryFolder folder;
+    const std::map<std::string, QColor> colour_of{
+        {"Harbour", colour::red}, {"Quay", colour::green}, {"Tower", colour::blue}};
     std::optional<demo::CameraServer> cameras{std::in_place};
     ScreenReader reader;
     Hands hands;
@@ -118,6 +128,8 @@ class DrivenTest : public ::testing::Test {
     void tell_what_all_windows_read() const;
 };
 
+QRect whole_screen();
+QColor colour_at(const QPoint& point);
 bool comes_to_show(const QPoint& point, const QColor& colour);
 
 } // namespace lookfar::driven

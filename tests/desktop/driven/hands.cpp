@@ -1,32 +1,38 @@
 #include "desktop/driven/hands.h"
 
-#include "desktop/driven/x_server.h"
-
+#include <QGuiApplication>
 #include <xcb/xtest.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 namespace lookfar::driven {
 
 namespace {
 
-constexpr xcb_keysym_t left_shift = 0xffe1;
+xcb_connection_t* x_server() {
+    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+}
 
 void fake(std::uint8_t type, std::uint8_t detail, const QPoint& point = {}) {
-    xcb_test_fake_input(x_server(), type, detail, XCB_CURRENT_TIME, root_window(),
+    xcb_test_fake_input(x_server(), type, detail, XCB_CURRENT_TIME, XCB_NONE,
                         static_cast<std::int16_t>(point.x()), static_cast<std::int16_t>(point.y()),
                         0);
+    xcb_flush(x_server());
 }
 
 } // namespace
 
-Hands::Hands() : keys_(xcb_key_symbols_alloc(x_server())) {}
+Hands::Hands() : keys_(xcb_key_symbols_alloc(x_server()), xcb_key_symbols_free) {}
+
+void Hands::point_at(const QPoint& point) {
+    fake(XCB_MOTION_NOTIFY, 0, point);
+}
 
 void Hands::click(const QPoint& point, MouseButton button) {
-    fake(XCB_MOTION_NOTIFY, 0, point);
+    point_at(point);
     fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
     fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
-    finish_requests();
 }
 
 void Hands::double_click(const QPoint& point) {
@@ -34,34 +40,30 @@ void Hands::double_click(const QPoint& point) {
     click(point);
 }
 
-void Hands::press(Key key) {
-    strike(static_cast<xcb_keysym_t>(key));
-    finish_requests();
+void Hands::press(Key key, Key held) {
+    if (held != Key::none)
+        fake(XCB_KEY_PRESS, code_of(held));
+    fake(XCB_KEY_PRESS, code_of(key));
+    fake(XCB_KEY_RELEASE, code_of(key));
+    if (held != Key::none)
+        fake(XCB_KEY_RELEASE, code_of(held));
 }
 
 void Hands::type(std::string_view text) {
-    // The number of such a letter's symbol is its code.
-    for (const char letter : text)
-        strike(static_cast<xcb_keysym_t>(letter));
-    finish_requests();
+    for (const char letter : text) {
+        // The number of such a letter's key is its code.
+        const Key key{static_cast<xcb_keysym_t>(letter)};
+        const xcb_keysym_t plain = xcb_key_symbols_get_keysym(keys_.get(), code_of(key), 0);
+        press(key, plain == static_cast<xcb_keysym_t>(key) ? Key::none : Key::shift);
+    }
 }
 
-void Hands::strike(xcb_keysym_t symbol) {
-    const xcb_keycode_t key = key_of(symbol);
-    const bool is_shifted = xcb_key_symbols_get_keysym(keys_.get(), key, 0) != symbol;
-    if (is_shifted)
-        fake(XCB_KEY_PRESS, key_of(left_shift));
-    fake(XCB_KEY_PRESS, key);
-    fake(XCB_KEY_RELEASE, key);
-    if (is_shifted)
-        fake(XCB_KEY_RELEASE, key_of(left_shift));
-}
-
-xcb_keycode_t Hands::key_of(xcb_keysym_t symbol) const {
-    const Reply<xcb_keycode_t> keys(xcb_key_symbols_get_keycode(keys_.get(), symbol));
-    if (!keys || *keys == XCB_NO_SYMBOL)
+xcb_keycode_t Hands::code_of(Key key) const {
+    const std::unique_ptr<xcb_keycode_t, decltype(&std::free)> codes(
+        xcb_key_symbols_get_keycode(keys_.get(), static_cast<xcb_keysym_t>(key)), std::free);
+    if (!codes || *codes == XCB_NO_SYMBOL)
         throw std::runtime_error("The keyboard has no such key.");
-    return *keys;
+    return *codes;
 }
 
 } // namespace lookfar::driven

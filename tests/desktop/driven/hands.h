@@ -10,39 +10,40 @@ namespace lookfar::driven {
 
 enum class MouseButton : std::uint8_t { left = 1, right = 3 };
 
-/// The keys that write nothing.
 enum class Key : xcb_keysym_t {
+    none = XCB_NO_SYMBOL,
     tab = 0xff09,
     enter = 0xff0d,
     escape = 0xff1b,
     up = 0xff52,
     down = 0xff54,
-    menu = 0xff67
+    menu = 0xff67,
+    f4 = 0xffc1,
+    shift = 0xffe1,
+    alt = 0xffe9
 };
 
 /// The user's hands on mouse and keyboard. What they do goes to whatever window lies under the
-/// pointer or has the keyboard, as with any user.
+/// pointer or has the keyboard, as with any user. They use the connection of the tests' own Qt
+/// application to the X server that DISPLAY names.
 class Hands {
   public:
     Hands();
 
+    void point_at(const QPoint& point);
     void click(const QPoint& point, MouseButton button = MouseButton::left);
     void double_click(const QPoint& point);
 
-    void press(Key key);
+    /// Presses a key, while another one is held down if it is given.
+    void press(Key key, Key held = Key::none);
     /// Types letters of ASCII.
     void type(std::string_view text);
 
   private:
-    struct KeysFreed {
-        void operator()(xcb_key_symbols_t* keys) const { xcb_key_symbols_free(keys); }
-    };
-
-    void strike(xcb_keysym_t symbol);
     /// Throws where the keyboard has no such key.
-    xcb_keycode_t key_of(xcb_keysym_t symbol) const;
+    xcb_keycode_t code_of(Key key) const;
 
-    std::unique_ptr<xcb_key_symbols_t, KeysFreed> keys_;
+    std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> keys_;
 };
 
 } // namespace lookfar::driven

@@ -47,14 +47,13 @@ std::string Element::name() const {
     return taken(atspi_accessible_get_name(accessible_.get(), nullptr));
 }
 
-std::string Element::text() const {
-    const auto text = owned(atspi_accessible_get_text_iface(accessible_.get()));
-    return text ? taken(atspi_text_get_text(text.get(), 0, -1, nullptr)) : std::string();
-}
-
 std::string Element::description() const {
     const auto role = taken(atspi_accessible_get_role_name(accessible_.get(), nullptr));
-    const std::string content = role == "text" ? " holding '" + text() + "'" : "";
+    const auto field = owned(atspi_accessible_get_text_iface(accessible_.get()));
+    const std::string content =
+        field && role == "text"
+            ? " holding '" + taken(atspi_text_get_text(field.get(), 0, -1, nullptr)) + "'"
+            : "";
     return role + " '" + name() + "'" + content;
 }
 

@@ -18,7 +18,7 @@ struct _AtspiEventListener;
 namespace lookfar::driven {
 
 /// How a thing is, numbered as on the accessibility bus.
-enum class State { checked = 4, focused = 12, selected = 23, showing = 25 };
+enum class State { active = 1, checked = 4, focused = 12, selected = 23, showing = 25 };
 
 /// A thing on the screen as assistive technology tells it to its user. It is asked anew at every
 /// question; one that has gone has no texts, no states and no children.
@@ -27,8 +27,6 @@ class Element {
     explicit Element(std::shared_ptr<_AtspiAccessible> accessible);
 
     std::string name() const;
-    /// What an input field holds.
-    std::string text() const;
     /// Role and name, and what an input field holds, as in "push button 'Ok'" or
     /// "text 'Seconds' holding '10'". The bus has its own words for the roles.
     std::string description() const;

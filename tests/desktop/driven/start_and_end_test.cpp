@@ -15,9 +15,9 @@ TEST_F(Start, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
     launch();
     EXPECT_TRUE(comes_to_read(title::splash_window, "label 'Loading..."));
     EXPECT_TRUE(comes_to_read(title::splash_window, "label 'ding...")) << "the text runs";
-    const Element splash = find(title::splash_window, "frame");
-    EXPECT_EQ(splash.place().size(), QSize(320, 240));
-    const QPoint off_centre = splash.place().center() - screen::whole().center();
+    const QRect splash = place(title::splash_window, "frame");
+    EXPECT_EQ(splash.size(), QSize(320, 240));
+    const QPoint off_centre = splash.center() - whole_screen().center();
     EXPECT_LE(off_centre.manhattanLength(), 2);
     EXPECT_TRUE(comes_to_read(title::splash_window, "image 'Lookfar'"));
     EXPECT_EQ(elements(title::splash_window).size(), 3U) << "window, text and picture";
@@ -27,10 +27,10 @@ TEST_F(Start, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
     let_go.set_value();
     ASSERT_TRUE(comes_up(title::main_window));
     EXPECT_EQ(windows().size(), 1U) << "the splash window is gone";
-    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::red));
+    EXPECT_TRUE(comes_to_show(picture(), colour::red));
     EXPECT_TRUE(comes_to_read(title::main_window, "status bar 'Screenshot taken: "));
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour"));
-    EXPECT_LT(window(title::main_window)->place.topLeft().manhattanLength(), 50)
+    EXPECT_LT(place(title::main_window, "frame").topLeft().manhattanLength(), 50)
         << "the frame is in the corner of the screen";
 }
 
@@ -43,17 +43,16 @@ TEST_F(Start, MakesAListInAnEmptyFolder) {
               "Eiffeltower\r\nhttp://" LOOKFAR_DEFAULT_CAMERA_HOST
               "/eiffel1.jpg?1011467343523\r\n");
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Eiffeltower"));
-    EXPECT_TRUE(comes_to_show(picture(title::main_window), colour::green));
+    EXPECT_TRUE(comes_to_show(picture(), colour::green));
 }
 
 TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
-    cameras->answer("/Harbour", showing(colour::red));
     start({"Harbour"});
     EXPECT_TRUE(lookfar::testing::exists("data.dat"));
     cameras->answer("/Harbour", demo::stall());
     click(title::main_window, "push button 'Reload'");
     ASSERT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
-    close(title::main_window);
+    close_window();
     expect_good_end();
 }
 

@@ -154,7 +154,14 @@ TEST_F(NativeControlsTest, ListsTellAndTakeTheirSelectionOnce) {
     Combo1.Clear();
     let_loop_come_round();
     EXPECT_EQ(box.count(), 0);
-    EXPECT_EQ(std::exchange(seen, {}), (std::vector<short>{1, 2}));
+    constexpr short brim = 32767;
+    while (Combo1.ListCount() < brim)
+        Combo1.AddItem("Camera");
+    Combo1.ListIndex = brim - 1;
+    let_loop_come_round();
+    EXPECT_EQ(box.count(), brim);
+    EXPECT_EQ(box.currentIndex(), brim - 1);
+    EXPECT_EQ(std::exchange(seen, {}), (std::vector<short>{1, 2, brim - 1}));
 
     list.setFocus();
     let_loop_come_round();
@@ -166,16 +173,6 @@ TEST_F(NativeControlsTest, ListsTellAndTakeTheirSelectionOnce) {
     let_loop_come_round();
     EXPECT_EQ(list.currentIndex().row(), 0);
     EXPECT_EQ(seen, (std::vector<short>{2, 1, 0}));
-}
-
-TEST_F(NativeControlsTest, AListFilledToTheBrimIsShown) {
-    constexpr short brim = 32767;
-    while (Combo1.ListCount() < brim)
-        Combo1.AddItem("Camera");
-    Combo1.ListIndex = brim - 1;
-    let_loop_come_round();
-    EXPECT_EQ(widget<QComboBox>(Combo1).count(), brim);
-    EXPECT_EQ(widget<QComboBox>(Combo1).currentIndex(), brim - 1);
 }
 
 TEST_F(NativeControlsTest, ArrowsStepUpToTheLimit) {

@@ -6,6 +6,7 @@
 
 #include <QLineEdit>
 #include <QPointer>
+#include <QScreen>
 
 namespace lookfar::desktop {
 namespace {
@@ -62,6 +63,14 @@ TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
     ASSERT_TRUE(comes_true([&] { return view.pos() == QPoint(100, 200); }));
     view.move(40, 60);
     EXPECT_TRUE(comes_true([&] { return form.Left == 600.0F && form.Top == 900.0F; }));
+}
+
+TEST_F(WindowTest, CoversTheScreenWhereItIsBareAndAsLarge) {
+    Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
+    show(cover);
+    EXPECT_TRUE(
+        comes_true([&] { return window(cover).geometry() == window(cover).screen()->geometry(); }));
+    EXPECT_TRUE(window(cover).isFullScreen());
 }
 
 TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
