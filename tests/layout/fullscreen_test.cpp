@@ -89,10 +89,8 @@ TEST_F(Fullscreen, CentresTheErrorLinesWithTheSizeOfTheirCaptions) {
     Form2->Label3.Width = 1665;
     Form2->Label3.Height = 345;
     enter();
-    EXPECT_EQ(Form2->Label2.Left, 6277.5F);
-    EXPECT_EQ(Form2->Label2.Top, 4912.5F);
-    EXPECT_EQ(Form2->Label3.Left, 6847.5F);
-    EXPECT_EQ(Form2->Label3.Top, 5827.5F);
+    EXPECT_EQ(Form2->Label2.bounds(), (Bounds{6277.5F, 4912.5F, 2805, 765}));
+    EXPECT_EQ(Form2->Label3.bounds(), (Bounds{6847.5F, 5827.5F, 1665, 345}));
 }
 
 TEST_F(Fullscreen, OpensAndClosesThePanelOnTheArrowAndFindsItAsItWasLeft) {

@@ -153,7 +153,7 @@ class History {
 };
 
 TEST(IdleTicks, HeldBackReachTheStatesOfBlindOnesAndOfTheirRules) {
-    for (unsigned seed = 1; seed <= 40; ++seed) {
+    for (unsigned seed = 1; seed <= 30; ++seed) {
         const auto held_back = History(seed).states(IdleTicks::held_back);
         const auto blind = History(seed).states(IdleTicks::blind);
         const auto modelled = History(seed).states(IdleTicks::blind, true);

@@ -40,7 +40,7 @@ struct Files : ::testing::Test {
 };
 
 TEST_F(Files, EndALineAtCarriageReturnWithOrWithoutLineFeed) {
-    const std::string long_line(1 << 20, 'x');
+    const std::string long_line(1 << 17, 'x');
     const struct {
         std::string content;
         std::vector<std::string> lines;
@@ -58,13 +58,6 @@ TEST_F(Files, EndALineAtCarriageReturnWithOrWithoutLineFeed) {
     }
 }
 
-TEST_F(Files, FailToReadBehindTheirEnd) {
-    write_file("lines", "a");
-    files.OpenForInput(1, "lines");
-    EXPECT_EQ(files.LineInput(1), "a");
-    EXPECT_EQ(kind_of([&] { files.LineInput(1); }), FailureKind::past_end_of_file);
-}
-
 TEST_F(Files, RefuseNumbersThatAreOpenOrAreNot) {
     write_file("lines", "a");
     files.OpenForInput(1, "lines");
@@ -75,7 +68,11 @@ TEST_F(Files, RefuseNumbersThatAreOpenOrAreNot) {
                   files.Print(1, "x");
               }),
               FailureKind::bad_file_number);
-    EXPECT_EQ(kind_of([&] { files.LineInput(2); }), FailureKind::bad_file_number);
+    for (const int number : {1, 2})
+        files.OpenForInput(number, "lines");
+    files.CloseAll();
+    for (const int number : {1, 2})
+        EXPECT_EQ(kind_of([&] { files.LineInput(number); }), FailureKind::bad_file_number);
     EXPECT_EQ(kind_of([&] { files.OpenForInput(3, "lines"); }), FailureKind::bad_file_number);
     EXPECT_EQ(content_of("lines"), "a") << "a file that is read is not written";
 }
