@@ -1,8 +1,8 @@
 // Any bytes are a picture in good order, or are refused with the one failure of pictures.
 #include "fuzz/support/expect.h"
 #include "runtime/failure.h"
+#include "runtime/pictures/decoded_body.h"
 #include "runtime/pictures/picture_decoder.h"
-#include "runtime/pictures/picture_loader.h"
 
 #include <cstdint>
 #include <numeric>
@@ -14,16 +14,6 @@ namespace {
 /// Has the address sanitizer see that all of them are there.
 std::uint64_t sum_of(std::span<const std::uint8_t> bytes) {
     return std::accumulate(bytes.begin(), bytes.end(), std::uint64_t{0});
-}
-
-PictureReference load(const PictureLoader& loader, const Bytes& bytes) {
-    try {
-        return loader.load(bytes);
-    } catch (const Failure& failure) {
-        expect(failure.Kind == FailureKind::invalid_picture, "a refusal is that of a picture");
-        expect(!failure.Description.empty(), "a refusal has a reason");
-        return nullptr;
-    }
 }
 
 void check_order(const Picture& picture) {
@@ -40,17 +30,18 @@ void check_order(const Picture& picture) {
 }
 
 void check(const Bytes& bytes) {
-    PictureLoader loader;
-    loader.remember(loader.decoder_ahead()(bytes));
-    const PictureReference picture = load(loader, bytes);
-    if (!picture)
+    const DecodedBodyReference body = body_decoder(PixelMemory(), nullptr)(bytes);
+    if (const auto* const failure = std::get_if<Failure>(&body->picture)) {
+        expect(failure->Kind == FailureKind::invalid_picture, "a refusal is that of a picture");
+        expect(!failure->Description.empty(), "a refusal has a reason");
         return;
-    check_order(*picture);
-    const PictureReference again = load(loader, bytes);
-    expect(again && again->bytes().data() == picture->bytes().data(),
-           "the same picture shares its pixels");
-    again->edit().front() ^= 0xFFU;
-    expect(again->bytes().front() != picture->bytes().front(), "an edit reaches one picture");
+    }
+    const Picture picture(std::get<Pixels>(body->picture));
+    check_order(picture);
+    Picture again(std::get<Pixels>(body->picture));
+    expect(again.bytes().data() == picture.bytes().data(), "the same picture shares its pixels");
+    again.edit().front() ^= 0xFFU;
+    expect(again.bytes().front() != picture.bytes().front(), "an edit reaches one picture");
 }
 
 } // namespace

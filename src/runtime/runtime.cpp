@@ -55,7 +55,7 @@ MessageBoxAnswer Runtime::MsgBox(const std::string& text, MessageBoxFlag flags,
 }
 
 PictureReference Runtime::LoadPicture(const std::string& path) {
-    return pictures_.load(read_whole_file(platform_.disk(), path));
+    return pictures_.load(platform_.disk(), path);
 }
 
 std::string Runtime::CurrentDirectory() const {

@@ -1,15 +1,27 @@
 #include "runtime/pictures/picture_loader.h"
 
+#include "runtime/files/files.h"
 #include "runtime/pictures/picture_decoder.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
+#include <span>
 
 namespace lookfar {
 
 namespace {
 
-bool begins_with(std::span<const std::uint8_t> file, const Bytes& body) {
-    return file.size() >= body.size() && std::ranges::equal(file.first(body.size()), body);
+bool begins_with(DiskFile& file, std::span<const std::uint8_t> bytes) {
+    std::array<std::uint8_t, 65536> block{};
+    while (!bytes.empty()) {
+        const std::size_t wanted = std::min(block.size(), bytes.size());
+        const std::size_t count = file.read(std::span(block).first(wanted));
+        if (count == 0 || !std::ranges::equal(std::span(block).first(count), bytes.first(count)))
+            return false;
+        bytes = bytes.subspan(count);
+    }
+    return true;
 }
 
 const Pixels& pixels_or_failure(const DecodedBody& body) {
@@ -20,10 +32,10 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 
 } // namespace
 
-PictureReference PictureLoader::load(std::span<const std::uint8_t> file) const {
-    if (last_body_ && begins_with(file, last_body_->bytes))
+PictureReference PictureLoader::load(Disk& disk, const std::string& path) const {
+    if (last_body_ && begins_with(*disk.open(path, OpenMode::read), last_body_->bytes))
         return std::make_shared<Picture>(pixels_or_failure(*last_body_), memory_);
-    return std::make_shared<Picture>(decode_pixels(file, memory_), memory_);
+    return std::make_shared<Picture>(decode_pixels(read_whole_file(disk, path), memory_), memory_);
 }
 
 } // namespace lookfar

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "runtime/files/disk.h"
 #include "runtime/pictures/decoded_body.h"
 
-#include <cstdint>
-#include <span>
+#include <string>
+#include <utility>
 
 namespace lookfar {
 
@@ -18,8 +19,8 @@ class PictureLoader {
 
     /// A picture object of its own. A file that begins with the body kept in mind yields that
     /// body's picture or failure, whatever follows in the file. Throws a `Failure` as
-    /// `decode_pixels` does.
-    PictureReference load(std::span<const std::uint8_t> file) const;
+    /// `decode_pixels` does, and where the file can't be read.
+    PictureReference load(Disk& disk, const std::string& path) const;
 
   private:
     PixelMemory memory_;

@@ -4,6 +4,7 @@
 #include "runtime/pictures/picture_loader.h"
 #include "runtime/pictures/png_texts.h"
 #include "support/pictures.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +111,12 @@ TEST(Pictures, LoseThePngTextsAndNothingElse) {
     }
 }
 
+PictureReference load(const PictureLoader& loader, const Bytes& file) {
+    const TemporaryFolder folder;
+    write_file("picture", {file.begin(), file.end()});
+    return loader.load(*make_posix_disk(), "picture");
+}
+
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     PictureLoader loader;
     const Bytes body = picture_file(40, 30);
@@ -117,8 +124,8 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     Bytes file = body;
     const Bytes tail = detailed_jpeg(64, 64);
     file.insert(file.end(), tail.begin(), tail.end());
-    const auto first = loader.load(file);
-    const auto second = loader.load(file);
+    const auto first = load(loader, file);
+    const auto second = load(loader, file);
     EXPECT_NE(first, second);
     EXPECT_EQ(first->bytes().data(), second->bytes().data()) << "decoded once";
 
@@ -129,8 +136,8 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
         EXPECT_EQ(edited->bytes()[0], raw + 2) << "an edit goes on from the one before";
         EXPECT_EQ(edited->revision(), 2U);
     }
-    EXPECT_EQ(loader.load(file)->bytes()[0], raw);
-    EXPECT_EQ(loader.load(picture_file(41, 30))->width(), 41) << "another file is read as it is";
+    EXPECT_EQ(load(loader, file)->bytes()[0], raw);
+    EXPECT_EQ(load(loader, picture_file(41, 30))->width(), 41) << "another file is read as it is";
 }
 
 TEST(Pictures, OfEqualBodiesAreDecodedOnce) {
@@ -146,7 +153,7 @@ TEST(Pictures, ThatWereRefusedAheadAreRefusedWhateverFollowsInTheFile) {
     const Bytes whole = detailed_jpeg(64, 48);
     const Bytes half(whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2));
     loader.remember(loader.decoder_ahead()(half));
-    EXPECT_THROW(loader.load(whole), Failure);
+    EXPECT_THROW(load(loader, whole), Failure);
 }
 
 TEST(Pictures, EndWhereTheyEndWhateverFollows) {
