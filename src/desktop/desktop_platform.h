@@ -51,7 +51,7 @@ class DesktopPlatform : public Platform {
                    std::optional<float> wrap_width) const override;
     void report_untrapped(const Failure& failure) override;
 
-    /// The windows on the screen.
+    /// The windows on the screen; for tests and benchmarks.
     desktop::Windows& windows();
 
   private:

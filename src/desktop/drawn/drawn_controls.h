@@ -33,7 +33,7 @@ class DrawnControls {
     /// Takes over how the control is shown now. Gives back what must be painted again, which is
     /// nothing for a control that was and is hidden.
     QRegion synchronise(Control& control);
-    /// Looks after pictures that were edited in place. Gives back what must be painted again.
+    /// Takes over which pictures were edited in place. Gives back what must be painted again.
     QRegion take_edited_pictures();
     /// The control is about to go; nothing happens for an element that is none.
     void forget(const Element& element);

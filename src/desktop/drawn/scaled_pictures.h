@@ -22,12 +22,12 @@ class ScaledPictures {
     /// The control's picture in exactly this size, in device pixels.
     const QImage& picture_for(const Element& control, const PictureReference& picture,
                               const QSize& size);
-    /// Whether the control's picture was last painted as it stands now.
+    /// Whether the control's picture was last painted as it stands now; for the benchmarks.
     bool is_up_to_date(const Element& control, const PictureReference& picture) const;
     void drop(const Element& control) { entries_.erase(&control); }
     void drop_all() { entries_.clear(); }
 
-    /// How many pictures were prepared so far.
+    /// How many pictures were prepared so far; for tests.
     int prepared() const { return prepared_; }
 
   private:

@@ -57,6 +57,7 @@ class WindowView : public QWidget {
     /// One of them; nothing for a control that is none of them, or gone.
     std::optional<DrawnControl> readable_control(const Control& control) const;
     DrawnControls& drawn() { return drawn_; }
+    /// The menu that was shown last; for tests.
     QMenu* popup_menu() const { return menu_ ? &**menu_ : nullptr; }
 
   protected:
