@@ -11,8 +11,6 @@ namespace lookfar::desktop {
 
 namespace {
 
-constexpr std::size_t bytes_per_pixel = 3;
-
 /// Up to here the sums of a square fit their types, and an average is off by less than a half.
 constexpr int largest_factor = 16;
 

@@ -2,7 +2,6 @@
 
 #include "runtime/pictures/picture_decoder.h"
 
-#include <new>
 #include <utility>
 
 namespace lookfar {
@@ -14,8 +13,6 @@ std::variant<Pixels, Failure> picture_in(const Bytes& bytes, const PixelMemory& 
         return decode_pixels(bytes, memory);
     } catch (const Failure& failure) {
         return failure;
-    } catch (const std::bad_alloc&) {
-        return Failure(FailureKind::invalid_picture, "There is not enough memory for the picture.");
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include <turbojpeg.h>
 
-#include <algorithm>
 #include <new>
 #include <string>
 #include <type_traits>
@@ -54,13 +53,6 @@ void refuse_failed(tjhandle handle, std::span<const std::uint8_t> bytes) {
     refuse_cut_short_jpeg(bytes);
 }
 
-void clear_padding(std::uint8_t* bytes, int width, int height, int stride) {
-    constexpr int bytes_per_pixel = 3;
-    const auto used = static_cast<std::ptrdiff_t>(width) * bytes_per_pixel;
-    for (std::ptrdiff_t row = 0; row < height; ++row)
-        std::fill(bytes + row * stride + used, bytes + (row + 1) * stride, std::uint8_t{0});
-}
-
 } // namespace
 
 std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
@@ -70,12 +62,13 @@ std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const Pix
         return std::nullopt;
     const auto [width, height] = *header;
     const int stride = stride_of(width);
-    auto pixels = memory.take(static_cast<std::size_t>(stride) * static_cast<std::size_t>(height));
+    const auto byte_count = static_cast<std::size_t>(stride) * static_cast<std::size_t>(height);
+    auto pixels = memory.take(byte_count);
     const int result = tjDecompress2(handle.get(), bytes.data(), bytes.size(), pixels.get(), width,
                                      stride, height, TJPF_RGB, TJFLAG_LIMITSCANS);
     if (result != 0)
         refuse_failed(handle.get(), bytes);
-    clear_padding(pixels.get(), width, height, stride);
+    clear_padding({pixels.get(), byte_count}, width);
     return Pixels{.width = width,
                   .height = height,
                   .stride = stride,

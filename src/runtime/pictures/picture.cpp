@@ -6,12 +6,18 @@
 namespace lookfar {
 
 namespace {
-constexpr int bytes_per_pixel = 3;
 constexpr int row_alignment = 4;
 } // namespace
 
 int stride_of(int width) {
     return (width * bytes_per_pixel + row_alignment - 1) / row_alignment * row_alignment;
+}
+
+void clear_padding(std::span<std::uint8_t> rows, int width) {
+    const auto stride = static_cast<std::size_t>(stride_of(width));
+    const auto used = static_cast<std::size_t>(width) * bytes_per_pixel;
+    for (; !rows.empty(); rows = rows.subspan(stride))
+        std::ranges::fill(rows.first(stride).subspan(used), std::uint8_t{0});
 }
 
 Picture::Picture(Pixels pixels, PixelMemory memory)

@@ -22,8 +22,13 @@ struct Pixels {
     std::shared_ptr<const std::uint8_t[]> opacity;
 };
 
+inline constexpr int bytes_per_pixel = 3;
+
 /// The bytes from one row to the next for a width in pixels.
 int stride_of(int width);
+
+/// Sets the padding of the rows to zero.
+void clear_padding(std::span<std::uint8_t> rows, int width);
 
 /// One picture object. Controls hold it by reference, so an edit reaches all that hold it. Objects
 /// made from the same pixels share them; one that is edited has bytes of its own from then on.

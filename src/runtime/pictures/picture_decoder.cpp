@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <mutex>
+#include <new>
 #include <utility>
 
 namespace lookfar {
@@ -40,12 +42,14 @@ void refuse_size(QSize size) {
                std::to_string(size.height()) + " pixels.");
 }
 
-/// Lets the reader allocate the largest picture in its widest format, four channels of two bytes.
+/// Lets all readers allocate the largest picture in its widest format, four channels of two bytes.
+/// The limit is one of the process, and pictures are decoded on several threads.
 void raise_allocation_limit() {
-    constexpr long long bytes_per_pixel = 8;
+    static std::once_flag once;
+    constexpr long long widest_pixel = 8;
     constexpr long long bytes_per_megabyte = 1024LL * 1024;
-    QImageReader::setAllocationLimit(
-        static_cast<int>(largest_picture * bytes_per_pixel / bytes_per_megabyte));
+    constexpr auto limit = static_cast<int>(largest_picture * widest_pixel / bytes_per_megabyte);
+    std::call_once(once, [] { QImageReader::setAllocationLimit(limit); });
 }
 
 /// Qt's reader over the bytes of a picture that may be decoded.
@@ -102,16 +106,14 @@ std::shared_ptr<std::uint8_t[]> opacity_of(const QImage& image) {
     return opacity;
 }
 
-std::shared_ptr<const std::uint8_t[]> bytes_of(const QImage& image, int stride,
-                                               const PixelMemory& memory) {
-    const auto row_size = static_cast<std::size_t>(stride);
-    auto bytes = memory.take(row_size * static_cast<std::size_t>(image.height()));
-    const auto used = static_cast<std::size_t>(image.width()) * 3;
-    std::uint8_t* row = bytes.get();
-    for (int index = 0; index < image.height(); ++index, row += row_size) {
-        std::copy_n(image.constScanLine(index), used, row);
-        std::fill(row + used, row + row_size, std::uint8_t{0});
-    }
+std::shared_ptr<const std::uint8_t[]> bytes_of(const QImage& image, const PixelMemory& memory) {
+    const auto stride = static_cast<std::size_t>(stride_of(image.width()));
+    const std::size_t byte_count = stride * static_cast<std::size_t>(image.height());
+    auto bytes = memory.take(byte_count);
+    for (int row = 0; row < image.height(); ++row)
+        std::copy_n(image.constScanLine(row), image.width() * bytes_per_pixel,
+                    bytes.get() + static_cast<std::size_t>(row) * stride);
+    clear_padding({bytes.get(), byte_count}, image.width());
     return bytes;
 }
 
@@ -119,12 +121,11 @@ Pixels pixels_of(QImage image, const PixelMemory& memory) {
     auto opacity = opacity_of(image);
     image.convertTo(QImage::Format_RGB888);
     if (image.isNull())
-        refuse("There is not enough memory for the picture.");
-    const int stride = stride_of(image.width());
+        throw std::bad_alloc();
     return {.width = image.width(),
             .height = image.height(),
-            .stride = stride,
-            .bytes = bytes_of(image, stride, memory),
+            .stride = stride_of(image.width()),
+            .bytes = bytes_of(image, memory),
             .opacity = std::move(opacity)};
 }
 
@@ -141,9 +142,7 @@ Pixels decode_by_reader(Reader& reader, const PixelMemory& memory) {
     return pixels_of(oriented(reader.read(), reader.orientation()), memory);
 }
 
-} // namespace
-
-Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+Pixels decode(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
     if (starts_png(bytes)) {
         const auto picture = without_png_texts(bytes);
         Reader reader(picture);
@@ -158,6 +157,16 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& mem
     if (has_too_many_scans(bytes))
         refuse("The picture is stored in too many scans.");
     return decode_by_reader(reader, memory);
+}
+
+} // namespace
+
+Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+    try {
+        return decode(bytes, memory);
+    } catch (const std::bad_alloc&) {
+        refuse("There is not enough memory for the picture.");
+    }
 }
 
 } // namespace lookfar

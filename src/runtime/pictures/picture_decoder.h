@@ -14,9 +14,9 @@ inline constexpr long long largest_picture = 64LL * 1024 * 1024;
 /// them as their orientation mark says. What follows a picture's end is ignored; of an animation
 /// the first frame is taken. May be called on any thread.
 ///
-/// Throws a `Failure` for bytes that are no picture, for one that ends too early or is stored in
-/// too many scans, and, before any pixel is allocated, for one of more than `largest_picture`
-/// pixels.
+/// Throws a `Failure` for bytes that are no picture, for one that ends too early, is stored in too
+/// many scans or finds too little memory, and, before any pixel is allocated, for one of more than
+/// `largest_picture` pixels.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
 
 } // namespace lookfar

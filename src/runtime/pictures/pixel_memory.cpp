@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <list>
 #include <mutex>
+#include <optional>
 #include <utility>
 
 namespace lookfar {
@@ -23,21 +24,18 @@ Buffer new_buffer(std::size_t size) {
 /// The buffers that nobody uses, the one that came back first in front.
 class PixelMemory::Idle {
   public:
-    /// One that fits without wasting half of it; otherwise a new one.
-    Buffer take(std::size_t size) {
-        {
-            const std::lock_guard lock(mutex_);
-            const auto fitting = std::ranges::find_if(buffers_, [size](const Buffer& buffer) {
-                return buffer.size >= size && buffer.size / 2 <= size;
-            });
-            if (fitting != buffers_.end()) {
-                Buffer buffer = std::move(*fitting);
-                buffers_.erase(fitting);
-                byte_count_ -= buffer.size;
-                return buffer;
-            }
-        }
-        return new_buffer(size);
+    /// One that fits without wasting half of it, if there is one.
+    std::optional<Buffer> take(std::size_t size) {
+        const std::lock_guard lock(mutex_);
+        const auto fitting = std::ranges::find_if(buffers_, [size](const Buffer& buffer) {
+            return buffer.size >= size && buffer.size / 2 <= size;
+        });
+        if (fitting == buffers_.end())
+            return std::nullopt;
+        Buffer buffer = std::move(*fitting);
+        buffers_.erase(fitting);
+        byte_count_ -= buffer.size;
+        return buffer;
     }
 
     void give_back(Buffer buffer) {
@@ -73,7 +71,9 @@ struct PixelMemory::Loan {
 PixelMemory::PixelMemory() : idle_(std::make_shared<Idle>()) {}
 
 std::shared_ptr<std::uint8_t[]> PixelMemory::take(std::size_t byte_count) const {
-    const auto loan = std::make_shared<Loan>(idle_->take(byte_count), idle_);
+    auto used = idle_->take(byte_count);
+    const auto loan =
+        std::make_shared<Loan>(used ? *std::move(used) : new_buffer(byte_count), idle_);
     return {loan, loan->buffer.bytes.get()};
 }
 
