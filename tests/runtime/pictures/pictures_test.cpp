@@ -193,9 +193,11 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
 TEST(Pictures, AreDecodedUpToTheLargestSize) {
     constexpr int side = 8192;
     static_assert(1LL * side * side == largest_picture);
-    const Pixels pixels = decode_pixels(picture_file(side, side));
-    EXPECT_EQ(pixels.width, side);
-    EXPECT_EQ(pixels.height, side);
+    for (const char* format : {"jpg", "png"}) {
+        const Pixels pixels = decode_pixels(picture_file(side, side, 0x336699, format));
+        EXPECT_EQ(pixels.width, side) << format;
+        EXPECT_EQ(pixels.height, side) << format;
+    }
 }
 
 TEST(Pictures, AreRefusedWithAReason) {
