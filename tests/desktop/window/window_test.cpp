@@ -1,9 +1,11 @@
 #include "desktop/desktop_fixture.h"
 
+#include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/text_box.h"
 #include "runtime/window.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QPointer>
 #include <QScreen>
@@ -17,6 +19,7 @@ class SmallForm : public Form {
 
     CommandButton Command1{*this, {.Caption = "Close", .At = {300, 300, 1200, 375}}};
     TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}}};
+    UpDown UpDown1{*this, {.At = {1800, 900, 300, 300}, .Max = 10}};
 };
 
 class WindowTest : public DesktopTest {
@@ -52,6 +55,21 @@ TEST_F(WindowTest, MayBeUnloadedByAButtonOfItsOwn) {
     QTest::mouseClick(button, Qt::LeftButton);
     EXPECT_FALSE(slot.is_loaded());
     EXPECT_TRUE(comes_true([&] { return button.isNull(); }));
+}
+
+TEST_F(WindowTest, LeavesNoWayFromItsWidgetsToControlsThatAreGone) {
+    int told = 0;
+    for (Event<>* const event : {&form.Command1.Click, &form.Text1.Change, &form.UpDown1.Change})
+        event->connect([&] { ++told; });
+    auto& entry = widget<QLineEdit>(form.Text1);
+    const auto buttons = window(form).findChildren<QAbstractButton*>();
+    ASSERT_EQ(buttons.size(), 3);
+    window(form).close();
+    ASSERT_FALSE(slot.is_loaded());
+    for (QAbstractButton* const button : buttons)
+        button->click();
+    entry.setText("7");
+    EXPECT_EQ(told, 0);
 }
 
 TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
