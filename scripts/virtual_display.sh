@@ -2,16 +2,17 @@
 # Gives the script an X display of its own, with a window manager, on a free display number.
 # This file is sourced after processes.sh.
 
+# Of 1280x1024 pixels where no other size is given.
 start_virtual_display() {
-    start_x_server
+    start_x_server "${1:-1280x1024}"
     start_window_manager
     unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 }
 
 start_x_server() {
-    local number_file
+    local size=$1 number_file
     number_file=$(mktemp)
-    start_process Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp -noreset \
+    start_process Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset \
         3>"$number_file" 2>/dev/null
     if ! wait_until 20 "$(last_started)" test -s "$number_file"; then
         echo "The virtual display does not start." >&2
