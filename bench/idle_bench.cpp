@@ -1,15 +1,19 @@
 #include "idle_bench.h"
 
-#include "measured_program.h"
-#include "message_loop.h"
 #include "processor_time.h"
 
-#include "desktop/desktop_platform.h"
+#include "acquisition/main_window.h"
+#include "pipeline/fullscreen_window.h"
+#include "program.h"
+#include "splash/splash_window.h"
+#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <memory>
 #include <sys/resource.h>
+#include <thread>
 
 namespace lookfar::bench {
 
@@ -21,6 +25,8 @@ constexpr std::chrono::seconds rest{10};
 
 /// Nobody listens there.
 constexpr const char* failing_url = "http://127.0.0.1:9/picture.jpg";
+
+enum class ShownWindow { main, fullscreen };
 
 struct Cost {
     double share_of_core;
@@ -35,10 +41,36 @@ long sleeps() {
     return usage.ru_nvcsw;
 }
 
-Cost cost_of_rest(DesktopPlatform& platform, const std::string& url, ShownWindow window,
+/// Runs the message loop for a while, itself waking it only once, at the end.
+void run_loop_for(Platform& platform, std::chrono::seconds duration) {
+    const auto is_over = std::make_shared<bool>(false);
+    const std::jthread alarm([&platform, duration, is_over] {
+        std::this_thread::sleep_for(duration);
+        platform.post([is_over] { *is_over = true; });
+    });
+    platform.wait_until([&] { return *is_over; });
+}
+
+/// Shows one of the windows of a program that refreshes only once, when it starts.
+void show(Program& program, ShownWindow window) {
+    program.Form1->Timer1.Enabled = false;
+    program.Loading->Timer1.Enabled = false;
+    program.Loading->Timer2.Enabled = false;
+    if (window == ShownWindow::main) {
+        program.Form1->Show();
+        return;
+    }
+    program.Form2->Width = 1920 * twips_per_pixel;
+    program.Form2->Height = 1080 * twips_per_pixel;
+    program.Form2->Show();
+}
+
+Cost cost_of_rest(Platform& platform, const std::string& url, ShownWindow window,
                   IdleTicks idle_ticks) {
-    MeasuredProgram measured(platform, url, idle_ticks);
-    measured.show(window);
+    const testing::TemporaryFolder folder;
+    testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
+    Program program(platform, idle_ticks);
+    show(program, window);
     run_loop_for(platform, settling);
     constexpr auto seconds = static_cast<double>(rest.count());
     const double processor_before = processor_seconds();
@@ -46,10 +78,10 @@ Cost cost_of_rest(DesktopPlatform& platform, const std::string& url, ShownWindow
     run_loop_for(platform, rest);
     return {.share_of_core = (processor_seconds() - processor_before) / seconds,
             .wake_ups_a_second = static_cast<double>(sleeps() - sleeps_before) / seconds,
-            .has_failed = measured.has_failed()};
+            .has_failed = program.Form2->Timer2.Enabled};
 }
 
-void measure(benchmark::State& state, DesktopPlatform& platform, const std::string& url,
+void measure(benchmark::State& state, Platform& platform, const std::string& url,
              ShownWindow window) {
     Cost cost{};
     for (auto unused : state) {
@@ -68,7 +100,7 @@ void measure(benchmark::State& state, DesktopPlatform& platform, const std::stri
 
 } // namespace
 
-void register_rests(DesktopPlatform& platform, const std::string& url) {
+void register_rests(Platform& platform, const std::string& url) {
     const auto add = [&platform](const char* name, const std::string& camera, ShownWindow window) {
         benchmark::RegisterBenchmark(name, [&platform, camera, window](benchmark::State& state) {
             measure(state, platform, camera, window);

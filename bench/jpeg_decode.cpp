@@ -1,30 +1,77 @@
 #include "jpeg_decode.h"
 
-#include <cstddef>
-#include <cstdio>
+#include "processor_time.h"
+#include "spread.h"
 
-#include <jpeglib.h>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <stdexcept>
+
+#include <turbojpeg.h>
 
 namespace lookfar::bench {
 
-std::unique_ptr<std::uint8_t[]> decode_jpeg(const Bytes& file) {
-    jpeg_decompress_struct decoder{};
-    jpeg_error_mgr errors{};
-    decoder.err = jpeg_std_error(&errors);
-    jpeg_create_decompress(&decoder);
-    jpeg_mem_src(&decoder, file.data(), file.size());
-    jpeg_read_header(&decoder, TRUE);
-    decoder.out_color_space = JCS_RGB;
-    jpeg_start_decompress(&decoder);
-    const std::size_t stride = std::size_t{decoder.output_width} * 3;
-    auto pixels = std::make_unique_for_overwrite<std::uint8_t[]>(stride * decoder.output_height);
-    while (decoder.output_scanline < decoder.output_height) {
-        JSAMPROW row = pixels.get() + decoder.output_scanline * stride;
-        jpeg_read_scanlines(&decoder, &row, 1);
+namespace {
+
+constexpr int rounds = 15;
+
+using File = std::vector<std::uint8_t>;
+
+class Decoder {
+  public:
+    void decode(const File& file) {
+        int width = 0;
+        int height = 0;
+        int subsampling = 0;
+        int colours = 0;
+        if (tjDecompressHeader3(turbo_.get(), file.data(), file.size(), &width, &height,
+                                &subsampling, &colours) != 0)
+            fail();
+        pixels_.resize(std::size_t{3} * static_cast<unsigned>(width) *
+                       static_cast<unsigned>(height));
+        if (tjDecompress2(turbo_.get(), file.data(), file.size(), pixels_.data(), width, 0, height,
+                          TJPF_RGB, 0) != 0)
+            fail();
     }
-    jpeg_finish_decompress(&decoder);
-    jpeg_destroy_decompress(&decoder);
-    return pixels;
+
+  private:
+    struct Destroyed {
+        void operator()(void* turbo) const { tjDestroy(turbo); }
+    };
+
+    [[noreturn]] void fail() const { throw std::runtime_error(tjGetErrorStr2(turbo_.get())); }
+
+    std::unique_ptr<void, Destroyed> turbo_{tjInitDecompress()};
+    std::vector<std::uint8_t> pixels_;
+};
+
+File content_of(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+} // namespace
+
+double decode_milliseconds(const std::vector<std::string>& files) {
+    Decoder decoder;
+    std::vector<File> contents;
+    for (const std::string& file : files)
+        contents.push_back(content_of(file));
+    const auto decode_all = [&] {
+        for (const File& content : contents)
+            decoder.decode(content);
+    };
+    decode_all();
+    std::vector<double> milliseconds;
+    for (int round = 0; round < rounds; ++round) {
+        const double start = processor_seconds();
+        decode_all();
+        milliseconds.push_back((processor_seconds() - start) * 1000 /
+                               static_cast<double>(files.size()));
+    }
+    return spread_of(milliseconds).median;
 }
 
 } // namespace lookfar::bench

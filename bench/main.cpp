@@ -1,17 +1,15 @@
-#include "camera_process.h"
 #include "idle_bench.h"
 #include "list_bench.h"
-#include "refresh_bench.h"
-#include "stall_bench.h"
 
+#include "demo/camera_server.h"
 #include "desktop/desktop_platform.h"
 #include "support/pictures.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <list>
-#include <string>
+#include <span>
+#include <vector>
 
 namespace {
 
@@ -25,18 +23,6 @@ class UnattendedDesktop : public lookfar::DesktopPlatform {
     }
 };
 
-/// A camera that serves two pictures of one size in turn.
-struct MeasuredCamera {
-    MeasuredCamera(int width, int height)
-        : size(std::to_string(width) + "x" + std::to_string(height)),
-          picture(lookfar::testing::detailed_jpeg(width, height)),
-          process({picture, lookfar::testing::detailed_jpeg(width, height, 2)}) {}
-
-    std::string size;
-    lookfar::Bytes picture;
-    lookfar::bench::CameraProcess process;
-};
-
 } // namespace
 
 // Figures are told in processor time of this process wherever that can be, and as multiples of
@@ -44,19 +30,16 @@ struct MeasuredCamera {
 int main(int argument_count, char** arguments) {
     using namespace lookfar;
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    std::list<MeasuredCamera> cameras;
-    cameras.emplace_back(640, 480);
-    cameras.emplace_back(1920, 1080);
-    cameras.emplace_back(3840, 2160);
-    const MeasuredCamera& large = cameras.back();
+    const Bytes jpeg = testing::detailed_jpeg(3840, 2160);
+    demo::CameraServer camera;
+    camera.answer("/picture.jpg", [&](const demo::Request&) {
+        return demo::Answer{.content_type = "image/jpeg", .body = {jpeg.begin(), jpeg.end()}};
+    });
 
     benchmark::Initialize(&argument_count, arguments);
     UnattendedDesktop platform(argument_count, arguments,
                                std::vector<std::span<const std::uint8_t>>{});
-    for (const MeasuredCamera& camera : cameras)
-        bench::register_refreshes(platform, camera.size, camera.process.url(), camera.picture);
-    bench::register_stalls(platform, large.process.url(), large.picture);
-    bench::register_rests(platform, large.process.url());
+    bench::register_rests(platform, camera.url("/picture.jpg"));
     bench::register_lists(platform);
     benchmark::RunSpecifiedBenchmarks();
 }

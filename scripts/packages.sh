@@ -54,7 +54,6 @@ install_build_packages() {
         libcurl4-openssl-dev \
         libgif-dev \
         libgtest-dev \
-        libjpeg62-turbo-dev \
         libturbojpeg0-dev \
         ninja-build \
         pkgconf \

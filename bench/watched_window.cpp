@@ -1,0 +1,108 @@
+#include "watched_window.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <poll.h>
+#include <span>
+#include <stdexcept>
+
+namespace lookfar::bench {
+
+namespace {
+
+constexpr int longest_wait = 10'000;
+constexpr std::uint16_t side = 20;
+
+struct Freed {
+    // The X library gives its replies away as memory to free.
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+template <class Type>
+using Reply = std::unique_ptr<Type, Freed>;
+
+} // namespace
+
+WatchedWindow::WatchedWindow(xcb_window_t window)
+    : connection_(xcb_connect(nullptr, nullptr)), window_(window) {
+    if (xcb_connection_has_error(connection_.get()) != 0)
+        throw std::runtime_error("There is no X server.");
+    root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root;
+    protocols_ = atom("WM_PROTOCOLS");
+    ping_ = atom("_NET_WM_PING");
+    // Toolkits differ in whom of those that watch the root window they answer.
+    constexpr std::uint32_t answers =
+        XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection_.get(), root_, XCB_CW_EVENT_MASK, &answers);
+}
+
+xcb_atom_t WatchedWindow::atom(std::string_view name) const {
+    const auto question =
+        xcb_intern_atom(connection_.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const Reply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(connection_.get(), question, nullptr));
+    if (!reply)
+        throw std::runtime_error("The X server knows no names.");
+    return reply->atom;
+}
+
+std::vector<std::uint8_t> WatchedWindow::pixels() const {
+    const auto size_question = xcb_get_geometry(connection_.get(), window_);
+    const Reply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(connection_.get(), size_question, nullptr));
+    if (!size)
+        throw std::runtime_error("The window is gone.");
+    const auto question =
+        xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window_,
+                      static_cast<std::int16_t>(size->width / 2),
+                      static_cast<std::int16_t>(size->height * 3 / 5), side, side, ~0U);
+    const Reply<xcb_get_image_reply_t> image(
+        xcb_get_image_reply(connection_.get(), question, nullptr));
+    if (!image)
+        throw std::runtime_error("The window can't be seen.");
+    const std::span bytes(xcb_get_image_data(image.get()),
+                          static_cast<std::size_t>(xcb_get_image_data_length(image.get())));
+    return {bytes.begin(), bytes.end()};
+}
+
+void WatchedWindow::ping() {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window_;
+    message.type = protocols_;
+    message.data.data32[0] = ping_;
+    message.data.data32[1] = ++number_;
+    message.data.data32[2] = window_;
+    std::array<char, sizeof message> bytes{};
+    std::memcpy(bytes.data(), &message, sizeof message);
+    xcb_send_event(connection_.get(), 0, window_, XCB_EVENT_MASK_NO_EVENT, bytes.data());
+    xcb_flush(connection_.get());
+    while (true) {
+        const Reply<xcb_generic_event_t> event(xcb_poll_for_event(connection_.get()));
+        if (event && is_answer(*event))
+            return;
+        if (!event)
+            wait_for_event();
+    }
+}
+
+bool WatchedWindow::is_answer(const xcb_generic_event_t& event) const {
+    constexpr int without_sender = 0x7f;
+    if ((event.response_type & without_sender) != XCB_CLIENT_MESSAGE)
+        return false;
+    xcb_client_message_event_t message{};
+    std::memcpy(&message, &event, sizeof message);
+    return message.window == root_ && message.type == protocols_ &&
+           message.data.data32[0] == ping_ && message.data.data32[1] == number_;
+}
+
+void WatchedWindow::wait_for_event() const {
+    pollfd server{.fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
+    if (::poll(&server, 1, longest_wait) <= 0 || xcb_connection_has_error(connection_.get()) != 0)
+        throw std::runtime_error("The window does not answer.");
+}
+
+} // namespace lookfar::bench
