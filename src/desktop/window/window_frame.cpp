@@ -3,6 +3,11 @@
 #include "desktop/style/geometry.h"
 #include "runtime/form.h"
 
+#include <QScreen>
+#include <QWidget>
+
+#include <utility>
+
 namespace lookfar::desktop {
 
 namespace {
@@ -24,6 +29,12 @@ Qt::WindowFlags title_bar(const Form& form) {
     return flags;
 }
 
+WindowState window_state_of(Qt::WindowStates states) {
+    if (states.testFlag(Qt::WindowMinimized))
+        return WindowState::minimised;
+    return states.testFlag(Qt::WindowMaximized) ? WindowState::maximised : WindowState::normal;
+}
+
 } // namespace
 
 Qt::WindowFlags window_flags(const Form& form) {
@@ -38,26 +49,77 @@ bool is_bare_dialog(const Form& form) {
     return form.Border == FormBorder::fixed_dialog && !form.ControlBox;
 }
 
-QSize client_size(const Form& form) {
-    return {to_whole_pixels(form.Width), to_whole_pixels(form.Height)};
+void WindowFrame::take_over() {
+    take_size();
+    take_position();
+    take_state();
 }
 
-QPoint window_position(const Form& form) {
-    return {to_whole_pixels(form.Left), to_whole_pixels(form.Top)};
+void WindowFrame::take_size() {
+    const QSize size = client_size();
+    if (!covers_screen()) {
+        window_.setFixedSize(size);
+        return;
+    }
+    // Window managers keep a window of fixed size from covering the task bars.
+    window_.setMinimumSize(0, 0);
+    window_.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    window_.resize(size);
 }
 
-bool covers_screen(const Form& form, const QSize& screen) {
-    const QSize size = client_size(form);
-    return form.Border == FormBorder::none && size.width() >= screen.width() &&
+void WindowFrame::take_position() {
+    if (form_.CentredOnScreen && !std::exchange(was_centred_, true))
+        centre_on_screen();
+    const QPoint wanted(to_whole_pixels(form_.Left), to_whole_pixels(form_.Top));
+    if (std::exchange(position_, wanted) != wanted)
+        window_.move(wanted);
+}
+
+void WindowFrame::centre_on_screen() {
+    QRect place(QPoint(), client_size());
+    place.moveCenter(window_.screen()->geometry().center());
+    form_.Left.follow(to_twips(place.left()));
+    form_.Top.follow(to_twips(place.top()));
+}
+
+void WindowFrame::take_state() {
+    const Qt::WindowStates wanted = wanted_states();
+    if (window_.windowState() != wanted)
+        window_.setWindowState(wanted);
+}
+
+void WindowFrame::follow_move() {
+    const bool is_elsewhere = window_.isVisible() && window_.pos() != position_;
+    if (!is_elsewhere || window_.windowState() != Qt::WindowNoState)
+        return;
+    position_ = window_.pos();
+    form_.Left.follow(to_twips(position_->x()));
+    form_.Top.follow(to_twips(position_->y()));
+}
+
+std::optional<WindowState> WindowFrame::state_by_user() const {
+    if (!window_.isVisible() || window_.windowState() == wanted_states())
+        return std::nullopt;
+    return window_state_of(window_.windowState());
+}
+
+QSize WindowFrame::client_size() const {
+    return {to_whole_pixels(form_.Width), to_whole_pixels(form_.Height)};
+}
+
+bool WindowFrame::covers_screen() const {
+    const QSize size = client_size();
+    const QSize screen = window_.screen()->size();
+    return form_.Border == FormBorder::none && size.width() >= screen.width() &&
            size.height() >= screen.height();
 }
 
-Qt::WindowStates window_states(const Form& form, const QSize& screen) {
-    if (form.WindowState == WindowState::minimised)
+Qt::WindowStates WindowFrame::wanted_states() const {
+    if (form_.WindowState == WindowState::minimised)
         return Qt::WindowMinimized;
-    if (covers_screen(form, screen))
+    if (covers_screen())
         return Qt::WindowFullScreen;
-    return form.WindowState == WindowState::maximised ? Qt::WindowMaximized : Qt::WindowNoState;
+    return form_.WindowState == WindowState::maximised ? Qt::WindowMaximized : Qt::WindowNoState;
 }
 
 } // namespace lookfar::desktop

@@ -1,8 +1,14 @@
 #pragma once
 
+#include "runtime/look.h"
+
 #include <QPoint>
 #include <QSize>
 #include <QtCore/qnamespace.h>
+
+#include <optional>
+
+class QWidget;
 
 namespace lookfar {
 class Form;
@@ -10,22 +16,42 @@ class Form;
 
 namespace lookfar::desktop {
 
-/// The frame and the buttons of a window.
+/// The title bar and the buttons with which a window is made.
 Qt::WindowFlags window_flags(const Form& form);
 
 /// Whether the window has neither title bar nor buttons, and is outlined instead.
 bool is_bare_dialog(const Form& form);
 
-/// The window's client size in logical pixels.
-QSize client_size(const Form& form);
+/// Where a window stands on the screen: its size, its position, and whether it is minimised,
+/// maximised or over the whole screen.
+class WindowFrame {
+  public:
+    WindowFrame(Form& form, QWidget& window) : form_(form), window_(window) {}
 
-/// The window's top left corner in logical pixels.
-QPoint window_position(const Form& form);
+    /// Gives the window what the form says.
+    void take_over();
 
-/// Whether the window is a bare one that is to lie over the whole screen, task bars included.
-bool covers_screen(const Form& form, const QSize& screen);
+    /// Tells the form where the window stands; to be called when the user has moved it.
+    void follow_move();
+    /// The state that the user has given the window; nothing while it is in the form's state.
+    std::optional<WindowState> state_by_user() const;
 
-/// The state that the window is to be in.
-Qt::WindowStates window_states(const Form& form, const QSize& screen);
+  private:
+    void take_size();
+    void take_position();
+    void take_state();
+    void centre_on_screen();
+    /// In logical pixels.
+    QSize client_size() const;
+    /// Whether the window is a bare one that is to lie over the whole screen, task bars included.
+    bool covers_screen() const;
+    Qt::WindowStates wanted_states() const;
+
+    Form& form_;
+    QWidget& window_;
+    /// The position that the form was last known to have, in logical pixels.
+    std::optional<QPoint> position_;
+    bool was_centred_ = false;
+};
 
 } // namespace lookfar::desktop

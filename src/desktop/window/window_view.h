@@ -2,20 +2,16 @@
 
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
-#include "desktop/native/native_control.h"
+#include "desktop/window/native_children.h"
+#include "desktop/window/window_canvas.h"
+#include "desktop/window/window_frame.h"
 
 #include <QIcon>
-#include <QImage>
 #include <QMenu>
-#include <QPoint>
-#include <QPointer>
 #include <QWidget>
 
 #include <optional>
-#include <unordered_map>
 #include <vector>
-
-class QPushButton;
 
 namespace lookfar {
 class Control;
@@ -29,15 +25,18 @@ namespace lookfar::desktop {
 
 class Windows;
 
-/// One window on the screen: its frame, its native widgets, and the controls that it draws
-/// itself. While it is hidden it follows nothing; it takes everything over when it is shown.
+/// One window on the screen: hands what the form says to the window's frame, native widgets and
+/// drawn controls, and the window's events to them and to the handlers. While it is hidden it
+/// follows nothing; it takes everything over when it is shown.
 class WindowView : public QWidget {
   public:
     WindowView(Form& form, Windows& windows, const QIcon& icon);
 
-    /// Takes over what the window itself says.
+    /// Takes over what the form itself says.
     void synchronise_window();
+    /// Takes over what a control says.
     void synchronise(Control& control);
+    /// Has the pictures painted again whose pixels have changed.
     void take_edited_pictures();
 
     /// An element of the window, or of another, is about to go.
@@ -46,13 +45,14 @@ class WindowView : public QWidget {
     void release();
 
     /// Gives the keyboard to a control, now or when the window comes up.
-    void set_focus(const Control& control);
+    void set_focus(const Control& control) { natives_.set_focus(control); }
+    /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere.
     void pop_up(const PopupMenu& menu, const MenuItem* default_entry);
 
     /// The native widget of a control; nothing for a control that is drawn.
-    QWidget* widget_of(const Control& control) const;
+    QWidget* widget_of(const Control& control) const { return natives_.widget_of(control); }
     /// The labels and pictures that assistive technology reads, front to back, hidden ones too;
-    /// none once the window is gone.
+    /// none once the form is gone.
     std::vector<DrawnControl> readable_controls() const;
     /// One of them; nothing for a control that is none of them, or gone.
     std::optional<DrawnControl> readable_control(const Control& control) const;
@@ -74,32 +74,19 @@ class WindowView : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
-    void make_native_controls();
-    void set_tab_order();
-    void synchronise_controls();
     void synchronise_control(Control& control);
     void take_pointer();
-    void take_focus();
-    void take_size();
-    void take_position();
-    void centre_on_screen();
-    void take_state();
     void show_tool_tip(const QPoint& place, const QPointF& point);
-    void press_button_by_enter();
-    QPushButton* default_button() const;
 
+    /// Nothing once the form is gone.
     Form* form_;
     Windows& windows_;
     DrawnControls drawn_;
     MouseRouter mouse_;
-    std::unordered_map<const Element*, NativeControl> natives_;
+    WindowCanvas canvas_;
+    WindowFrame frame_;
+    NativeChildren natives_;
     std::optional<TiedWidget<QMenu>> menu_;
-    /// What the window was drawn into last; without an alpha channel, so that shapes can merge.
-    QImage canvas_;
-    QPointer<QWidget> focus_at_show_;
-    /// The window's place as both sides know it.
-    std::optional<QPoint> position_;
-    bool was_centred_ = false;
 };
 
 } // namespace lookfar::desktop
