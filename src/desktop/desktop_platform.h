@@ -18,8 +18,8 @@ class Windows;
 /// There is one in a process, on the main thread.
 class DesktopPlatform : public Platform {
   public:
-    /// The icons are PNG files of the application's icon in several sizes. Takes the arguments
-    /// out that the windowing system knows.
+    /// The icons are PNG files of the application's icon in several sizes. Arguments that the
+    /// windowing system knows are taken out of `arguments`.
     DesktopPlatform(int& argument_count, char** arguments,
                     const std::vector<std::span<const std::uint8_t>>& icons);
     ~DesktopPlatform() override;

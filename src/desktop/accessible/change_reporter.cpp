@@ -53,7 +53,7 @@ void ChangeReporter::report_drawn_control(WindowView& window, Control& control) 
         announce(object, now, drawn->announcement);
 }
 
-/// Qt itself tells how the widget's name changes.
+/// Only announces the text: the change of the widget's name is reported by Qt itself.
 void ChangeReporter::report_status_text(StatusText& widget, const Control& control) {
     const QString now = widget.accessibleName();
     if (std::exchange(reported_[&control], now) != now)

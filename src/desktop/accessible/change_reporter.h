@@ -10,8 +10,8 @@ namespace lookfar::desktop {
 
 class StatusText;
 
-/// Tells assistive technology how the labels and pictures change that windows draw themselves, and
-/// announces new texts: those of labels that ask for it, and that of a status bar.
+/// Tells assistive technology of changes in the labels and pictures that windows draw themselves.
+/// Announces new texts of labels that ask for it, and of the status bar.
 class ChangeReporter : public WindowObserver {
   public:
     void control_shown(WindowView& window, Control& control) override;
@@ -21,7 +21,7 @@ class ChangeReporter : public WindowObserver {
     void report_drawn_control(WindowView& window, Control& control);
     void report_status_text(StatusText& widget, const Control& control);
 
-    /// What each control was called when it was reported last; empty for one that was hidden.
+    /// The name that was last reported of each control; empty for one that was hidden.
     std::unordered_map<const Element*, QString> reported_;
 };
 

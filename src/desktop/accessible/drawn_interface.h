@@ -10,8 +10,8 @@
 namespace lookfar::desktop {
 
 /// What assistive technology reads of a label or a picture that a window draws itself: role,
-/// name, place, and the text of a label. It looks its control up at every question, since that
-/// may be gone. A control that is hidden, or has no name, is told as invisible.
+/// name, place, and the text of a label. The control is looked up for every question, since it
+/// may be gone. One that is hidden, or has no name, is reported as invisible.
 class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterface {
   public:
     DrawnInterface(WindowView& view, const Control& control) : view_(&view), control_(&control) {}
@@ -33,8 +33,8 @@ class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterf
     QAccessible::Role role() const override;
     QAccessible::State state() const override;
 
-    // The text of a label, which can neither be selected nor edited. The whole label stands for
-    // the place of each of its characters.
+    // The text of a label, which can neither be selected nor edited. The place of each character
+    // is that of the whole label.
 
     int characterCount() const override;
     QString text(int start, int end) const override;

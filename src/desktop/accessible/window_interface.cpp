@@ -45,7 +45,7 @@ QAccessibleInterface* WindowInterface::childAt(int x, int y) const {
     return nullptr;
 }
 
-/// Qt keeps the interface until it is deleted by its identity.
+/// Qt owns a registered interface, and keeps it until it is told to delete it by its identity.
 QAccessibleInterface* WindowInterface::interface_of(const Control& control) const {
     const auto [place, is_new] = drawn_.try_emplace(&control);
     if (is_new)

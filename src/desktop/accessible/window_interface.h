@@ -26,7 +26,7 @@ class WindowInterface : public QAccessibleWidget {
     int indexOfChild(const QAccessibleInterface* wanted) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
 
-    /// That of a label or picture of the window.
+    /// The interface of a label or picture of the window.
     QAccessibleInterface* interface_of(const Control& control) const;
 
   private:

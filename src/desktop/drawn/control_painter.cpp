@@ -157,7 +157,7 @@ void ControlPainter::draw_ellipse(const Shape& shape) {
     const bool has_border = shape.Border == BorderStyle::solid;
     if (has_border)
         box.adjust(0.5, 0.5, -0.5, -0.5);
-    // A merge works on whole pixels; it has no use for edges of half coverage.
+    // A merge can only take a pixel whole, so its edges are not smoothed.
     painter_.setRenderHint(QPainter::Antialiasing, shape.DrawMode != DrawMode::merge_pen);
     painter_.setPen(has_border ? QPen(screen_colour(shape.BorderColor, palette_)) : Qt::NoPen);
     painter_.setBrush(shape.Fill == FillStyle::solid

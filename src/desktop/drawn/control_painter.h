@@ -14,7 +14,7 @@ class Control;
 
 namespace lookfar::desktop {
 
-/// Draws the controls that are no native widgets. The painter's device must be an image without
+/// Draws the controls that are not native widgets. The painter's device must be an image without
 /// an alpha channel: shapes that merge with what lies behind need that.
 class ControlPainter : public DrawnControlVisitor {
   public:

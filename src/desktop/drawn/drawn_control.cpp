@@ -24,7 +24,7 @@ QRectF area_of(const Line& line) {
     return between.normalized().adjusted(-1, -1, 1, 1);
 }
 
-/// A caption may be larger than its label was designed; it is shown whole from the start.
+/// A caption that is larger than its label's rectangle is shown whole all the same.
 QRectF area_of(const Label& label) {
     QRectF area = exact_rectangle(label.bounds());
     if (label.wraps())
@@ -48,7 +48,7 @@ class Describer : public DrawnControlVisitor {
 
     void visit(Label& label) override {
         DrawnControl& drawn = describe(label);
-        // A button or a link is read where the keyboard stops at it.
+        // A button or a link is read by the widget at which the keyboard stops.
         drawn.role = label.Role == LabelRole::text ? Role::text : Role::decoration;
         drawn.area = area_of(label);
         drawn.mouse = &label;

@@ -21,7 +21,7 @@ struct DrawnControl {
     Role role = Role::decoration;
     /// In logical pixels from the window's top left corner.
     QRectF area = {};
-    /// Empty for a control that takes no mouse events.
+    /// Null for a control that takes no mouse events.
     MouseEvents* mouse = nullptr;
     PictureReference picture = {};
     std::string tool_tip = {};

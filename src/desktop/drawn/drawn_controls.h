@@ -24,8 +24,8 @@ class Form;
 
 namespace lookfar::desktop {
 
-/// The controls of a window that it draws itself: where they were shown last, what must be
-/// painted again, and which of them lies under a point.
+/// The controls that a window draws itself: where they were shown last, what must be painted
+/// again, and which of them lies under a point.
 class DrawnControls {
   public:
     explicit DrawnControls(Form& form) : form_(form) {}
@@ -35,7 +35,7 @@ class DrawnControls {
     QRegion synchronise(Control& control);
     /// Takes over which pictures were edited in place. Gives back what must be painted again.
     QRegion take_edited_pictures();
-    /// The control is about to go; nothing happens for an element that is none.
+    /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
     /// Draws the part of the window that lies in the region, back to front.

@@ -33,7 +33,8 @@ class MouseRouter {
     Form& form_;
     const DrawnControls& drawn_;
     UserActions& actions_;
-    /// Compared with the target of the release only.
+    /// What the left button went down over. It may be gone: it is only compared with what the
+    /// button comes up over.
     const MouseEvents* pressed_ = nullptr;
 };
 

@@ -11,7 +11,8 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// Up to here the sums of a square fit their types, and an average is off by less than a half.
+/// Up to this factor the sums over a square fit into their types, and the rounding of the
+/// reciprocal moves an average by less than a half.
 constexpr int largest_factor = 16;
 
 /// Adds up, column by column, the bytes of some rows of the picture.
@@ -23,7 +24,7 @@ void add_rows(std::span<const std::uint8_t> rows, std::size_t stride,
             sums[index] = static_cast<std::uint16_t>(sums[index] + rows[index]);
 }
 
-/// Multiplies instead of dividing, since it is done for every colour of every pixel.
+/// Multiplies by the reciprocal, which is quicker than to divide every colour of every pixel.
 class Average {
   public:
     explicit Average(unsigned count) : share_((one + count / 2) / count) {}

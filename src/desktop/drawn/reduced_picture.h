@@ -7,16 +7,16 @@
 
 namespace lookfar::desktop {
 
-/// The largest factor by which both sides of the picture can be divided without a rest while it
-/// stays as large as the size at least; one where there is none, and for an empty size.
+/// The largest factor that divides both sides of the picture without a remainder and leaves the
+/// picture at least as large as `size`; 1 where there is none, and for an empty size.
 int reduction_for(const Picture& picture, const QSize& size);
 
-/// The picture's own bytes, not copied; they must outlive the image. The opacity is not looked at.
+/// An image on the picture's own bytes, which must outlive it. The opacity is left out.
 QImage wrapped(const Picture& picture);
 
-/// Gives the image the picture with its sides divided by such a factor: each pixel is the average
-/// of a square of the picture's. The opacity is not looked at. An image of that size and of four
-/// bytes a pixel keeps its memory.
+/// Draws the picture into the image with both sides divided by such a factor: each pixel is the
+/// average of a square of the picture's pixels. The opacity is left out. An image that already has
+/// the right size and four bytes a pixel keeps its memory.
 void reduce(const Picture& picture, int factor, QImage& image);
 
 } // namespace lookfar::desktop

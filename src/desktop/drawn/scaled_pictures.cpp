@@ -34,8 +34,8 @@ const QImage& ScaledPictures::picture_for(const Element& control, const PictureR
     return entry.image;
 }
 
-/// A large picture is reduced before it is scaled: scaling takes four bytes a pixel, and so many of
-/// a whole picture take more time than the scaling itself.
+/// A large picture is reduced before it is scaled: scaling works on four bytes a pixel, and to turn
+/// the whole picture into these takes longer than the scaling itself.
 void ScaledPictures::prepare(Entry& entry) {
     const Picture& picture = *entry.picture;
     const QSize natural(picture.width(), picture.height());

@@ -34,7 +34,7 @@ void LabelTabStop::keyPressEvent(QKeyEvent* event) {
         click();
         break;
     default:
-        // The arrow keys don't move the focus, as they do among buttons.
+        // Passes over the button's own handling, in which the arrow keys move the focus.
         QWidget::keyPressEvent(event);
     }
 }

@@ -7,8 +7,9 @@
 
 namespace lookfar::desktop {
 
-/// Lets the keyboard reach a label that is a button or a link: a clear widget over it, a stop of
-/// the tab key, which Space and Enter click. The label is drawn by the window and has the mouse.
+/// Lets the keyboard reach a label that is a button or a link: a transparent widget over the label,
+/// at which the tab key stops, and which Space and Enter click. The label itself is drawn by the
+/// window, and takes the mouse.
 class LabelTabStop : public QAbstractButton {
   public:
     LabelTabStop(LabelRole role, QWidget& window);

@@ -9,12 +9,11 @@
 
 namespace lookfar::desktop {
 
-/// The entries of a list control for a native view. Reads them from the control, but shows only
+/// The entries of a list control, for a native view. It reads them from the control, but shows only
 /// what was there at the last refresh, so that filling a long list costs the view nothing.
 class ListModel : public QAbstractListModel {
   public:
-    /// The model goes with the view; it shows nothing any more once the tie to the control has
-    /// ended.
+    /// The view owns the model, which shows nothing once the tie to the control is gone.
     ListModel(const ListControl& control, const QObject* tie, QObject* view);
 
     int rowCount(const QModelIndex& parent) const override;

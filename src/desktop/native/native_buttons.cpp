@@ -33,7 +33,7 @@ void synchronise_button(QPushButton& button, const CommandButton& control) {
 void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
     const QString caption = shown_text(control.Caption.get());
     box.setText(caption);
-    // A caption may leave a gap for another control.
+    // The caption may hold a gap of blanks, in which another control stands.
     set_accessible_name(box, caption.simplified());
     box.setChecked(control.Value != 0);
     place(box, control);

@@ -39,8 +39,8 @@ void synchronise_combo_box(QComboBox& box, ListModel& model, const ComboBox& con
     place(box, control);
 }
 
-/// Assistive technology on Unix calls a combo box by its entry, and finds what the entry is in the
-/// label whose buddy the box is.
+/// Assistive technology on Unix calls a combo box by its selected entry. What the box is for, it
+/// reads from the label whose buddy the box is.
 void add_hidden_label(QComboBox& box, const QString& name) {
     QLabel& label = *owned_by_qt<QLabel>(name, box.parentWidget());
     label.setBuddy(&box);

@@ -13,7 +13,7 @@ namespace lookfar::desktop {
 
 class UserActions;
 
-/// The native menu; the default entry, if any, is set off.
+/// Makes the native menu, with the default entry, if there is one, in bold.
 TiedWidget<QMenu> make_popup_menu(const PopupMenu& menu, const MenuItem* default_entry,
                                   UserActions& actions, QWidget& window);
 

@@ -20,7 +20,8 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// The first selected character and their count; the cursor's place and 0 for none.
+/// The first selected character and the count of them; the cursor's place and 0 where none is
+/// selected.
 std::pair<int, int> selection_of(const QLineEdit& entry) {
     if (entry.hasSelectedText())
         return {entry.selectionStart(), entry.selectionLength()};
@@ -47,7 +48,7 @@ bool shows_text_of(const TextEntry& entry, const TextBox& control) {
 
 TextEntry::TextEntry(const TextBox& control, QWidget& window) : QLineEdit(&window) {
     setFrame(control.HasBorder);
-    // Puts a borderless text on the line of the caption around it.
+    // A box without a border stands within a caption; this puts both texts on one line.
     if (!control.HasBorder)
         setTextMargins(0, -1, 0, 1);
     setAlignment(horizontal_alignment(control.Align) | Qt::AlignVCenter);

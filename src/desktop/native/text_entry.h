@@ -20,7 +20,7 @@ class TextEntry : public QLineEdit {
   Q_SIGNALS:
     /// The keyboard has come to the entry.
     void focused();
-    /// A key is pressed, and takes its effect afterwards.
+    /// A key is pressed, but has had no effect yet.
     void key_pressed(KeyCode code, short shift);
 
   protected:
@@ -34,7 +34,8 @@ class TextEntry : public QLineEdit {
     void take_length_limit(const TextBox& control, int text_length);
     void take_selection(const TextBox& control);
 
-    /// The click that gave the focus is still held, and a handler has selected text.
+    /// Whether the press that brought the keyboard is still held, and a handler has selected text:
+    /// the rest of that click then leaves the selection as it is.
     bool click_keeps_selection_ = false;
 };
 

@@ -9,9 +9,9 @@ namespace lookfar::desktop {
 /// A widget, tied to the part of the model that it shows: a control, a menu or a window.
 ///
 /// That part may go while Qt is in the midst of the widget, so the widget is only hidden then, and
-/// destroyed when Qt is back in the message loop. The tie ends at once, and with it whatever leads
-/// from the widget to the model: the tie is the context of each connection and each queued call,
-/// and tells by its `destroyed` signal who else holds on to the model.
+/// destroyed when Qt is back in the message loop. The tie is destroyed at once. It is the context
+/// of every connection and every queued call that leads from the widget to the model, so these end
+/// with it. Whatever else refers to the model lets go of it at the tie's `destroyed` signal.
 template <class Widget>
 class TiedWidget {
   public:

@@ -15,10 +15,10 @@ namespace lookfar::desktop {
 /// Gives a native widget the rectangle and the visibility of its control.
 void place(QWidget& widget, const BoxControl& control);
 
-/// Gives one of the widget's colours another value.
+/// Sets one of the colours in which a native widget is painted.
 void set_palette_colour(QWidget& widget, QPalette::ColorRole role, const QColor& colour);
 
-/// Tells assistive technology what a widget is called, if it was called differently.
+/// Sets what assistive technology calls a widget, and tells it only of a change.
 void set_accessible_name(QWidget& widget, const QString& name);
 
 } // namespace lookfar::desktop

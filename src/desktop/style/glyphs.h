@@ -15,7 +15,7 @@ namespace lookfar::desktop {
 void draw_symbols(QPainter& painter, const QRectF& rectangle, const QString& symbols, int size,
                   const QColor& colour);
 
-/// The same as an icon of one square a symbol.
+/// The same symbols as an icon, without any margin.
 QIcon symbol_icon(const QString& symbols, int size, const QColor& colour, double pixel_ratio);
 
 } // namespace lookfar::desktop

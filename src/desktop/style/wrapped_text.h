@@ -7,8 +7,8 @@
 
 namespace lookfar::desktop {
 
-/// A text wrapped between words, and within a word that is wider than its line. Lines are parted
-/// by line feeds too.
+/// A text wrapped between words, and within a word that is wider than its line. Line feeds
+/// part lines too.
 class WrappedText {
   public:
     /// The width is in logical pixels.

@@ -14,7 +14,7 @@ class WindowObserver {
   public:
     virtual ~WindowObserver() = default;
 
-    /// The window, which is visible, has taken over what the control says.
+    /// The window, which is visible or about to be shown, has taken over what the control says.
     virtual void control_shown(WindowView& window, Control& control) = 0;
     /// The element is about to go.
     virtual void element_forgotten(const Element& element) = 0;

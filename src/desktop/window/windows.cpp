@@ -19,7 +19,7 @@ Windows::Windows(QIcon icon, WindowObserver& observer)
 Windows::~Windows() {
     const UserActions::Suspension suspension(actions_);
     views_.clear();
-    // No message loop will come to delete what was to be deleted later.
+    // No message loop runs any more that would delete what is to be deleted later.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -41,7 +41,7 @@ class Windows {
     /// Shows all that has changed.
     void synchronise();
 
-    /// Suspended while the widgets take over what has changed.
+    /// The way from widgets to handlers; suspended while the widgets take over what has changed.
     UserActions& actions() { return actions_; }
     WindowObserver& observer() { return observer_; }
 
