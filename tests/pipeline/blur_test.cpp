@@ -12,15 +12,16 @@ namespace {
 
 using Buffer = std::vector<std::uint8_t>;
 
-void expect_its_steps(int height, int stride) {
+void expect_its_steps(int height, int stride, int darkest = 0) {
     std::mt19937 random(static_cast<unsigned>(height * 10007 + stride));
+    std::uniform_int_distribution<> brightness(darkest, 255);
     Buffer bytes(static_cast<std::size_t>(height * stride));
     for (auto& byte : bytes)
-        byte = static_cast<std::uint8_t>(random());
+        byte = static_cast<std::uint8_t>(brightness(random));
     Buffer expected = bytes;
     blur_literally(expected, height, stride);
     blur(bytes, height, stride);
-    ASSERT_EQ(bytes, expected) << height << " rows of " << stride;
+    ASSERT_EQ(bytes, expected) << height << " rows of " << stride << ", from " << darkest << " on";
 }
 
 TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
@@ -30,6 +31,7 @@ TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
     expect_its_steps(480, 1920);
     expect_its_steps(1000, 8);
     expect_its_steps(5, 4000);
+    expect_its_steps(60, 400, 253);
 }
 
 TEST(Blur, SmearsABrightByteAsWorkedOutByHand) {
