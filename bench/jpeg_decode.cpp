@@ -1,7 +1,7 @@
 #include "jpeg_decode.h"
 
 #include "processor_time.h"
-#include "spread.h"
+#include "median.h"
 
 #include <cstdint>
 #include <fstream>
@@ -71,7 +71,7 @@ double decode_milliseconds(const std::vector<std::string>& files) {
         milliseconds.push_back((processor_seconds() - start) * 1000 /
                                static_cast<double>(files.size()));
     }
-    return spread_of(milliseconds).median;
+    return median_of(milliseconds);
 }
 
 } // namespace lookfar::bench

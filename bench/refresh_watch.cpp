@@ -1,5 +1,5 @@
 #include "jpeg_decode.h"
-#include "spread.h"
+#include "median.h"
 #include "watched_process.h"
 #include "watched_window.h"
 
@@ -115,10 +115,11 @@ std::vector<double> longest_waits(WatchedWindow& window, Refreshes refreshes, in
     return longest;
 }
 
-void print(const char* name, const std::vector<double>& figures, const char* unit) {
-    const Spread spread = spread_of(figures);
-    std::cout << "  " << name << ": " << spread.median << unit << " (half of them from "
-              << spread.lower_quartile << " to " << spread.upper_quartile << ")\n";
+void print_ratio(double figure, const QString& measure) {
+    if (measure.isEmpty())
+        std::cout << "- ";
+    else
+        std::cout << figure / measure.toDouble() << ' ';
 }
 
 void watch(const QCommandLineParser& arguments) {
@@ -138,29 +139,29 @@ void watch(const QCommandLineParser& arguments) {
         waits = longest_waits(window, Refreshes(window, requests), count);
     // The costs come last: an error that stays on the screen is found out by them.
     const Costs costs = costs_of(process, Refreshes(window, requests), count);
-    const double refresh = spread_of(costs.milliseconds).median;
+    const double refresh = median_of(costs.milliseconds);
     if (refresh < decode / 2)
         throw std::runtime_error("The pictures are not decoded.");
 
-    std::cout << std::fixed << std::setprecision(2);
-    print("processor time a refresh", costs.milliseconds, " ms");
-    std::cout << "  one decode by libjpeg-turbo: " << decode << " ms\n"
-              << "  a refresh in decodes: " << refresh / decode << '\n';
-    if (arguments.isSet("feh"))
-        std::cout << "  a refresh in feh's: " << refresh / arguments.value("feh").toDouble()
-                  << '\n';
-    print("page faults a refresh", costs.page_faults, "");
-    std::cout << "  memory (PSS): " << process.megabytes() << " MB\n";
-    if (!waits.empty())
-        print("longest wait for an answer in a refresh", waits, " ms");
+    std::cout << std::fixed << std::setprecision(2) << refresh << ' ' << refresh / decode << ' ';
+    print_ratio(refresh, arguments.value("feh"));
+    std::cout << std::setprecision(0) << median_of(costs.page_faults) << ' ' << std::setprecision(1)
+              << process.megabytes() << ' ';
+    if (waits.empty())
+        std::cout << "-\n";
+    else
+        std::cout << median_of(waits) << '\n';
 }
 
 } // namespace
 
 } // namespace lookfar::bench
 
-/// Watches a process refresh a window, prints a line for each figure, and fails where no refresh
-/// comes or no new picture with it.
+/// Watches a process refresh a window, and prints what a refresh takes in one line: milliseconds of
+/// processor time, the same in decodes and in feh's refreshes, page faults, the process's memory
+/// (PSS) in megabytes, and the longest wait for an answer in milliseconds, with a dash for what was
+/// not measured. All but the memory are medians. Fails where no refresh comes or no new picture
+/// with it.
 int main(int count, char** texts) {
     const QCoreApplication application(count, texts);
     QCommandLineParser arguments;
