@@ -31,13 +31,26 @@ void TimerQueue::stop(Identity timer) {
 void TimerQueue::serve_due() {
     wake_up_is_set_ = false;
     const Instant now = now_();
-    for (Entry* entry = next(); entry && entry->due <= now; entry = next()) {
-        settle(*entry, now);
-        arm();
-        const auto tick = entry->tick;
-        tick();
-    }
+    for (Entry* entry = next(); entry && entry->due <= now; entry = next())
+        serve(*entry, now);
+    serve_following();
+}
+
+void TimerQueue::serve_following() {
+    const Instant now = now_();
+    const auto follows = [now](const Entry* entry) {
+        return entry && entry->rule == TickRule::after_a_change && entry->due <= now;
+    };
+    for (Entry* entry = next(); follows(entry); entry = next())
+        serve(*entry, now);
     arm();
+}
+
+void TimerQueue::serve(Entry& entry, Instant now) {
+    settle(entry, now);
+    arm();
+    const auto tick = entry.tick;
+    tick();
 }
 
 void TimerQueue::count_change() {

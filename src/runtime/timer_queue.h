@@ -45,8 +45,12 @@ class TimerQueue {
     /// Takes a timer out; unknown ones are ignored.
     void stop(Identity timer);
 
-    /// Serves every tick that is due now, each timer at most once.
+    /// Serves every tick that is due now, each timer at most once, and what follows from them.
     void serve_due();
+    /// Serves the ticks that wait for a change and have become due by one, each timer at most once,
+    /// unless another timer's tick is due before them. Called after a handler, so that its changes
+    /// are not shown without what follows from them.
+    void serve_following();
 
     /// Releases the ticks that are held back.
     void count_change();
@@ -66,6 +70,7 @@ class TimerQueue {
     bool is_held(const Entry& entry) const;
     void release_held();
     Entry* next();
+    void serve(Entry& entry, Instant now);
     void settle(Entry& entry, Instant now);
     void arm();
 

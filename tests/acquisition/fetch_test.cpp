@@ -32,6 +32,7 @@ TEST_F(Fetch, FitsThePictureWholeAndCentredIntoBothWindows) {
 }
 
 TEST_F(Fetch, GivesEveryControlAPictureObjectOfItsOwn) {
+    refresh();
     const std::set pictures{Form2->Picture1.Picture.get(), Form2->Image3.Picture.get(),
                             Form1->ImagNT1.Picture.get()};
     EXPECT_EQ(pictures.size(), 3U);

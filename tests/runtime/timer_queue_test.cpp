@@ -104,6 +104,20 @@ TEST_F(TimerTicks, AtTheNextOpportunityAreHeldBackUntilAPropertyChanges) {
     EXPECT_EQ(ticks, "AA");
 }
 
+TEST_F(TimerTicks, FollowASlowHandlersChangesInTheSamePassUnlessAnotherIsDueBefore) {
+    start(0, 100, [this] {
+        now += milliseconds(30);
+        queue.count_change();
+    });
+    start(1, 1, {}, TickRule::after_a_change);
+    start(2, 205);
+    serve_after(1);
+    serve_after(99);
+    EXPECT_EQ(ticks, "BAB");
+    serve_after(70);
+    EXPECT_EQ(ticks, "BABA") << "C has been due for longer";
+}
+
 TEST_F(TimerTicks, ComeAgainAfterAChangeThatTheyMadeThemselves) {
     int changes = 2;
     const auto change = [&] {

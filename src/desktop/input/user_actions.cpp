@@ -13,7 +13,10 @@ UserActions::UserActions(std::function<void()> show_changes)
 void UserActions::deliver(const Element& element, const std::function<void()>& handler) {
     if (are_suspended_)
         return;
-    element.runtime.deliver(handler);
+    // The handler may end the element's life, but not the runtime's.
+    Runtime& runtime = element.runtime;
+    runtime.deliver(handler);
+    runtime.follow_changes();
     show_changes_();
 }
 
