@@ -1,0 +1,137 @@
+#pragma once
+
+#include "transfers/curl_transfers.h"
+
+#include "demo/misbehaviour.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace lookfar {
+
+using namespace std::chrono_literals;
+
+/// Far longer than anything here takes, so that a test fails rather than hangs.
+inline constexpr auto patience = 60s;
+/// Shorter than the worker sleeps when nothing wakes it.
+inline constexpr auto patience_of_stall = 8s;
+
+/// Runs the posted work on the test's own thread.
+class MessageLoop {
+  public:
+    void post(std::function<void()> work) {
+        const std::lock_guard lock(mutex_);
+        queue_.push_back(std::move(work));
+        arrived_.notify_one();
+    }
+
+    void run_until(const std::function<bool()>& done) {
+        while (!done() && wait_for_work())
+            take()();
+    }
+
+    bool wait_for_work() {
+        std::unique_lock lock(mutex_);
+        return arrived_.wait_for(lock, patience, [this] { return !queue_.empty(); });
+    }
+
+  private:
+    std::function<void()> take() {
+        const std::lock_guard lock(mutex_);
+        auto work = std::move(queue_.front());
+        queue_.pop_front();
+        return work;
+    }
+
+    std::mutex mutex_;
+    std::condition_variable arrived_;
+    std::deque<std::function<void()>> queue_;
+};
+
+inline demo::Responder always(int status, const std::string& body) {
+    return [=](const demo::Request&) {
+        demo::Answer answer = demo::status_page(status);
+        answer.body = body;
+        return answer;
+    };
+}
+
+/// The body, or the failure's number and text.
+inline std::string text_of(const TransferOutcome& outcome) {
+    if (const auto* failure = std::get_if<Failure>(&outcome))
+        return "failure " + std::to_string(failure->Number) + ": " + failure->Description;
+    const Bytes& body = std::get<DecodedBodyReference>(outcome)->bytes;
+    return {body.begin(), body.end()};
+}
+
+/// Transfers from a camera server, on whose paths the tests put what they need.
+class Transfers : public testing::Test {
+  protected:
+    Transfers() { server.answer("/hello", always(200, "hello")); }
+
+    std::unique_ptr<Transfer> start(const std::string& url, TransferDone done) {
+        return transfers->start({.url = url, .timeout = patience, .decode = note_thread()},
+                                std::move(done));
+    }
+
+    std::string text_from(const std::string& url, std::chrono::milliseconds timeout = patience) {
+        std::optional<TransferOutcome> result;
+        const auto transfer =
+            transfers->start({.url = url, .timeout = timeout, .decode = note_thread()},
+                             [&](TransferOutcome outcome) { result = std::move(outcome); });
+        loop.run_until([&] { return result.has_value(); });
+        return result ? text_of(*result) : "nothing";
+    }
+
+    BodyDecoder note_thread() {
+        return [this](Bytes bytes) {
+            decoding_thread = std::this_thread::get_id();
+            return std::make_shared<const DecodedBody>(
+                DecodedBody{.bytes = std::move(bytes), .picture = Pixels{}});
+        };
+    }
+
+    std::string text_at(const std::string& path) { return text_from(server.url(path)); }
+
+    /// Starts a transfer from a camera that takes the request and sends nothing. The camera tells
+    /// then whether it was left before it lost its patience.
+    std::unique_ptr<Transfer> start_stall(TransferDone done) {
+        server.answer("/stall", [this](const demo::Request&) {
+            return demo::RawAnswer([this](const demo::Socket& socket) {
+                loop.post([this] { is_stalling = true; });
+                const bool is_left = !socket.wait(patience_of_stall);
+                loop.post([this, is_left] { was_left = is_left; });
+            });
+        });
+        auto transfer = start(server.url("/stall"), std::move(done));
+        loop.run_until([this] { return is_stalling; });
+        return transfer;
+    }
+
+    void expect_stall_left() {
+        loop.run_until([this] { return was_left.has_value(); });
+        EXPECT_EQ(was_left, true);
+    }
+
+    std::string host() const { return "127.0.0.1:" + std::to_string(server.port()); }
+
+    std::thread::id decoding_thread;
+    MessageLoop loop;
+    bool is_stalling = false;
+    std::optional<bool> was_left;
+    demo::CameraServer server;
+    std::unique_ptr<CurlTransfers> transfers = std::make_unique<CurlTransfers>(
+        [this](std::function<void()> work) { loop.post(std::move(work)); });
+};
+
+} // namespace lookfar
