@@ -42,6 +42,11 @@ std::size_t CameraServer::requests(const std::string& path) const {
     return found == request_counts_.end() ? 0 : found->second;
 }
 
+Request CameraServer::last_request() const {
+    const std::lock_guard lock(mutex_);
+    return last_request_;
+}
+
 void CameraServer::accept_clients(const std::stop_token& stop) {
     while (!stop.stop_requested()) {
         const int descriptor = accept4(listener_.descriptor(), nullptr, nullptr, SOCK_CLOEXEC);
@@ -57,7 +62,7 @@ void CameraServer::accept_clients(const std::stop_token& stop) {
 void CameraServer::serve(Client& client) {
     try {
         serve_connection(client.socket, [this](const Request& request) -> Reply {
-            const Responder responder = count_and_find(request);
+            const Responder responder = note_and_find(request);
             return responder ? responder(request) : status_page(404);
         });
     } catch (const std::exception&) {
@@ -66,9 +71,10 @@ void CameraServer::serve(Client& client) {
     client.is_finished = true;
 }
 
-Responder CameraServer::count_and_find(const Request& request) {
+Responder CameraServer::note_and_find(const Request& request) {
     const std::lock_guard lock(mutex_);
     ++request_counts_[request.path];
+    last_request_ = request;
     const auto found = responders_.find(request.path);
     return found == responders_.end() ? Responder() : found->second;
 }

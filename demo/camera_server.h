@@ -40,6 +40,8 @@ class CameraServer {
     /// The number of well-formed requests so far, those for unknown paths included.
     std::size_t requests() const;
     std::size_t requests(const std::string& path) const;
+    /// The last well-formed request; an empty one before the first.
+    Request last_request() const;
 
     /// The number of connections accepted so far.
     std::size_t connections() const { return connections_; }
@@ -55,15 +57,16 @@ class CameraServer {
 
     void accept_clients(const std::stop_token& stop);
     void serve(Client& client);
-    Responder count_and_find(const Request& request);
+    Responder note_and_find(const Request& request);
 
     Socket listener_;
     std::uint16_t port_;
     std::atomic<std::size_t> connections_ = 0;
 
-    mutable std::mutex mutex_; ///< Guards the two maps.
+    mutable std::mutex mutex_; ///< Guards the next three.
     std::map<std::string, Responder> responders_;
     std::map<std::string, std::size_t> request_counts_;
+    Request last_request_;
 
     std::list<Client> clients_; ///< Only the acceptor touches it, and the destructor after that.
     std::jthread acceptor_;

@@ -30,7 +30,8 @@ std::optional<std::string> Request::header(const std::string& name) const {
 
 std::optional<Request> parse_request(std::string_view head) {
     const std::size_t end_of_line = std::min(head.find(line_end), head.size());
-    std::string_view line = head.substr(0, end_of_line);
+    const std::string whole_line(head.substr(0, end_of_line));
+    std::string_view line = whole_line;
     const std::string_view method = take_until(line, ' ');
     std::string_view target = take_until(line, ' ');
     // Clients that take the server for a proxy send the whole URL.
@@ -39,7 +40,8 @@ std::optional<Request> parse_request(std::string_view head) {
     if (method != "GET" || !target.starts_with('/') || line != "HTTP/1.1")
         return std::nullopt;
     const std::string_view path = take_until(target, '?');
-    return Request{std::string(path), std::string(target), std::string(head.substr(end_of_line))};
+    return Request{whole_line, std::string(path), std::string(target),
+                   std::string(head.substr(end_of_line))};
 }
 
 std::string head_of(const Answer& answer, bool keep_alive) {

@@ -15,6 +15,7 @@ struct Header {
 
 /// The head of a GET request.
 struct Request {
+    std::string line;    ///< As sent.
     std::string path;    ///< From the first slash to the question mark, as sent.
     std::string query;   ///< What follows the question mark; empty without one.
     std::string headers; ///< Lines that start with CR LF.
