@@ -1,6 +1,7 @@
 #include "transfers/curl_exchange.h"
 
 #include "runtime/text.h"
+#include "transfers/address.h"
 #include "transfers/curl_transfers.h"
 
 #include <algorithm>
@@ -25,13 +26,6 @@ Failure header_too_large() {
     return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
 }
 
-void check_url(const std::string& url) {
-    if (url.size() > CurlTransfers::longest_url)
-        throw Failure(CURLE_URL_MALFORMAT, "The address is too long.");
-    if (url.find('\0') != std::string::npos || as_utf8(url) != url)
-        throw Failure(CURLE_URL_MALFORMAT, "The address holds characters that are not allowed.");
-}
-
 /// The library takes zero as "no limit" and refuses what does not fit an int.
 long timeout_milliseconds(std::chrono::milliseconds timeout) {
     return static_cast<long>(std::clamp<std::int64_t>(timeout.count(), 1, INT_MAX));
@@ -41,7 +35,6 @@ long timeout_milliseconds(std::chrono::milliseconds timeout) {
 
 CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket)
     : multi_(multi), ticket_(std::move(ticket)) {
-    check_url(ticket_->request.url);
     set_destination();
     set_limits();
     set_receiver();
@@ -74,8 +67,12 @@ void CurlExchange::set(CURLoption option, Value value) {
 }
 
 void CurlExchange::set_destination() {
-    set(CURLOPT_URL, ticket_->request.url.c_str());
-    set(CURLOPT_DEFAULT_PROTOCOL, "http");
+    const Address address = address_of(ticket_->request.url);
+    set(CURLOPT_URL, address.url.c_str());
+    if (!address.user_name.empty() || !address.password.empty()) {
+        set(CURLOPT_USERNAME, address.user_name.c_str());
+        set(CURLOPT_PASSWORD, address.password.c_str());
+    }
     set(CURLOPT_PROTOCOLS_STR, spoken_protocols);
     set(CURLOPT_REDIR_PROTOCOLS_STR, spoken_protocols);
     set(CURLOPT_FOLLOWLOCATION, 1L);

@@ -29,4 +29,11 @@ MultiHandle make_multi_handle() {
     return handle;
 }
 
+UrlHandle make_url_handle() {
+    UrlHandle handle(curl_url());
+    if (!handle)
+        throw failure_of(CURLE_OUT_OF_MEMORY);
+    return handle;
+}
+
 } // namespace lookfar

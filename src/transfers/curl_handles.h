@@ -27,11 +27,21 @@ struct EasyCleanup {
 struct MultiCleanup {
     void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
 };
+struct UrlCleanup {
+    void operator()(CURLU* handle) const { curl_url_cleanup(handle); }
+};
+struct TextCleanup {
+    void operator()(char* text) const { curl_free(text); }
+};
 using EasyHandle = std::unique_ptr<CURL, EasyCleanup>;
 using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
+using UrlHandle = std::unique_ptr<CURLU, UrlCleanup>;
+/// A text that the library has handed out.
+using CurlText = std::unique_ptr<char, TextCleanup>;
 
-/// Both throw a Failure if the library gives no handle.
+/// They throw a Failure if the library gives no handle.
 EasyHandle make_easy_handle();
 MultiHandle make_multi_handle();
+UrlHandle make_url_handle();
 
 } // namespace lookfar

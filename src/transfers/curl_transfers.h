@@ -12,10 +12,10 @@ namespace lookfar {
 /// kept and used again by later transfers from the same host. Everything here, and the transfers
 /// handed out, belong to the main thread.
 ///
-/// A URL without a scheme is taken as http. Only http and https are spoken, also after a
-/// redirect. A user name and password in the URL answer any authentication that the host asks
-/// for; no other host gets them. Certificates are checked. No cookies are kept. A compressed
-/// body is handed over as it came.
+/// Addresses are taken as browsers take them (`address_of`). Only http and https are spoken, also
+/// after a redirect. A user name and password in the address answer any authentication that the
+/// host asks for; no other host gets them. Certificates are checked. No cookies are kept. A
+/// compressed body is handed over as it came.
 ///
 /// Failures carry the transfer library's number and a text that is not empty.
 class CurlTransfers {
@@ -27,8 +27,6 @@ class CurlTransfers {
     static constexpr std::size_t largest_body = std::size_t{64} * 1024 * 1024;
     /// The most bytes that the heads of an answer, and of the redirects to it, may have together.
     static constexpr std::size_t largest_header = std::size_t{256} * 1024;
-    /// The longest URL in bytes.
-    static constexpr std::size_t longest_url = std::size_t{64} * 1024;
     static constexpr long most_redirects = 10;
 
     /// Throws a Failure if the transfer library cannot be started.
