@@ -27,8 +27,8 @@ Answer picture_of_many_scans();
 /// A GIF of 160 x 120 pixels and 10,000 frames, all alike.
 Answer long_animation();
 
-/// Two megabytes of gzip, announced as a content encoding, that inflate to two gigabytes.
-Answer gzip_bomb();
+/// A hundred kilobytes, announced as deflated, that inflate to eighty megabytes.
+Answer deflate_bomb();
 
 /// A true PNG of 20,000 x 20,000 black pixels in some fifty kilobytes.
 Answer pixel_bomb();

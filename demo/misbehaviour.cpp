@@ -104,7 +104,7 @@ std::map<std::string, Responder> hostile_answers() {
         {"/large-metadata", made_on_request(picture_with_large_metadata)},
         {"/many-scans", made_on_request(picture_of_many_scans)},
         {"/animation", made_on_request(long_animation)},
-        {"/gzip-bomb", made_on_request(gzip_bomb)},
+        {"/deflate-bomb", made_on_request(deflate_bomb)},
         {"/pixel-bomb", made_on_request(pixel_bomb)},
         {"/text-bomb", made_on_request(text_bomb)},
         {"/basic", locked_by_basic(small_picture())},

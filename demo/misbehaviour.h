@@ -22,7 +22,7 @@ Responder redirect_to(const std::string& location);
 ///   megabytes each), /broken-promise (to keep the connection), /hang-up, /not-http
 /// - /redirect-circle, /redirect-to-file, /redirect-once, /redirect-chain (100 of them to /good)
 /// - /page, /nothing, /huge-picture, /truncated, /one-pixel, /one-row, /one-column,
-///   /large-metadata, /many-scans, /animation, /gzip-bomb, /pixel-bomb, /text-bomb
+///   /large-metadata, /many-scans, /animation, /deflate-bomb, /pixel-bomb, /text-bomb
 /// - /basic, /digest, which open to the user "guest" with the password "secret".
 /// The picture at /drip comes with the given time between two bytes.
 void install_misbehaviour(CameraServer& server,

@@ -16,6 +16,11 @@ namespace lookfar {
 namespace {
 
 constexpr const char* spoken_protocols = "http,https";
+/// A stream gives a picture too. Whatever else a host has, its answer may tell the user more than
+/// a refusal does.
+constexpr const char* all_else = ",multipart/x-mixed-replace;q=0.5,*/*;q=0.1";
+/// The library's word for those that it unpacks.
+constexpr const char* all_encodings = "";
 
 Failure body_too_large() {
     return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
@@ -24,6 +29,11 @@ Failure body_too_large() {
 /// The library ends a transfer with the same number where a single header line is too long for it.
 Failure header_too_large() {
     return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
+}
+
+Failure packed_beyond_reading() {
+    return Failure(CURLE_BAD_CONTENT_ENCODING,
+                   "The camera's answer is compressed in a way that can't be unpacked.");
 }
 
 /// The library takes zero as "no limit" and refuses what does not fit an int.
@@ -36,6 +46,7 @@ long timeout_milliseconds(std::chrono::milliseconds timeout) {
 CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket)
     : multi_(multi), ticket_(std::move(ticket)) {
     set_destination();
+    set_manners();
     set_limits();
     set_receiver();
     if (curl_multi_add_handle(multi_, easy_.get()) != CURLM_OK)
@@ -55,6 +66,9 @@ std::variant<Bytes, Failure> CurlExchange::take_body(CURLcode code) {
         return body_too_large();
     if (code == CURLE_OUT_OF_MEMORY && is_reading_head())
         return header_too_large();
+    // The library fails to write what it can't unpack.
+    if (code == CURLE_BAD_CONTENT_ENCODING || code == CURLE_WRITE_ERROR)
+        return packed_beyond_reading();
     if (error_text_.front() != '\0')
         return Failure(code, as_utf8(error_text_.data()));
     return failure_of(code);
@@ -78,7 +92,13 @@ void CurlExchange::set_destination() {
     set(CURLOPT_FOLLOWLOCATION, 1L);
     set(CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
     set(CURLOPT_HTTPAUTH, CURLAUTH_ANY);
+}
+
+void CurlExchange::set_manners() {
     set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
+    append(header_lines_, "Accept: " + ticket_->request.media_types + all_else);
+    set(CURLOPT_HTTPHEADER, header_lines_.get());
+    set(CURLOPT_ACCEPT_ENCODING, all_encodings);
 }
 
 void CurlExchange::set_limits() {

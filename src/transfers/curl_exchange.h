@@ -44,6 +44,7 @@ class CurlExchange {
     template <class Value>
     void set(CURLoption option, Value value);
     void set_destination();
+    void set_manners();
     void set_limits();
     void set_receiver();
 
@@ -61,6 +62,7 @@ class CurlExchange {
     bool is_head_complete_ = false;
     std::optional<Failure> refusal_;
     std::array<char, CURL_ERROR_SIZE> error_text_{};
+    HeaderLines header_lines_;
     EasyHandle easy_ = make_easy_handle();
 };
 

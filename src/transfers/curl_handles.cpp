@@ -36,4 +36,12 @@ UrlHandle make_url_handle() {
     return handle;
 }
 
+void append(HeaderLines& lines, const std::string& line) {
+    curl_slist* const all = curl_slist_append(lines.get(), line.c_str());
+    if (!all)
+        throw failure_of(CURLE_OUT_OF_MEMORY);
+    static_cast<void>(lines.release());
+    lines.reset(all);
+}
+
 } // namespace lookfar

@@ -5,6 +5,7 @@
 #include <curl/curl.h>
 
 #include <memory>
+#include <string>
 
 namespace lookfar {
 
@@ -33,15 +34,23 @@ struct UrlCleanup {
 struct TextCleanup {
     void operator()(char* text) const { curl_free(text); }
 };
+struct LinesCleanup {
+    void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
+};
 using EasyHandle = std::unique_ptr<CURL, EasyCleanup>;
 using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
 using UrlHandle = std::unique_ptr<CURLU, UrlCleanup>;
 /// A text that the library has handed out.
 using CurlText = std::unique_ptr<char, TextCleanup>;
 
+using HeaderLines = std::unique_ptr<curl_slist, LinesCleanup>;
+
 /// They throw a Failure if the library gives no handle.
 EasyHandle make_easy_handle();
 MultiHandle make_multi_handle();
 UrlHandle make_url_handle();
+
+/// Adds a line behind the others. Throws a Failure where there is no memory for it.
+void append(HeaderLines& lines, const std::string& line);
 
 } // namespace lookfar

@@ -2,6 +2,7 @@
 
 #include "runtime/failure.h"
 #include "runtime/text.h"
+#include "transfers/ascii.h"
 
 #include <curl/curl.h>
 
@@ -61,14 +62,6 @@ void turn_backslashes(std::string& text) {
 bool is_scheme(std::string_view text) {
     constexpr std::string_view allowed = "abcdefghijklmnopqrstuvwxyz0123456789+-.";
     return !text.empty() && text.find_first_not_of(allowed) == std::string_view::npos;
-}
-
-std::string in_small_letters(std::string_view text) {
-    std::string small(text);
-    for (char& character : small)
-        if (character >= 'A' && character <= 'Z')
-            character = static_cast<char>(character - 'A' + 'a');
-    return small;
 }
 
 std::string_view without_slashes_before(std::string_view text) {

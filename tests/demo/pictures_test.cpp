@@ -25,7 +25,7 @@ TEST(HostilePictures, AreAsHostileAsTheyClaim) {
     EXPECT_EQ(QImageReader(&animation).imageCount(), 10'000);
     EXPECT_GT(picture_with_large_metadata().body.size(), 10'000'000U);
     EXPECT_LT(pixel_bomb().body.size(), 100'000U);
-    EXPECT_LT(gzip_bomb().body.size(), 3'000'000U);
+    EXPECT_LT(deflate_bomb().body.size(), 200'000U);
     const QByteArray texts = QByteArray::fromStdString(text_bomb().body);
     EXPECT_EQ(texts.count("zTXtComment"), 65);
     EXPECT_LT(texts.size(), 1'000'000);

@@ -41,9 +41,37 @@ TEST_F(Transfers, SayWhyNoHostCanBeReached) {
     EXPECT_EQ(text_at("/hello"), "hello");
 }
 
-TEST_F(Transfers, TellHostsTheProgramsNameAndVersion) {
-    text_at("/hello");
+TEST_F(Transfers, TellHostsWhoAsksAndForWhatOverOneConnection) {
+    for (int count = 0; count < 3; ++count)
+        EXPECT_EQ(text_at("/hello"), "hello");
+    EXPECT_EQ(server.connections(), 1U);
     EXPECT_EQ(server.last_request().header("User-Agent"), LOOKFAR_USER_AGENT);
+    EXPECT_EQ(server.last_request().header("Accept"),
+              "image/jpeg,image/gif,multipart/x-mixed-replace;q=0.5,*/*;q=0.1");
+}
+
+TEST_F(Transfers, UnpackCompressedBodies) {
+    const std::pair<std::string, std::string> packed[] = {
+        {"gzip",
+         {"\x1F\x8B\x08\0\0\0\0\0\x02\x03\xCBH\xCD\xC9\xC9\x07\0\x86\xA6\x10\x36\x05\0\0\0", 25}},
+        {"deflate", {"\x78\x9C\xCBH\xCD\xC9\xC9\x07\0\x06\x2C\x02\x15", 13}},
+        {"br", "\x0B\x02\x80hello\x03"},
+        {"zstd", {"\x28\xB5\x2F\xFD\0\x58\x29\0\0hello", 14}},
+    };
+    for (const auto& [encoding, body] : packed) {
+        server.answer("/packed", [&](const demo::Request& request) {
+            EXPECT_NE(request.header("Accept-Encoding").value_or("").find(encoding),
+                      std::string::npos);
+            return demo::Answer{.body = body, .headers = {{"Content-Encoding", encoding}}};
+        });
+        EXPECT_EQ(text_at("/packed"), "hello") << encoding;
+    }
+    for (const auto& [encoding, body] : {std::pair("gzip", "hello"), std::pair("rot13", "uryyb")}) {
+        server.answer("/badly-packed",
+                      always({.body = body, .headers = {{"Content-Encoding", encoding}}}));
+        EXPECT_EQ(text_at("/badly-packed"),
+                  "failure 61: The camera's answer is compressed in a way that can't be unpacked.");
+    }
 }
 
 TEST_F(Transfers, TellNoOtherHostThePassword) {

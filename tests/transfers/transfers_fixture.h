@@ -58,12 +58,12 @@ class MessageLoop {
     std::deque<std::function<void()>> queue_;
 };
 
+inline demo::Responder always(const demo::Answer& answer) {
+    return [answer](const demo::Request&) { return answer; };
+}
+
 inline demo::Responder always(int status, const std::string& body) {
-    return [=](const demo::Request&) {
-        demo::Answer answer = demo::status_page(status);
-        answer.body = body;
-        return answer;
-    };
+    return always({.status = status, .body = body});
 }
 
 /// The body, or the failure's number and text.
@@ -80,17 +80,28 @@ class Transfers : public testing::Test {
     Transfers() { server.answer("/hello", always(200, "hello")); }
 
     std::unique_ptr<Transfer> start(const std::string& url, TransferDone done) {
-        return transfers->start({.url = url, .timeout = patience, .decode = note_thread()},
-                                std::move(done));
+        return transfers->start(request_for(url), std::move(done));
     }
 
     std::string text_from(const std::string& url, std::chrono::milliseconds timeout = patience) {
+        TransferRequest request = request_for(url);
+        request.timeout = timeout;
+        return text_from(std::move(request));
+    }
+
+    std::string text_from(TransferRequest request) {
         std::optional<TransferOutcome> result;
-        const auto transfer =
-            transfers->start({.url = url, .timeout = timeout, .decode = note_thread()},
-                             [&](TransferOutcome outcome) { result = std::move(outcome); });
+        const auto transfer = transfers->start(
+            std::move(request), [&](TransferOutcome outcome) { result = std::move(outcome); });
         loop.run_until([&] { return result.has_value(); });
         return result ? text_of(*result) : "nothing";
+    }
+
+    TransferRequest request_for(const std::string& url) {
+        return {.url = url,
+                .timeout = patience,
+                .media_types = "image/jpeg,image/gif",
+                .decode = note_thread()};
     }
 
     BodyDecoder note_thread() {

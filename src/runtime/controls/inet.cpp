@@ -1,6 +1,7 @@
 #include "runtime/controls/inet.h"
 
 #include "runtime/form.h"
+#include "runtime/pictures/picture_decoder.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
@@ -48,6 +49,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     const auto transfer = runtime.platform().start_transfer(
         {.url = url,
          .timeout = std::chrono::seconds(RequestTimeout),
+         .media_types = readable_media_types(),
          .decode = runtime.pictures().decoder_ahead()},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
     runtime.platform().wait_until([this] { return outcome_.has_value(); });

@@ -21,7 +21,8 @@ namespace lookfar {
 
 namespace {
 
-constexpr std::array picture_formats{"jpeg", "jpg", "gif", "png", "bmp", "webp"};
+/// Named as in their media types.
+constexpr std::array picture_formats{"jpeg", "gif", "png", "bmp", "webp"};
 
 [[noreturn]] void refuse(const std::string& reason) {
     throw Failure(FailureKind::invalid_picture, reason);
@@ -167,6 +168,15 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& mem
     } catch (const std::bad_alloc&) {
         refuse("There is not enough memory for the picture.");
     }
+}
+
+std::string readable_media_types() {
+    const QList<QByteArray> readable = QImageReader::supportedImageFormats();
+    std::string types;
+    for (const char* const format : picture_formats)
+        if (readable.contains(format))
+            types += std::string(types.empty() ? "" : ",") + "image/" + format;
+    return types;
 }
 
 } // namespace lookfar

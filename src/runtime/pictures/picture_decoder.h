@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace lookfar {
 
@@ -18,5 +19,8 @@ inline constexpr long long largest_picture = 64LL * 1024 * 1024;
 /// many scans or finds too little memory, and, before any pixel is allocated, for one of more than
 /// `largest_picture` pixels.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
+
+/// The media types of the pictures that are read, with commas between them.
+std::string readable_media_types();
 
 } // namespace lookfar

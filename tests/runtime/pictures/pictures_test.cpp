@@ -156,6 +156,11 @@ TEST(Pictures, ThatWereRefusedAheadAreRefusedWhateverFollowsInTheFile) {
     EXPECT_THROW(load(loader, whole), Failure);
 }
 
+TEST(Pictures, AreOfTheMediaTypesThatAreTold) {
+    const std::string types = readable_media_types();
+    EXPECT_TRUE(types.starts_with("image/jpeg,image/gif,image/png,image/bmp")) << types;
+}
+
 TEST(Pictures, EndWhereTheyEndWhateverFollows) {
     Bytes file = picture_file(40, 30);
     const Bytes tail = detailed_jpeg(100, 100);
