@@ -2,6 +2,7 @@
 
 #include "demo/misbehaviour.h"
 #include "demo/picture_answer.h"
+#include "demo/stream.h"
 
 #include <array>
 #include <atomic>
@@ -19,12 +20,18 @@ constexpr std::array camera_table{
     Camera{"Cape Beacon (GIF)", "/beacon.gif", {320, 240}, paint_lighthouse},
     Camera{"Mountain Lake (slow line)", "/lake.jpg", {640, 480}, paint_mountain, Line::slow},
     Camera{"Fishing Pier (fails at times)", "/pier.jpg", {352, 288}, paint_harbour, Line::failing},
+    Camera{"Ferry Landing (stream)", "/ferry.mjpg", {640, 480}, paint_harbour, Line::stream},
 };
 
 Reply reply_of(const Camera& camera, unsigned frame, const Request& request) {
     if (camera.line == Line::failing && frame % 3 == 2)
         return frame % 2 == 0 ? status_page(503) : hang_up()(request);
-    return take_picture(camera, {QDateTime::currentDateTime(), frame});
+    auto picture_of_now = [&camera, frame]() mutable {
+        return take_picture(camera, {QDateTime::currentDateTime(), frame++});
+    };
+    if (camera.line == Line::stream)
+        return stream(picture_of_now, {.pause = std::chrono::milliseconds(250)});
+    return picture_of_now();
 }
 
 } // namespace

@@ -10,8 +10,9 @@
 
 namespace lookfar::demo {
 
-/// How a camera answers: at once, after four seconds, or with no picture at every third request.
-enum class Line { good, slow, failing };
+/// How a camera answers: at once, after four seconds, with no picture at every third request, or
+/// with a stream of pictures.
+enum class Line { good, slow, failing, stream };
 
 /// One demonstration camera. It sends a GIF where the path says so, and a JPEG otherwise.
 struct Camera {

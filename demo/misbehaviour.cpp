@@ -2,6 +2,7 @@
 
 #include "demo/hostile_pictures.h"
 #include "demo/locked_camera.h"
+#include "demo/stream.h"
 
 #include <map>
 
@@ -91,6 +92,21 @@ std::map<std::string, Responder> misbehaving_connections(std::chrono::millisecon
     };
 }
 
+std::map<std::string, Responder> streams() {
+    const StreamStyle bare{.tells_length = false};
+    const StreamStyle odd{.boundary = "\"--odd; one\"",
+                          .delimiter = "--odd; one",
+                          .preamble = "This is a stream.\r\n\r\n",
+                          .tells_length = false};
+    return {
+        {"/stream", always(stream(small_picture))},
+        {"/stream-bare", always(stream(small_picture, bare))},
+        {"/stream-odd", always(stream(small_picture, odd))},
+        {"/stream-of-one", always(stream_of_one(small_picture()))},
+        {"/stream-stall", always(stalling_stream(small_picture()))},
+    };
+}
+
 std::map<std::string, Responder> hostile_answers() {
     return {
         {"/good", always(small_picture())},
@@ -129,7 +145,8 @@ Responder redirect_to(const std::string& location) {
 }
 
 void install_misbehaviour(CameraServer& server, std::chrono::milliseconds drip_interval) {
-    for (const auto& cameras : {misbehaving_connections(drip_interval), hostile_answers()})
+    for (const auto& cameras :
+         {misbehaving_connections(drip_interval), streams(), hostile_answers()})
         for (const auto& [path, responder] : cameras)
             server.answer(path, responder);
 }

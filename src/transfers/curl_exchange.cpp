@@ -22,10 +22,6 @@ constexpr const char* all_else = ",multipart/x-mixed-replace;q=0.5,*/*;q=0.1";
 /// The library's word for those that it unpacks.
 constexpr const char* all_encodings = "";
 
-Failure body_too_large() {
-    return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
-}
-
 /// The library ends a transfer with the same number where a single header line is too long for it.
 Failure header_too_large() {
     return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
@@ -58,13 +54,13 @@ CurlExchange::~CurlExchange() {
 }
 
 std::variant<Bytes, Failure> CurlExchange::take_body(CURLcode code) {
-    if (refusal_)
-        return *refusal_;
-    if (code == CURLE_OK)
-        return std::move(body_);
+    if (body_.refusal())
+        return *body_.refusal();
+    if (code == CURLE_OK || body_.is_whole_part())
+        return body_.take();
     if (code == CURLE_FILESIZE_EXCEEDED)
-        return body_too_large();
-    if (code == CURLE_OUT_OF_MEMORY && is_reading_head())
+        return AnswerBody::too_large();
+    if (is_head_too_large_ || (code == CURLE_OUT_OF_MEMORY && is_reading_head()))
         return header_too_large();
     // The library fails to write what it can't unpack.
     if (code == CURLE_BAD_CONTENT_ENCODING || code == CURLE_WRITE_ERROR)
@@ -105,7 +101,7 @@ void CurlExchange::set_limits() {
     const long timeout = timeout_milliseconds(ticket_->request.timeout);
     set(CURLOPT_TIMEOUT_MS, timeout);
     set(CURLOPT_CONNECTTIMEOUT_MS, timeout);
-    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(CurlTransfers::largest_body));
+    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(AnswerBody::largest));
     set(CURLOPT_NOSIGNAL, 1L);
     // A name look-up that hangs is left behind rather than waited for.
     set(CURLOPT_QUICK_EXIT, 1L);
@@ -132,23 +128,14 @@ std::size_t CurlExchange::receive_body(char* data, std::size_t, std::size_t size
 bool CurlExchange::count_header(std::string_view line) {
     is_head_complete_ = line == "\r\n" || line == "\n";
     header_size_ += line.size();
-    return header_size_ <= CurlTransfers::largest_header || refuse(header_too_large());
+    is_head_too_large_ = header_size_ > CurlTransfers::largest_header;
+    return !is_head_too_large_;
 }
 
 bool CurlExchange::append_body(std::span<const char> part) {
-    if (part.size() > CurlTransfers::largest_body - body_.size())
-        return refuse(body_too_large());
-    try {
-        body_.insert(body_.end(), part.begin(), part.end());
-    } catch (const std::bad_alloc&) {
-        return refuse(failure_of(CURLE_OUT_OF_MEMORY));
-    }
-    return true;
-}
-
-bool CurlExchange::refuse(Failure failure) {
-    refusal_ = std::move(failure);
-    return false;
+    const char* content_type = nullptr;
+    curl_easy_getinfo(easy_.get(), CURLINFO_CONTENT_TYPE, &content_type);
+    return body_.append(part, content_type ? content_type : "");
 }
 
 /// Whether the host was asked and has not sent the whole head of its answer.

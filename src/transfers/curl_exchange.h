@@ -1,13 +1,13 @@
 #pragma once
 
 #include "runtime/transfer.h"
+#include "transfers/answer_body.h"
 #include "transfers/curl_handles.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string_view>
 #include <variant>
@@ -52,15 +52,14 @@ class CurlExchange {
     static std::size_t receive_body(char* data, std::size_t, std::size_t size, void* exchange);
     bool count_header(std::string_view line);
     bool append_body(std::span<const char> part);
-    bool refuse(Failure failure);
     bool is_reading_head() const;
 
     CURLM* multi_;
     std::shared_ptr<TransferTicket> ticket_;
-    Bytes body_;
+    AnswerBody body_;
     std::size_t header_size_ = 0;
     bool is_head_complete_ = false;
-    std::optional<Failure> refusal_;
+    bool is_head_too_large_ = false;
     std::array<char, CURL_ERROR_SIZE> error_text_{};
     HeaderLines header_lines_;
     EasyHandle easy_ = make_easy_handle();

@@ -15,7 +15,8 @@ namespace lookfar {
 /// Addresses are taken as browsers take them (`address_of`). Only http and https are spoken, also
 /// after a redirect. A user name and password in the address answer any authentication that the
 /// host asks for; no other host gets them. Certificates are checked. No cookies are kept.
-/// Compressed bodies are unpacked. HTTP/2 is spoken where a host offers it with https.
+/// Compressed bodies are unpacked. A stream of pictures gives its first whole one, and the transfer
+/// ends there. HTTP/2 is spoken where a host offers it with https.
 ///
 /// Failures carry the transfer library's number and a text that is not empty.
 class CurlTransfers {
@@ -23,8 +24,6 @@ class CurlTransfers {
     /// Runs work on the main thread later. Called on any thread.
     using Post = std::function<void(std::function<void()>)>;
 
-    /// The largest body in bytes, unpacked; a larger one ends as a failure.
-    static constexpr std::size_t largest_body = std::size_t{64} * 1024 * 1024;
     /// The most bytes that the heads of an answer, and of the redirects to it, may have together.
     static constexpr std::size_t largest_header = std::size_t{256} * 1024;
     static constexpr long most_redirects = 10;

@@ -92,6 +92,7 @@ TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
     const std::vector<Camera> all{
         {"/stall", 28, "timed out", 1},
         {"/slow-drip", 28, "timed out", 1},
+        {"/stream-stall", 28, "timed out", 1},
         {"/cut-short", 18, "bytes remaining to read"},
         {"/long-length", 18, "1000 bytes remaining to read"},
         {"/short-length", 481, "The picture ends too early."},
@@ -114,6 +115,10 @@ TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
         {"guest:wrong@/basic", 481, "The camera's answer is not a picture."},
         {"/digest", 481, "The camera's answer is not a picture."},
         {"guest:wrong@/digest", 481, "The camera's answer is not a picture."},
+        {"/stream"},
+        {"/stream-bare"},
+        {"/stream-odd"},
+        {"/stream-of-one"},
         {"/redirect-once"},
         {"/drip"},
         {"/broken-promise"},

@@ -1,5 +1,8 @@
 #include "transfers/transfers_fixture.h"
 
+#include "demo/stream.h"
+#include "transfers/answer_body.h"
+
 #include <array>
 #include <cstdio>
 #include <vector>
@@ -12,12 +15,11 @@ TEST_F(Transfers, HandOverTheBodyWhateverTheStatus) {
     server.answer("/gone", always(404, "no such picture"));
     server.answer("/empty", always(200, ""));
     server.answer("/zero", always(200, with_zero));
-    server.answer("/just-not-too-large",
-                  always(200, std::string(CurlTransfers::largest_body, 'a')));
+    server.answer("/just-not-too-large", always(200, std::string(AnswerBody::largest, 'a')));
     EXPECT_EQ(text_at("/gone"), "no such picture");
     EXPECT_EQ(text_at("/empty"), "");
     EXPECT_EQ(text_at("/zero"), with_zero);
-    EXPECT_EQ(text_at("/just-not-too-large").size(), CurlTransfers::largest_body);
+    EXPECT_EQ(text_at("/just-not-too-large").size(), AnswerBody::largest);
     EXPECT_EQ(text_from(host() + "/hello"), "hello") << "A URL without a scheme is http.";
     EXPECT_NE(decoding_thread, std::this_thread::get_id()) << "The loop waits for no decode.";
 }
@@ -74,6 +76,27 @@ TEST_F(Transfers, UnpackCompressedBodies) {
     }
 }
 
+TEST_F(Transfers, EndAStreamBehindItsFirstPicture) {
+    server.answer("/stream", [this](const demo::Request&) {
+        return demo::RawAnswer([this](const demo::Socket& socket) {
+            const auto picture = [number = 0]() mutable {
+                return demo::Answer{.body = "picture " + std::to_string(++number)};
+            };
+            demo::stream(picture, {.tells_length = false})(socket);
+            loop.post([this] { was_left = true; });
+        });
+    });
+    for (int count = 0; count < 2; ++count) {
+        EXPECT_EQ(text_at("/stream"), "picture 1");
+        expect_left();
+    }
+    server.answer("/flood", [](const demo::Request&) {
+        return demo::stream([] { return demo::Answer{.body = std::string(1'000'000, 'a')}; },
+                            {.boundary = "another", .pause = 0ms});
+    });
+    EXPECT_EQ(text_at("/flood"), "failure 63: The answer is larger than 64 MiB.");
+}
+
 TEST_F(Transfers, TellNoOtherHostThePassword) {
     demo::CameraServer elsewhere;
     server.answer("/locked", [&](const demo::Request& request) -> demo::Reply {
@@ -113,7 +136,7 @@ TEST_F(Transfers, NeverReportOnceAbandoned) {
     bool is_reported = false;
     const auto note = [&](const TransferOutcome&) { is_reported = true; };
     start_stall(note).reset();
-    expect_stall_left();
+    expect_left();
 
     auto posted_already = start(server.url("/hello"), note);
     ASSERT_TRUE(loop.wait_for_work());
@@ -139,7 +162,7 @@ TEST_F(Transfers, RunSideBySideAndMayBeDroppedFromTheirReport) {
 TEST_F(Transfers, EndPromptlyInTheMiddleOfAStall) {
     const auto stalled = start_stall([](const TransferOutcome&) { FAIL(); });
     transfers.reset();
-    expect_stall_left();
+    expect_left();
 }
 
 } // namespace

@@ -129,9 +129,9 @@ class Transfers : public testing::Test {
         return transfer;
     }
 
-    void expect_stall_left() {
+    void expect_left() {
         loop.run_until([this] { return was_left.has_value(); });
-        EXPECT_EQ(was_left, true);
+        EXPECT_EQ(std::exchange(was_left, std::nullopt), true);
     }
 
     std::string host() const { return "127.0.0.1:" + std::to_string(server.port()); }

@@ -1,0 +1,41 @@
+#include "transfers/answer_body.h"
+
+#include "transfers/curl_handles.h"
+
+#include <new>
+#include <utility>
+
+namespace lookfar {
+
+Failure AnswerBody::too_large() {
+    return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
+}
+
+bool AnswerBody::append(std::span<const char> bytes, std::string_view content_type) {
+    if (bytes.size() > largest - bytes_.size())
+        return refuse(too_large());
+    if (bytes_.empty())
+        if (auto boundary = MultipartBoundary::of_answer(content_type))
+            first_part_.emplace(*std::move(boundary));
+    try {
+        bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+    } catch (const std::bad_alloc&) {
+        return refuse(failure_of(CURLE_OUT_OF_MEMORY));
+    }
+    is_whole_part_ = first_part_ && first_part_->is_whole_in(bytes_);
+    return !is_whole_part_;
+}
+
+Bytes AnswerBody::take() {
+    if (!first_part_)
+        return std::move(bytes_);
+    const auto part = first_part_->part_of(bytes_);
+    return {part.begin(), part.end()};
+}
+
+bool AnswerBody::refuse(Failure failure) {
+    refusal_ = std::move(failure);
+    return false;
+}
+
+} // namespace lookfar

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "runtime/bytes.h"
+#include "runtime/failure.h"
+#include "transfers/first_part.h"
+
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <string_view>
+
+namespace lookfar {
+
+/// Gathers the body of an answer while that comes. The first part of a multipart answer is the
+/// body.
+class AnswerBody {
+  public:
+    /// In bytes, with all parts of a multipart answer.
+    static constexpr std::size_t largest = std::size_t{64} * 1024 * 1024;
+    /// What ends an answer that is larger.
+    static Failure too_large();
+
+    /// Takes bytes behind those before. False where no more are wanted: the first part is whole, or
+    /// the answer is refused.
+    bool append(std::span<const char> bytes, std::string_view content_type);
+
+    bool is_multipart() const { return first_part_.has_value(); }
+    /// Whether it is the first part of a multipart answer, and all of it is there.
+    bool is_whole_part() const { return is_whole_part_; }
+    const std::optional<Failure>& refusal() const { return refusal_; }
+
+    /// What has come of it, which is the whole body where the transfer has ended well.
+    Bytes take();
+
+  private:
+    bool refuse(Failure failure);
+
+    Bytes bytes_;
+    std::optional<FirstPart> first_part_;
+    bool is_whole_part_ = false;
+    std::optional<Failure> refusal_;
+};
+
+} // namespace lookfar
