@@ -4,6 +4,7 @@
 #include "desktop/accessible/change_reporter.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
+#include "desktop/style/colours.h"
 #include "desktop/style/compact_style.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
@@ -142,11 +143,8 @@ void DesktopPlatform::end() {
 ScreenMetrics DesktopPlatform::screen() const {
     const QScreen& primary = *QGuiApplication::primaryScreen();
     const QSize size = primary.size();
-    // A true-colour screen keeps its 24 bits of colour in pixels of 32 bits.
-    constexpr int colour_bits_of_true_colour = 24;
-    const int depth = primary.depth() == colour_bits_of_true_colour ? 32 : primary.depth();
     return {.size = {desktop::to_twips(size.width()), desktop::to_twips(size.height())},
-            .bits_per_pixel = static_cast<short>(depth)};
+            .bits_per_pixel = desktop::bits_per_pixel(primary.depth())};
 }
 
 Disk& DesktopPlatform::disk() {

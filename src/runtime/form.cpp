@@ -30,6 +30,8 @@ Form::Form(Runtime& host, const FormDesign& design)
 Form::~Form() = default;
 
 void Form::Show() {
+    if (WindowState == WindowState::minimised)
+        WindowState = WindowState::normal;
     Visible = true;
     runtime.platform().bring_forward(*this);
 }

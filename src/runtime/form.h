@@ -41,7 +41,8 @@ class Form : public Element, public MouseEvents {
     Form(Runtime& host, const FormDesign& design);
     ~Form() override;
 
-    /// Makes the window visible and brings it before the others; returns at once.
+    /// Makes the window visible, or brings it back where it is minimised, and puts it before the
+    /// others; returns at once.
     void Show();
     void Hide();
     /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere.

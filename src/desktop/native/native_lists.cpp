@@ -2,6 +2,7 @@
 
 #include "desktop/input/user_actions.h"
 #include "desktop/native/list_model.h"
+#include "desktop/native/list_view.h"
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/native/widget_properties.h"
 #include "desktop/style/colours.h"
@@ -47,14 +48,9 @@ void add_hidden_label(QComboBox& box, const QString& name) {
     label.hide();
 }
 
-int selected_row(const QListView& view) {
-    const QModelIndexList selected = view.selectionModel()->selectedIndexes();
-    return selected.empty() ? -1 : selected.front().row();
-}
-
-void synchronise_list_box(QListView& view, ListModel& model, const ListBox& control) {
+void synchronise_list_box(ListView& view, ListModel& model, const ListBox& control) {
     model.refresh();
-    if (selected_row(view) != control.ListIndex) {
+    if (view.selected_row() != control.ListIndex) {
         view.setCurrentIndex(model.index(control.ListIndex));
         if (control.ListIndex < 0)
             view.clearSelection();
@@ -84,18 +80,19 @@ NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& w
 }
 
 NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& window) {
-    QListView& view = *owned_by_qt<QListView>(&window);
+    ListView& view = *owned_by_qt<ListView>(window);
     TiedWidget<QWidget> widget(view);
     ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &view);
     view.setModel(&model);
-    view.setUniformItemSizes(true);
-    view.setEditTriggers(QAbstractItemView::NoEditTriggers);
     view.setAccessibleName(shown_text(control.AccessibleName));
     QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, widget.tie(),
                      [&view, &control, &actions] {
-                         if (const int row = selected_row(view); row >= 0)
+                         if (const int row = view.selected_row(); row >= 0)
                              select(control, actions, row);
                      });
+    QObject::connect(&view, &ListView::pressed_again, widget.tie(), [&control, &actions] {
+        actions.deliver(control, [&control] { control.Click.raise(); });
+    });
     return {
         .widget = std::move(widget),
         .synchronise = [&view, &model, &control] { synchronise_list_box(view, model, control); },

@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace lookfar::desktop {
@@ -68,9 +69,8 @@ void TextEntry::synchronise(const TextBox& control) {
 
 /// The limit is one for typing only: a longer text is shown whole.
 void TextEntry::take_length_limit(const TextBox& control, int text_length) {
-    if (control.MaxLength == 0)
-        return;
-    const int limit = std::max(control.MaxLength, text_length);
+    constexpr int no_limit = std::numeric_limits<int>::max();
+    const int limit = control.MaxLength == 0 ? no_limit : std::max(control.MaxLength, text_length);
     if (maxLength() != limit)
         setMaxLength(limit);
 }

@@ -27,6 +27,13 @@ int channel(Colour value, unsigned shift) {
 
 } // namespace
 
+short bits_per_pixel(int colour_bits) {
+    constexpr int byte = 8;
+    if (colour_bits <= byte)
+        return byte;
+    return colour_bits <= 2 * byte ? 2 * byte : 4 * byte;
+}
+
 QColor screen_colour(Colour value, const QPalette& palette) {
     if ((value & system_colour_bit) != 0)
         return palette.color(role_of(value));

@@ -8,6 +8,9 @@ class QPalette;
 
 namespace lookfar::desktop {
 
+/// The bits that a pixel takes on a screen of so many bits of colour: 8, 16 or 32.
+short bits_per_pixel(int colour_bits);
+
 /// The colour on the screen; a system colour is looked up in the palette.
 QColor screen_colour(Colour value, const QPalette& palette);
 

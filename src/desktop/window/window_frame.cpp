@@ -3,6 +3,7 @@
 #include "desktop/style/geometry.h"
 #include "runtime/form.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QWidget>
 
@@ -33,6 +34,16 @@ WindowState window_state_of(Qt::WindowStates states) {
     if (states.testFlag(Qt::WindowMinimized))
         return WindowState::minimised;
     return states.testFlag(Qt::WindowMaximized) ? WindowState::maximised : WindowState::normal;
+}
+
+/// What the window manager adds to the size of a window. It frames a window only when that is
+/// shown, so the largest frame of those that are visible stands for it.
+QSize usual_frame() {
+    QSize frame(0, 0);
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+        if (window->isVisible())
+            frame = frame.expandedTo(window->frameGeometry().size() - window->size());
+    return frame;
 }
 
 } // namespace
@@ -68,15 +79,16 @@ void WindowFrame::take_size() {
 }
 
 void WindowFrame::take_position() {
-    if (form_.CentredOnScreen && !std::exchange(was_centred_, true))
-        centre_on_screen();
+    if (form_.CentredOnScreen && centred_size_.isEmpty())
+        centre_on_screen(client_size() + usual_frame());
     const QPoint wanted(to_whole_pixels(form_.Left), to_whole_pixels(form_.Top));
     if (std::exchange(position_, wanted) != wanted)
         window_.move(wanted);
 }
 
-void WindowFrame::centre_on_screen() {
-    QRect place(QPoint(), client_size());
+void WindowFrame::centre_on_screen(const QSize& size) {
+    centred_size_ = size;
+    QRect place(QPoint(), size);
     place.moveCenter(window_.screen()->geometry().center());
     form_.Left.follow(to_twips(place.left()));
     form_.Top.follow(to_twips(place.top()));
@@ -89,6 +101,12 @@ void WindowFrame::take_state() {
 }
 
 void WindowFrame::follow_move() {
+    const QSize size = window_.frameGeometry().size();
+    const bool has_new_frame = size != window_.size() && size != centred_size_;
+    if (form_.CentredOnScreen && has_new_frame) {
+        centre_on_screen(size);
+        return;
+    }
     const bool is_elsewhere = window_.isVisible() && window_.pos() != position_;
     if (!is_elsewhere || window_.windowState() != Qt::WindowNoState)
         return;

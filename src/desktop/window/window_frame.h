@@ -31,7 +31,8 @@ class WindowFrame {
     /// Gives the window what the form says.
     void take_over();
 
-    /// Tells the form where the window stands; to be called when the user has moved it.
+    /// Tells the form where the window stands; to be called when the user or the window manager has
+    /// moved it. A window that was centred before it had its frame is centred anew.
     void follow_move();
     /// The state that the user has given the window; nothing while it is in the form's state.
     std::optional<WindowState> state_by_user() const;
@@ -40,7 +41,7 @@ class WindowFrame {
     void take_size();
     void take_position();
     void take_state();
-    void centre_on_screen();
+    void centre_on_screen(const QSize& size);
     /// In logical pixels.
     QSize client_size() const;
     /// Whether the window is a bare one that is to lie over the whole screen, task bars included.
@@ -51,7 +52,8 @@ class WindowFrame {
     QWidget& window_;
     /// The position that the form was last known to have, in logical pixels.
     std::optional<QPoint> position_;
-    bool was_centred_ = false;
+    /// The size by which the window was centred last, in logical pixels and with its frame.
+    QSize centred_size_;
 };
 
 } // namespace lookfar::desktop

@@ -32,7 +32,8 @@ class ListControl : public BoxControl {
     /// that text, and is refused where there is none.
     DerivedProperty<std::string> Text;
 
-    /// The user or a handler has changed the selection.
+    /// The user or a handler has changed the selection, or the user has clicked in a list box on
+    /// the entry that was selected already.
     Event<> Click;
 
   private:

@@ -1,5 +1,6 @@
 #include "desktop/desktop_fixture.h"
 
+#include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
@@ -164,6 +165,13 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
         label.Caption = std::string("4q3\n4q3");
         EXPECT_NEAR(label.Height, lines * height, 30);
     }
+}
+
+TEST(ScreenDepth, IsThatOfWholePixels) {
+    for (const auto& [colour_bits, pixel_bits] :
+         {std::pair(8, 8), std::pair(15, 16), std::pair(16, 16), std::pair(24, 32),
+          std::pair(30, 32), std::pair(32, 32)})
+        EXPECT_EQ(bits_per_pixel(colour_bits), pixel_bits);
 }
 
 } // namespace

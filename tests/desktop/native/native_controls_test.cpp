@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -37,6 +38,7 @@ class NativeControlsTest : public DesktopTest {
     ComboBox Combo1{form, {.At = {100, 2500, 2000, 315}}};
     ListBox List1{form, {.At = {3000, 100, 2000, 1500}}};
     TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3}};
+    TextBox Text2{form, {.At = {100, 400, 1500, 300}}};
     CommandButton Command1{form, {.Caption = "OK", .At = {100, 700, 900, 375}, .Default = true}};
     CommandButton Command2{form, {.Caption = "More", .At = {1200, 700, 900, 375}}};
     StatusBar StatusBar1{form, {.At = {0, 4700, 1500, 300}}};
@@ -87,6 +89,12 @@ TEST_F(NativeControlsTest, TheLengthLimitIsForTypingOnly) {
         QTest::keyClick(&entry, Qt::Key_Backspace);
     QTest::keyClicks(&entry, "abc");
     EXPECT_EQ(Text1.Text, std::string("12a"));
+
+    constexpr int more_than_qt_takes_by_itself = 32768;
+    Text2.Text = std::string(more_than_qt_takes_by_itself, 'x');
+    let_loop_come_round();
+    QTest::keyClicks(&widget(Text2), "y");
+    EXPECT_EQ(Text2.Text.get().size(), more_than_qt_takes_by_itself + 1U);
 }
 
 TEST_F(NativeControlsTest, AClickIntoTheBoxKeepsTheSelectionThatGotFocusMade) {
@@ -167,12 +175,21 @@ TEST_F(NativeControlsTest, ListsTellAndTakeTheirSelectionOnce) {
     let_loop_come_round();
     EXPECT_EQ(List1.ListIndex, -1);
     const QPoint third = list.visualRect(list.model()->index(2, 0)).center();
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, third);
+    for (const Qt::KeyboardModifier held : {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier})
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, held, third);
+    EXPECT_TRUE(list.selectionModel()->isRowSelected(2));
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, third);
+    const QPoint below = third + QPoint(0, 40);
+    QMouseEvent drag(QEvent::MouseMove, below, list.viewport()->mapToGlobal(below), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list.viewport(), &drag);
+    QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_TRUE(list.selectionModel()->isRowSelected(2));
     QTest::keyClick(&list, Qt::Key_Up);
     List1.ListIndex = 0;
     let_loop_come_round();
     EXPECT_EQ(list.currentIndex().row(), 0);
-    EXPECT_EQ(seen, (std::vector<short>{2, 1, 0}));
+    EXPECT_EQ(seen, (std::vector<short>{2, 2, 2, 2, 1, 0}));
 }
 
 TEST_F(NativeControlsTest, ArrowsStepUpToTheLimit) {

@@ -83,6 +83,24 @@ TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
     EXPECT_TRUE(comes_true([&] { return form.Left == 600.0F && form.Top == 900.0F; }));
 }
 
+TEST_F(WindowTest, ComesBackAndForwardWhenItIsShownWhileItIsMinimised) {
+    window(form).showMinimized();
+    ASSERT_TRUE(comes_true([&] { return form.WindowState == WindowState::minimised; }));
+    show(form);
+    EXPECT_FALSE(window(form).isMinimized());
+}
+
+TEST_F(WindowTest, IsCentredWithItsFrame) {
+    Form centred(runtime, {.Client = {3000, 1500}, .CentredOnScreen = true});
+    show(centred);
+    const QRect screen = window(centred).screen()->geometry();
+    EXPECT_TRUE(comes_true([&] {
+        const QPoint off = window(centred).frameGeometry().center() - screen.center();
+        return off.manhattanLength() <= 1;
+    }));
+    EXPECT_GT(window(centred).frameGeometry().height(), 100) << "the window has a frame";
+}
+
 TEST_F(WindowTest, CoversTheScreenWhereItIsBareAndAsLarge) {
     Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
     show(cover);
