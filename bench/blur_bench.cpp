@@ -54,7 +54,7 @@ void measure(benchmark::State& state) {
     double blurring = 0;
     for (auto unused : state) {
         (void)unused;
-        blurring = least_processor_seconds([&] { blur(bytes, height, stride); });
+        blurring = least_processor_seconds([&] { blur(bytes, bytes, height, stride); });
     }
     const double gigabytes = static_cast<double>(bytes.size()) * 1e-9;
     state.counters["blur_GB_per_s"] = gigabytes / blurring;

@@ -40,7 +40,8 @@ void check(const Bytes& bytes) {
     check_order(picture);
     Picture again(std::get<Pixels>(body->picture));
     expect(again.bytes().data() == picture.bytes().data(), "the same picture shares its pixels");
-    again.edit().front() ^= 0xFFU;
+    again.rewrite(
+        [](auto old_bytes, auto new_bytes) { new_bytes.front() = old_bytes.front() ^ 0xFFU; });
     expect(again.bytes().front() != picture.bytes().front(), "an edit reaches one picture");
 }
 

@@ -29,13 +29,19 @@ using Bytes [[gnu::vector_size(lanes)]] = std::uint8_t;
 constexpr std::ptrdiff_t sums_before = 3 * pixel;
 constexpr std::ptrdiff_t sums_behind = 2 * lanes - step;
 
+/// Where the filter reads and writes: the same index in both is the same byte.
+struct Buffers {
+    std::span<const std::uint8_t> old_bytes;
+    std::span<std::uint8_t> new_bytes;
+};
+
 /// The sums of three of the four neighbours, all but the one three bytes before, for a block of
 /// targets of which none is written yet.
-void add_neighbours(const std::uint8_t* targets, std::ptrdiff_t count, std::ptrdiff_t stride,
-                    std::uint16_t* sums) {
+void add_neighbours(const std::uint8_t* above, const std::uint8_t* old_targets,
+                    std::ptrdiff_t count, std::ptrdiff_t stride, std::uint16_t* sums) {
     for (std::ptrdiff_t index = 0; index < count; ++index)
-        sums[index] = static_cast<std::uint16_t>(targets[index - stride] + targets[index + pixel] +
-                                                 targets[index + stride]);
+        sums[index] = static_cast<std::uint16_t>(above[index] + old_targets[index + pixel] +
+                                                 old_targets[index + stride]);
 }
 
 /// Sums before a block that lead to the three bytes before it, (0 + 4 * byte) / 4, where the sums
@@ -82,7 +88,7 @@ void average_along_row(std::uint8_t* targets, std::ptrdiff_t count, const std::u
 
 /// Targets from `first` on whose four neighbours all lie in the buffer, as far as whole steps
 /// go; gives back the first target that is left.
-std::ptrdiff_t blur_inside(std::uint8_t* bytes, std::ptrdiff_t first, std::ptrdiff_t end,
+std::ptrdiff_t blur_inside(const Buffers& buffers, std::ptrdiff_t first, std::ptrdiff_t end,
                            std::ptrdiff_t stride) {
     // The row above a block must be finished before the block is begun.
     const std::ptrdiff_t longest = std::min(block_size, stride - stride % step);
@@ -90,47 +96,64 @@ std::ptrdiff_t blur_inside(std::uint8_t* bytes, std::ptrdiff_t first, std::ptrdi
     std::uint16_t* const sums = buffer.data() + sums_before;
     while (longest > 0 && end - first >= step) {
         const std::ptrdiff_t count = std::min(longest, end - first - (end - first) % step);
-        add_past(bytes + first, sums);
-        add_neighbours(bytes + first, count, stride, sums);
-        average_along_row(bytes + first, count, sums);
+        std::uint8_t* const targets = buffers.new_bytes.data() + first;
+        add_past(targets, sums);
+        add_neighbours(targets - stride, buffers.old_bytes.data() + first, count, stride, sums);
+        average_along_row(targets, count, sums);
         first += count;
     }
     return first;
 }
 
 /// Targets near or past the buffer's end, each access checked.
-void blur_at_the_end(std::span<std::uint8_t> bytes, std::ptrdiff_t first, std::ptrdiff_t end,
+void blur_at_the_end(const Buffers& buffers, std::ptrdiff_t first, std::ptrdiff_t end,
                      std::ptrdiff_t stride) {
-    const auto size = static_cast<std::ptrdiff_t>(bytes.size());
-    const auto byte_at = [&](std::ptrdiff_t index) {
+    const auto size = std::ssize(buffers.new_bytes);
+    const auto byte_at = [size](std::span<const std::uint8_t> bytes, std::ptrdiff_t index) {
         return index < size ? int{bytes[static_cast<std::size_t>(index)]} : 0;
     };
     for (std::ptrdiff_t target = first; target < std::min(end, size); ++target) {
-        const int sum = byte_at(target - stride) + byte_at(target - pixel) +
-                        byte_at(target + pixel) + byte_at(target + stride);
-        bytes[static_cast<std::size_t>(target)] = static_cast<std::uint8_t>(sum / 4);
+        const int sum = byte_at(buffers.new_bytes, target - stride) +
+                        byte_at(buffers.new_bytes, target - pixel) +
+                        byte_at(buffers.old_bytes, target + pixel) +
+                        byte_at(buffers.old_bytes, target + stride);
+        buffers.new_bytes[static_cast<std::size_t>(target)] = static_cast<std::uint8_t>(sum / 4);
     }
+}
+
+void keep(const Buffers& buffers, std::ptrdiff_t first, std::ptrdiff_t end) {
+    if (buffers.old_bytes.data() == buffers.new_bytes.data())
+        return;
+    std::copy(buffers.old_bytes.begin() + first, buffers.old_bytes.begin() + end,
+              buffers.new_bytes.begin() + first);
 }
 
 } // namespace
 
-void blur(std::span<std::uint8_t> bytes, int height, int stride) {
+void blur(std::span<const std::uint8_t> old_bytes, std::span<std::uint8_t> new_bytes, int height,
+          int stride) {
+    const Buffers buffers{.old_bytes = old_bytes, .new_bytes = new_bytes};
+    const auto size = std::ssize(new_bytes);
+    if (height <= 3) {
+        keep(buffers, 0, size);
+        return;
+    }
     const std::ptrdiff_t first = std::ptrdiff_t{stride} + 4;
     const std::ptrdiff_t end = first + (std::ptrdiff_t{height} - 3) * (std::ptrdiff_t{stride} + 1);
-    const auto size = static_cast<std::ptrdiff_t>(bytes.size());
     const std::ptrdiff_t reach = std::max<std::ptrdiff_t>(stride, pixel);
-    if (height <= 3)
-        return;
-    const std::ptrdiff_t left =
-        blur_inside(bytes.data(), first, std::min(end, size - reach), stride);
-    blur_at_the_end(bytes, left, end, stride);
+    keep(buffers, 0, std::min(first, size));
+    const std::ptrdiff_t left = blur_inside(buffers, first, std::min(end, size - reach), stride);
+    blur_at_the_end(buffers, left, end, stride);
+    keep(buffers, std::min(end, size), size);
 }
 
 void BlurPicture(PictureBox& Pic) {
     const PictureReference picture = Pic.Picture;
     if (!picture || picture->height() <= 3)
         return;
-    blur(picture->edit(), picture->height(), picture->stride());
+    picture->rewrite([&](auto old_bytes, auto new_bytes) {
+        blur(old_bytes, new_bytes, picture->height(), picture->stride());
+    });
     Pic.changed();
 }
 

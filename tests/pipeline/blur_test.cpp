@@ -20,8 +20,11 @@ void expect_its_steps(int height, int stride, int darkest = 0) {
         byte = static_cast<std::uint8_t>(brightness(random));
     Buffer expected = bytes;
     blur_literally(expected, height, stride);
-    blur(bytes, height, stride);
+    Buffer elsewhere(bytes.size());
+    blur(bytes, elsewhere, height, stride);
+    blur(bytes, bytes, height, stride);
     ASSERT_EQ(bytes, expected) << height << " rows of " << stride << ", from " << darkest << " on";
+    ASSERT_EQ(elsewhere, expected) << height << " rows of " << stride << ", into other memory";
 }
 
 TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
@@ -37,7 +40,7 @@ TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
 TEST(Blur, SmearsABrightByteAsWorkedOutByHand) {
     Buffer bytes(72, 0);
     bytes[31] = 200;
-    blur(bytes, 6, 12);
+    blur(bytes, bytes, 6, 12);
     Buffer expected(72, 0);
     const std::pair<std::size_t, std::uint8_t> changed[] = {{19, 50}, {22, 12}, {25, 3}, {28, 50},
                                                             {31, 25}, {34, 9},  {37, 3}, {40, 13},

@@ -23,7 +23,7 @@ struct Pipeline : Started<2> {
     std::vector<std::uint8_t> filtered(int times) const {
         auto bytes = raw;
         for (int pass = 0; pass < times; ++pass)
-            blur(bytes, 48, 192);
+            blur(bytes, bytes, 48, 192);
         return bytes;
     }
     void let_run(milliseconds duration = milliseconds(50)) { platform.run_for(duration); }

@@ -32,14 +32,30 @@ constexpr std::array substitutes{
     Substitute{"Courier New", "Liberation Mono", QFont::Normal},
 };
 
-QFont family_font(std::string_view name) {
-    const QString family = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-    const auto* const substitute = std::ranges::find(substitutes, name, &Substitute::missing);
-    if (substitute == substitutes.end() || QFontDatabase::hasFamily(family))
+QString family_name(std::string_view name) {
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+QFont family_or_substitute(const Substitute& substitute) {
+    const QString family = family_name(substitute.missing);
+    if (QFontDatabase::hasFamily(family))
         return QFont(family);
-    QFont font(substitute->family);
-    font.setWeight(substitute->weight);
+    QFont font(substitute.family);
+    font.setWeight(substitute.weight);
     return font;
+}
+
+QFont family_font(std::string_view name) {
+    // Whether a family is there is asked once: each answer takes a walk through all of them.
+    static const auto fonts = [] {
+        std::array<QFont, substitutes.size()> all;
+        std::ranges::transform(substitutes, all.begin(), family_or_substitute);
+        return all;
+    }();
+    const auto* const substitute = std::ranges::find(substitutes, name, &Substitute::missing);
+    if (substitute == substitutes.end())
+        return QFont(family_name(name));
+    return fonts.at(static_cast<std::size_t>(substitute - substitutes.begin()));
 }
 
 int overhang(const QFontMetrics& metrics, const QString& line) {

@@ -34,14 +34,13 @@ std::span<const std::uint8_t> Picture::opacity() const {
             static_cast<std::size_t>(pixels_.width) * static_cast<std::size_t>(pixels_.height)};
 }
 
-std::span<std::uint8_t> Picture::edit() {
-    if (!own_bytes_) {
+void Picture::rewrite(const Change& change) {
+    const auto old_bytes = pixels_.bytes;
+    if (!own_bytes_)
         own_bytes_ = memory_.take(byte_count());
-        std::ranges::copy(bytes(), own_bytes_.get());
-        pixels_.bytes = own_bytes_;
-    }
+    change({old_bytes.get(), byte_count()}, {own_bytes_.get(), byte_count()});
+    pixels_.bytes = own_bytes_;
     ++revision_;
-    return {own_bytes_.get(), byte_count()};
 }
 
 std::size_t Picture::byte_count() const {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 
@@ -30,11 +31,12 @@ int stride_of(int width);
 /// Sets the padding of the rows to zero.
 void clear_padding(std::span<std::uint8_t> rows, int width);
 
-/// One picture object. Controls hold it by reference, so an edit reaches all that hold it. Objects
-/// made from the same pixels share them; one that is edited has bytes of its own from then on.
+/// One picture object. Controls hold it by reference, so that new bytes reach all that hold it.
+/// Objects made from the same pixels share them; one that is rewritten has bytes of its own from
+/// then on.
 class Picture {
   public:
-    /// The bytes that an edit needs are taken from the memory.
+    /// The bytes of the picture's own are taken from the memory.
     explicit Picture(Pixels pixels, PixelMemory memory = {});
 
     int width() const { return pixels_.width; }
@@ -46,10 +48,14 @@ class Picture {
     /// width() * height() bytes, or none for a picture that is opaque everywhere.
     std::span<const std::uint8_t> opacity() const;
 
-    /// The bytes, to be changed in place. Moves the revision.
-    std::span<std::uint8_t> edit();
+    /// Replaces the bytes. The change is given those that stand and a place for the new ones, which
+    /// it fills; from the second time on both are the same memory. Throws a `Failure` where there
+    /// is no memory for bytes of the picture's own.
+    using Change = std::function<void(std::span<const std::uint8_t> old_bytes,
+                                      std::span<std::uint8_t> new_bytes)>;
+    void rewrite(const Change& change);
 
-    /// Moves with every edit, so that a view knows when to paint again.
+    /// Moves with every rewrite, so that a view knows when to paint again.
     std::uint64_t revision() const { return revision_; }
 
   private:
@@ -57,7 +63,7 @@ class Picture {
 
     Pixels pixels_;
     PixelMemory memory_;
-    /// The picture's own bytes, once it was edited.
+    /// The picture's own bytes, once it was rewritten.
     std::shared_ptr<std::uint8_t[]> own_bytes_;
     std::uint64_t revision_ = 0;
 };

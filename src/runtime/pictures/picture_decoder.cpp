@@ -166,7 +166,7 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& mem
     try {
         return decode(bytes, memory);
     } catch (const std::bad_alloc&) {
-        refuse("There is not enough memory for the picture.");
+        throw no_memory_for_a_picture();
     }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <list>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <utility>
 
@@ -16,10 +17,18 @@ struct Buffer {
 };
 
 Buffer new_buffer(std::size_t size) {
-    return {.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size), .size = size};
+    try {
+        return {.bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size), .size = size};
+    } catch (const std::bad_alloc&) {
+        throw no_memory_for_a_picture();
+    }
 }
 
 } // namespace
+
+Failure no_memory_for_a_picture() {
+    return Failure(FailureKind::invalid_picture, "There is not enough memory for the picture.");
+}
 
 /// The buffers that nobody uses, the one that came back first in front.
 class PixelMemory::Idle {

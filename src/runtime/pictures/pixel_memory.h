@@ -1,10 +1,15 @@
 #pragma once
 
+#include "runtime/failure.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 
 namespace lookfar {
+
+/// The failure of whoever finds too little memory for a picture.
+Failure no_memory_for_a_picture();
 
 /// Memory for pixels that the next picture uses again. A page that goes back to the system and is
 /// asked for anew costs more than the decoding of what stands on it.
@@ -18,7 +23,7 @@ class PixelMemory {
     PixelMemory();
 
     /// A buffer of that many bytes at least, of any content. It is kept for the next picture when
-    /// the last pointer to it goes.
+    /// the last pointer to it goes. Throws a `Failure` where there is no memory.
     std::shared_ptr<std::uint8_t[]> take(std::size_t byte_count) const;
 
   private:

@@ -55,6 +55,10 @@ TEST_F(LayersTest, ControlsAreDrawnBackToFrontAndTintsMergeBitByBit) {
     EXPECT_EQ(pixel(form, 150, 50), 0x000000U);
 }
 
+Picture::Change painted(std::uint8_t value) {
+    return [value](auto, auto new_bytes) { std::ranges::fill(new_bytes, value); };
+}
+
 TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     const ScaledPictures& pictures = window(form).drawn().pictures();
     const int first = pictures.prepared();
@@ -65,7 +69,7 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     EXPECT_EQ(pictures.prepared(), first);
 
     const auto picture = Image1.Picture.get();
-    std::ranges::fill(picture->edit(), std::uint8_t{0x55});
+    picture->rewrite(painted(0x55));
     Label1.BackColor = colour::black;
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 1; }));
     EXPECT_EQ(pixel(form, 50, 50), 0x555555U);
@@ -75,7 +79,7 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     EXPECT_EQ(pixel(form, 150, 20), 0x0F0F40U);
 
     form.Hide();
-    std::ranges::fill(picture->edit(), std::uint8_t{0x66});
+    picture->rewrite(painted(0x66));
     Image1.Width = 900;
     let_loop_come_round();
     EXPECT_EQ(pictures.prepared(), first + 2);

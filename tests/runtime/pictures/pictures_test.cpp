@@ -131,8 +131,10 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
 
     const std::uint8_t raw = first->bytes()[0];
     for (const auto& edited : {first, second}) {
-        edited->edit()[0] = static_cast<std::uint8_t>(raw + 1);
-        edited->edit()[0] = static_cast<std::uint8_t>(edited->bytes()[0] + 1);
+        for (int time = 0; time < 2; ++time)
+            edited->rewrite([](auto old_bytes, auto new_bytes) {
+                new_bytes[0] = static_cast<std::uint8_t>(old_bytes[0] + 1);
+            });
         EXPECT_EQ(edited->bytes()[0], raw + 2) << "an edit goes on from the one before";
         EXPECT_EQ(edited->revision(), 2U);
     }
