@@ -102,8 +102,10 @@ void WindowFrame::take_state() {
 
 void WindowFrame::follow_move() {
     const QSize size = window_.frameGeometry().size();
-    const bool has_new_frame = size != window_.size() && size != centred_size_;
-    if (form_.CentredOnScreen && has_new_frame) {
+    // While the window manager sets its frame up, the toolkit may take that for smaller than the
+    // window.
+    const bool has_frame = size != window_.size() && size == size.expandedTo(window_.size());
+    if (form_.CentredOnScreen && has_frame && size != centred_size_) {
         centre_on_screen(size);
         return;
     }
