@@ -84,11 +84,16 @@ DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
         [this](std::function<void()> work) { post(std::move(work)); });
     parts_->wake_timer.setSingleShot(true);
     parts_->wake_timer.setTimerType(Qt::PreciseTimer);
-    parts_->wake_timer.callOnTimeout([this] {
-        if (const auto handler = parts_->wake_handler)
-            handler();
-        parts_->windows.synchronise();
-    });
+    // Queued, so that what the user has done by then comes before the ticks. They may take long,
+    // and may let the loop run, where the next ones are due already.
+    parts_->wake_timer.callOnTimeout(
+        &parts_->loop,
+        [this] {
+            if (const auto handler = parts_->wake_handler)
+                handler();
+            parts_->windows.synchronise();
+        },
+        Qt::QueuedConnection);
 }
 
 DesktopPlatform::~DesktopPlatform() = default;

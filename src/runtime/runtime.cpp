@@ -11,6 +11,26 @@
 
 namespace lookfar {
 
+namespace {
+
+/// How many calls of `DoEvents` may be nested in one another. Each takes its part of the stack, and
+/// holds up the handlers that called the outer ones.
+constexpr int deepest_nesting = 4;
+
+/// Counts a level while it lives.
+class Level {
+  public:
+    explicit Level(int& depth) : depth_(depth) { ++depth_; }
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    ~Level() { --depth_; }
+
+  private:
+    int& depth_;
+};
+
+} // namespace
+
 /// Counts the handlers on the stack; with the last one the unloaded windows go.
 class Runtime::RunningHandler {
   public:
@@ -40,6 +60,9 @@ Runtime::~Runtime() {
 }
 
 void Runtime::DoEvents() {
+    if (nested_do_events_ == deepest_nesting)
+        return;
+    const Level level(nested_do_events_);
     platform_.deliver_pending();
     timers_.serve_due();
 }

@@ -31,7 +31,9 @@ class Runtime {
     RandomNumbers& random() { return random_; }
     PictureLoader& pictures() { return pictures_; }
 
-    /// Lets the message loop deliver what is pending, due ticks included, then returns.
+    /// Lets the message loop deliver what is pending, due ticks included, then returns. A handler
+    /// that is called so may call this again; beyond a small depth that delivers nothing, and what
+    /// is pending comes when the loop runs next.
     void DoEvents();
     /// Stops the program on the spot.
     [[noreturn]] void End();
@@ -81,6 +83,7 @@ class Runtime {
     RandomNumbers random_;
     PictureLoader pictures_;
     int running_handlers_ = 0;
+    int nested_do_events_ = 0;
     TimerQueue timers_;
     std::vector<std::unique_ptr<Form>> retired_;
 };

@@ -102,5 +102,30 @@ TEST_F(Refresh, ThatComesBeforeTheTransferStartsFetchesThePictureTwice) {
     EXPECT_EQ(platform.requests.size(), 4U) << "a tick that is due by then too";
 }
 
+TEST_F(Refresh, NestsToASmallDepthOnlyHoweverManyArePending) {
+    int pending = 20'000;
+    for (int count = pending; count > 0; --count)
+        platform.post([&] {
+            --pending;
+            refresh();
+        });
+    refresh();
+    EXPECT_EQ(pending, 0);
+    EXPECT_GT(platform.requests.size(), 2U) << "an inner fetch runs whole before its outer one";
+    EXPECT_LT(platform.requests.size(), 10U);
+}
+
+TEST_F(Refresh, AsksAndLetsItselfBeEndedThoughTheListTakesLongerToReadThanTheInterval) {
+    constexpr milliseconds slow(1200);
+    platform.faulty_disk.before = [&](const std::string& operation) {
+        if (operation == "open-read Cams.inf")
+            platform.pass(slow);
+    };
+    Form1->Timer1.Interval = 1000;
+    platform.after(seconds(30), [&] { Form1->request_close(); });
+    EXPECT_THROW(platform.run_for(seconds(30) + slow), ProgramEnded);
+    EXPECT_GT(platform.requests.size(), 2U);
+}
+
 } // namespace
 } // namespace lookfar::testing

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -61,6 +62,22 @@ TEST_F(MessageLoopTest, DeliverPendingRunsWhatWasPostedAndReturns) {
         platform.post([&] { ++runs; });
     platform.deliver_pending();
     EXPECT_EQ(runs, 100);
+}
+
+TEST_F(MessageLoopTest, DoEventsNestsToASmallDepthOnlyAndWhatItLeavesComesLater) {
+    int pending = 20'000;
+    int depth = 0;
+    int deepest = 0;
+    for (int count = pending; count > 0; --count)
+        QTimer::singleShot(1, [&] {
+            --pending;
+            deepest = std::max(deepest, ++depth);
+            runtime.DoEvents();
+            --depth;
+        });
+    EXPECT_TRUE(comes_true([&] { return pending == 0; }));
+    EXPECT_GT(deepest, 2);
+    EXPECT_LT(deepest, 10);
 }
 
 TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosedAndLetTicksComeEvenInATick) {

@@ -35,6 +35,8 @@ class ScriptedPlatform : public Platform {
 
     /// Lets the message loop run for some virtual time.
     void run_for(std::chrono::milliseconds duration);
+    /// Lets time pass that a handler takes, so that nothing happens meanwhile.
+    void pass(std::chrono::milliseconds duration) { now_ += duration; }
     /// Has an action come from the user or the machine after some virtual time.
     void after(std::chrono::milliseconds delay, std::function<void()> action);
     void set_time_of_day(std::chrono::milliseconds time);
