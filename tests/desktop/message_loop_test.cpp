@@ -122,7 +122,8 @@ TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosedAndLetTicksComeEvenInAT
 
 TEST_F(MessageLoopTest, APopupMenuBlocksNothingAndDeliversItsEntry) {
     show(form);
-    form.PopupMenu(form.Menu, &form.Pick);
+    form.MenuKey.connect([&] { form.PopupMenu(form.Menu, &form.Pick); });
+    QTest::keyClick(&window(form), Qt::Key_F10, Qt::ShiftModifier);
     QMenu* const menu = window(form).popup_menu();
     ASSERT_TRUE(comes_true([&] { return menu->isVisible(); }));
     ASSERT_EQ(menu->actions().size(), 3);

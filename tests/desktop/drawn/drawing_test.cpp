@@ -70,7 +70,7 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
 
     const auto picture = Image1.Picture.get();
     picture->rewrite(painted(0x55));
-    Label1.BackColor = colour::black;
+    form.Caption = std::string("Only the picture is painted again for this");
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 1; }));
     EXPECT_EQ(pixel(form, 50, 50), 0x555555U);
 

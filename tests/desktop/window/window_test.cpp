@@ -2,11 +2,13 @@
 
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
+#include "runtime/controls/lists.h"
 #include "runtime/controls/text_box.h"
 #include "runtime/window.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
+#include <QListView>
 #include <QPointer>
 #include <QScreen>
 
@@ -15,11 +17,14 @@ namespace {
 
 class SmallForm : public Form {
   public:
-    explicit SmallForm(Runtime& host) : Form(host, {.Client = {3000, 1500}}) {}
+    explicit SmallForm(Runtime& host) : Form(host, {.Client = {3000, 1500}}) {
+        List1.AddItem("Camera");
+    }
 
     CommandButton Command1{*this, {.Caption = "Close", .At = {300, 300, 1200, 375}}};
-    TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}}};
+    TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}, .TabIndex = 1}};
     UpDown UpDown1{*this, {.At = {1800, 900, 300, 300}, .Max = 10}};
+    ListBox List1{*this, {.At = {2200, 300, 700, 900}, .TabIndex = 2}};
 };
 
 class WindowTest : public DesktopTest {
@@ -64,12 +69,15 @@ TEST_F(WindowTest, LeavesNoWayFromItsWidgetsToControlsThatAreGone) {
     auto& entry = widget<QLineEdit>(form.Text1);
     const auto buttons = window(form).findChildren<QAbstractButton*>();
     ASSERT_EQ(buttons.size(), 3);
+    const QAbstractItemModel& entries = *widget<QListView>(form.List1).model();
+    ASSERT_EQ(entries.rowCount(), 1);
     window(form).close();
     ASSERT_FALSE(slot.is_loaded());
     for (QAbstractButton* const button : buttons)
         button->click();
     entry.setText("7");
     EXPECT_EQ(told, 0);
+    EXPECT_EQ(entries.rowCount(), 0);
 }
 
 TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
@@ -115,10 +123,12 @@ TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
     form.Text1.Text = std::string("99");
     form.Command1.Visible = false;
     form.MousePointer = MousePointer::hourglass;
+    form.Text1.SetFocus();
     let_loop_come_round();
     EXPECT_EQ(entry.text(), "10") << "a hidden window follows nothing";
     show(form);
     EXPECT_EQ(entry.text(), "99");
+    EXPECT_EQ(window(form).focusWidget(), &entry) << "although the button comes first";
     EXPECT_FALSE(widget(form.Command1).isVisible());
     EXPECT_EQ(entry.cursor().shape(), Qt::WaitCursor);
     form.MousePointer = MousePointer::standard;
