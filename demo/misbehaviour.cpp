@@ -28,6 +28,11 @@ Answer web_page() {
     return {.content_type = "text/html", .body = "<p>This camera has moved.</p>\n"};
 }
 
+Answer with_status(int status, Answer answer) {
+    answer.status = status;
+    return answer;
+}
+
 /// An answer that announces so many bytes, whatever its body is.
 std::string announcing(std::size_t length, const std::string& body,
                        const std::string& more_headers = {}) {
@@ -111,6 +116,10 @@ std::map<std::string, Responder> hostile_answers() {
     return {
         {"/good", always(small_picture())},
         {"/page", always(web_page())},
+        {"/gone", always(status_page(404))},
+        {"/gone-with-picture", always(with_status(404, small_picture()))},
+        {"/busy", always(Answer{.status = 503})},
+        {"/unknown-format", always(Answer{.content_type = "image/avif", .body = "ftypavif"})},
         {"/nothing", always(Answer{.content_type = "image/jpeg"})},
         {"/huge-picture", always(huge_picture())},
         {"/truncated", always(truncated_picture())},

@@ -53,11 +53,18 @@ CurlExchange::~CurlExchange() {
     curl_multi_remove_handle(multi_, easy_.get());
 }
 
-std::variant<Bytes, Failure> CurlExchange::take_body(CURLcode code) {
+std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
+    if (code != CURLE_OK && !body_.is_whole_part())
+        return failure(code);
+    Answer answer = answer_head(easy_.get());
+    answer.had_credentials = has_credentials_;
+    answer.body = body_.take();
+    return answer;
+}
+
+Failure CurlExchange::failure(CURLcode code) const {
     if (body_.refusal())
         return *body_.refusal();
-    if (code == CURLE_OK || body_.is_whole_part())
-        return body_.take();
     if (code == CURLE_FILESIZE_EXCEEDED)
         return AnswerBody::too_large();
     if (is_head_too_large_ || (code == CURLE_OUT_OF_MEMORY && is_reading_head()))
@@ -79,7 +86,8 @@ void CurlExchange::set(CURLoption option, Value value) {
 void CurlExchange::set_destination() {
     const Address address = address_of(ticket_->request.url);
     set(CURLOPT_URL, address.url.c_str());
-    if (!address.user_name.empty() || !address.password.empty()) {
+    has_credentials_ = !address.user_name.empty() || !address.password.empty();
+    if (has_credentials_) {
         set(CURLOPT_USERNAME, address.user_name.c_str());
         set(CURLOPT_PASSWORD, address.password.c_str());
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/transfer.h"
+#include "transfers/answer.h"
 #include "transfers/answer_body.h"
 #include "transfers/curl_handles.h"
 
@@ -37,8 +38,8 @@ class CurlExchange {
     bool is_on(const CURL* handle) const { return easy_.get() == handle; }
     const std::shared_ptr<TransferTicket>& ticket() const { return ticket_; }
 
-    /// The body or the failure of a transfer that the library ended with the code.
-    std::variant<Bytes, Failure> take_body(CURLcode code);
+    /// The answer to, or the failure of, a transfer that the library ended with the code.
+    std::variant<Answer, Failure> take_answer(CURLcode code);
 
   private:
     template <class Value>
@@ -53,9 +54,11 @@ class CurlExchange {
     bool count_header(std::string_view line);
     bool append_body(std::span<const char> part);
     bool is_reading_head() const;
+    Failure failure(CURLcode code) const;
 
     CURLM* multi_;
     std::shared_ptr<TransferTicket> ticket_;
+    bool has_credentials_ = false;
     AnswerBody body_;
     std::size_t header_size_ = 0;
     bool is_head_complete_ = false;

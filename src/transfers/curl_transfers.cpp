@@ -1,5 +1,6 @@
 #include "transfers/curl_transfers.h"
 
+#include "transfers/complaint.h"
 #include "transfers/curl_exchange.h"
 
 #include <algorithm>
@@ -18,6 +19,11 @@ constexpr int longest_poll_milliseconds = 10'000;
 void report(TransferTicket& ticket) {
     if (const TransferDone done = std::exchange(ticket.done, nullptr))
         done(std::move(ticket.outcome));
+}
+
+DecodedBodyReference decoded(Answer answer, const TransferRequest& request) {
+    const std::string complaint = complaint_about(answer);
+    return request.decode(std::move(answer.body), complaint);
 }
 
 } // namespace
@@ -93,10 +99,10 @@ class CurlTransfers::Worker {
         const auto exchange = std::move(*found);
         running_.erase(found);
         const auto& ticket = exchange->ticket();
-        if (auto body = exchange->take_body(code); auto* const bytes = std::get_if<Bytes>(&body))
-            post_report(ticket, ticket->request.decode(std::move(*bytes)));
+        if (auto end = exchange->take_answer(code); auto* const answer = std::get_if<Answer>(&end))
+            post_report(ticket, decoded(std::move(*answer), ticket->request));
         else
-            post_report(ticket, std::get<Failure>(body));
+            post_report(ticket, std::get<Failure>(end));
     }
 
     void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {

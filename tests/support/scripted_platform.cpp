@@ -92,7 +92,8 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
         if (!std::exchange(*is_wanted, false))
             return;
         if (const auto* const body = std::get_if<Bytes>(&outcome))
-            done(decode(*body));
+            done(decode(*body, body->empty() ? "The camera's answer holds no bytes."
+                                             : "The camera's answer is not a picture."));
         else
             done(std::get<Failure>(outcome));
     });

@@ -16,6 +16,7 @@
 #include <string>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace lookfar {
 
@@ -101,12 +102,14 @@ class Transfers : public testing::Test {
         return {.url = url,
                 .timeout = patience,
                 .media_types = "image/jpeg,image/gif",
-                .decode = note_thread()};
+                .decode = note_decode()};
     }
 
-    BodyDecoder note_thread() {
-        return [this](Bytes bytes) {
+    /// Takes every body for a picture.
+    BodyDecoder note_decode() {
+        return [this](Bytes bytes, const std::string& complaint) {
             decoding_thread = std::this_thread::get_id();
+            complaints.push_back(complaint);
             return std::make_shared<const DecodedBody>(
                 DecodedBody{.bytes = std::move(bytes), .picture = Pixels{}});
         };
@@ -137,6 +140,8 @@ class Transfers : public testing::Test {
     std::string host() const { return "127.0.0.1:" + std::to_string(server.port()); }
 
     std::thread::id decoding_thread;
+    /// What each decode was to say of a body that is no picture.
+    std::vector<std::string> complaints;
     MessageLoop loop;
     bool is_stalling = false;
     std::optional<bool> was_left;

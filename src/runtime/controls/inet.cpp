@@ -28,7 +28,8 @@ DecodedBodyReference body_of(const TransferOutcome& outcome) {
         throw *failure;
     auto body = std::get<DecodedBodyReference>(outcome);
     if (body->bytes.empty())
-        throw Failure(FailureKind::transfer_without_bytes, "The camera's answer holds no bytes.");
+        throw Failure(FailureKind::transfer_without_bytes,
+                      std::get<Failure>(body->picture).Description);
     return body;
 }
 

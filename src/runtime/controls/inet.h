@@ -29,7 +29,7 @@ class Inet : public Element {
 
     /// Performs a whole HTTP GET and gives back the body, while the message loop runs on.
     /// Throws a `Failure`: 35764 at once while another request is running, which is left alone;
-    /// one with a text of its own for a body without a byte; otherwise that of the transfer.
+    /// 35765 for a body without a byte; otherwise that of the transfer.
     Bytes OpenURL(const std::string& url, DataType type);
     /// Ends the request in progress with a failure.
     void Cancel();

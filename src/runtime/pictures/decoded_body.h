@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <variant>
 
 namespace lookfar {
@@ -19,11 +20,12 @@ struct DecodedBody {
 /// Never changes, so that threads may share it.
 using DecodedBodyReference = std::shared_ptr<const DecodedBody>;
 
-/// Decodes a body on the thread of a transfer. Throws nothing.
-using BodyDecoder = std::function<DecodedBodyReference(Bytes)>;
+/// Decodes a body on the thread of a transfer. Where the body is in no format of pictures that is
+/// read, its failure has the text of the complaint. Throws nothing.
+using BodyDecoder = std::function<DecodedBodyReference(Bytes body, const std::string& complaint)>;
 
-/// The decoder for the next answer. A body that equals the last one, if there is one, is not
-/// decoded again.
+/// The decoder for the next answer. A body that equals the last one is not decoded again where that
+/// was a picture.
 BodyDecoder body_decoder(PixelMemory memory, DecodedBodyReference last);
 
 } // namespace lookfar

@@ -28,11 +28,14 @@ constexpr std::array picture_formats{"jpeg", "gif", "png", "bmp", "webp"};
     throw Failure(FailureKind::invalid_picture, reason);
 }
 
-void refuse_format(const QByteArray& format) {
-    for (const char* const known : picture_formats)
-        if (format == known)
-            return;
-    refuse("The camera's answer is not a picture.");
+bool is_readable(const QByteArray& format) {
+    return std::ranges::any_of(picture_formats,
+                               [&format](const char* known) { return format == known; });
+}
+
+QByteArray without_copy(std::span<const std::uint8_t> bytes) {
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                   static_cast<qsizetype>(bytes.size()));
 }
 
 void refuse_size(QSize size) {
@@ -57,13 +60,11 @@ void raise_allocation_limit() {
 class Reader {
   public:
     explicit Reader(std::span<const std::uint8_t> bytes)
-        : content_(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                           static_cast<qsizetype>(bytes.size()))),
-          buffer_(&content_),
-          reader_(&buffer_) {
+        : content_(without_copy(bytes)), buffer_(&content_), reader_(&buffer_) {
         raise_allocation_limit();
         reader_.setDecideFormatFromContent(true);
-        refuse_format(reader_.format());
+        if (!is_readable(reader_.format()))
+            refuse("The camera's answer is not a picture.");
         refuse_size(reader_.size());
     }
 
@@ -168,6 +169,13 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& mem
     } catch (const std::bad_alloc&) {
         throw no_memory_for_a_picture();
     }
+}
+
+bool is_in_readable_format(std::span<const std::uint8_t> bytes) {
+    QByteArray content = without_copy(bytes);
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::ReadOnly);
+    return is_readable(QImageReader::imageFormat(&buffer));
 }
 
 std::string readable_media_types() {

@@ -20,6 +20,9 @@ inline constexpr long long largest_picture = 64LL * 1024 * 1024;
 /// `largest_picture` pixels.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
 
+/// Whether the bytes begin as a picture that is read, whatever is wrong with it further on.
+bool is_in_readable_format(std::span<const std::uint8_t> bytes);
+
 /// The media types of the pictures that are read, with commas between them.
 std::string readable_media_types();
 

@@ -120,7 +120,7 @@ PictureReference load(const PictureLoader& loader, const Bytes& file) {
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     PictureLoader loader;
     const Bytes body = picture_file(40, 30);
-    loader.remember(loader.decoder_ahead()(body));
+    loader.remember(loader.decoder_ahead()(body, ""));
     Bytes file = body;
     const Bytes tail = detailed_jpeg(64, 64);
     file.insert(file.end(), tail.begin(), tail.end());
@@ -144,17 +144,38 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
 
 TEST(Pictures, OfEqualBodiesAreDecodedOnce) {
     PictureLoader loader;
-    const auto body = loader.decoder_ahead()(picture_file(40, 30));
+    const auto body = loader.decoder_ahead()(picture_file(40, 30), "");
     loader.remember(body);
-    EXPECT_EQ(loader.decoder_ahead()(picture_file(40, 30)), body);
-    EXPECT_NE(loader.decoder_ahead()(picture_file(41, 30)), body);
+    EXPECT_EQ(loader.decoder_ahead()(picture_file(40, 30), ""), body);
+    EXPECT_NE(loader.decoder_ahead()(picture_file(41, 30), ""), body);
+}
+
+TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
+    PictureLoader loader;
+    const Bytes jpeg = detailed_jpeg(64, 48);
+    const Bytes half(jpeg.begin(), jpeg.begin() + static_cast<long>(jpeg.size() / 2));
+    const struct {
+        Bytes body;
+        std::string complaint;
+        std::string failure;
+    } cases[] = {
+        {bytes_of("<p>"), "404", "404"},
+        {bytes_of("<p>"), "503", "503"},
+        {{}, "empty", "empty"},
+        {half, "404", "The picture ends too early."},
+    };
+    for (const auto& [body, complaint, failure] : cases) {
+        const auto decoded = loader.decoder_ahead()(body, complaint);
+        EXPECT_EQ(std::get<Failure>(decoded->picture).Description, failure);
+        loader.remember(decoded);
+    }
 }
 
 TEST(Pictures, ThatWereRefusedAheadAreRefusedWhateverFollowsInTheFile) {
     PictureLoader loader;
     const Bytes whole = detailed_jpeg(64, 48);
     const Bytes half(whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2));
-    loader.remember(loader.decoder_ahead()(half));
+    loader.remember(loader.decoder_ahead()(half, ""));
     EXPECT_THROW(load(loader, whole), Failure);
 }
 

@@ -1,0 +1,49 @@
+#include "transfers/answer.h"
+
+#include "transfers/ascii.h"
+#include "transfers/content_type.h"
+
+namespace lookfar {
+
+namespace {
+
+/// The value of the last header of that name; empty where there is none.
+std::string header(CURL* handle, const char* name) {
+    constexpr int last_answer = -1;
+    curl_header* header = nullptr;
+    const bool is_there =
+        curl_easy_header(handle, name, 0, CURLH_HEADER, last_answer, &header) == CURLHE_OK;
+    return is_there ? header->value : "";
+}
+
+long number(CURL* handle, CURLINFO info) {
+    long value = 0;
+    curl_easy_getinfo(handle, info, &value);
+    return value;
+}
+
+/// A host that can't be asked with a long text would refuse every request from then on.
+std::string if_short(std::string validator) {
+    constexpr std::size_t longest = 512;
+    return validator.size() <= longest ? validator : std::string();
+}
+
+Validators validators(CURL* handle) {
+    Validators read{.etag = if_short(header(handle, "ETag"))};
+    // A redirect may lead to another picture the next time, which may be older than this one.
+    if (number(handle, CURLINFO_REDIRECT_COUNT) == 0)
+        read.last_modified = if_short(header(handle, "Last-Modified"));
+    return read;
+}
+
+} // namespace
+
+Answer answer_head(CURL* handle) {
+    const std::string rules = in_small_letters(header(handle, "Cache-Control"));
+    return {.status = number(handle, CURLINFO_RESPONSE_CODE),
+            .media_type = media_type_of(header(handle, "Content-Type")),
+            .validators = validators(handle),
+            .is_not_to_be_stored = rules.find("no-store") != std::string::npos};
+}
+
+} // namespace lookfar

@@ -1,0 +1,45 @@
+#include "transfers/complaint.h"
+
+#include <gtest/gtest.h>
+
+namespace lookfar {
+namespace {
+
+Bytes bytes_of(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+TEST(Complaints, TellWhatTheCameraAnsweredInPlaceOfAPicture) {
+    const std::string page = "The camera's answer is a web page, not a picture.";
+    const Bytes other = bytes_of("other");
+    const struct {
+        Answer answer;
+        std::string complaint;
+    } cases[] = {
+        {{.status = 404, .media_type = "text/html", .body = bytes_of("<html>")},
+         "The camera answered 404 Not Found."},
+        {{.status = 503}, "The camera answered 503 Service Unavailable."},
+        {{.status = 302}, "The camera answered 302 Found."},
+        {{.status = 599, .media_type = "image/jpeg", .body = other}, "The camera answered 599."},
+        {{.status = 401}, "The camera asks for a user name and a password (401)."},
+        {{.status = 401, .had_credentials = true},
+         "The camera refuses the user name or the password (401)."},
+        {{.status = 407}, "The proxy asks for a user name and a password (407)."},
+        {{.status = 200, .media_type = "text/html"}, "The camera's answer holds no bytes."},
+        {{.status = 200, .media_type = "text/html", .body = other}, page},
+        {{.status = 206, .media_type = "application/xhtml+xml", .body = other}, page},
+        {{.status = 200,
+          .media_type = "image/jpeg",
+          .body = bytes_of("\xEF\xBB\xBF\r\n<!DocType HTML>")},
+         page},
+        {{.status = 200, .body = bytes_of("<HTML lang=en>")}, page},
+        {{.status = 200, .body = other}, "The camera's answer is not a picture."},
+        {{.status = 200, .media_type = "image/avif", .body = other},
+         "The camera's answer is not a picture that can be shown. The camera calls it image/avif."},
+    };
+    for (const auto& [answer, complaint] : cases)
+        EXPECT_EQ(complaint_about(answer), complaint);
+}
+
+} // namespace
+} // namespace lookfar
