@@ -39,8 +39,9 @@ long timeout_milliseconds(std::chrono::milliseconds timeout) {
 
 } // namespace
 
-CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket)
-    : multi_(multi), ticket_(std::move(ticket)) {
+CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
+                           KnownAnswerReference known)
+    : multi_(multi), ticket_(std::move(ticket)), known_(std::move(known)) {
     set_destination();
     set_manners();
     set_limits();
@@ -101,6 +102,8 @@ void CurlExchange::set_destination() {
 void CurlExchange::set_manners() {
     set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
     append(header_lines_, "Accept: " + ticket_->request.media_types + all_else);
+    for (const std::string& line : conditions(known_))
+        append(header_lines_, line);
     set(CURLOPT_HTTPHEADER, header_lines_.get());
     set(CURLOPT_ACCEPT_ENCODING, all_encodings);
 }

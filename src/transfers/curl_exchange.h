@@ -4,6 +4,7 @@
 #include "transfers/answer.h"
 #include "transfers/answer_body.h"
 #include "transfers/curl_handles.h"
+#include "transfers/last_answer.h"
 
 #include <array>
 #include <atomic>
@@ -30,13 +31,16 @@ struct TransferTicket {
 class CurlExchange {
   public:
     /// Throws a Failure if the request cannot be started.
-    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket);
+    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket, KnownAnswerReference known);
     CurlExchange(const CurlExchange&) = delete;
     CurlExchange& operator=(const CurlExchange&) = delete;
     ~CurlExchange();
 
     bool is_on(const CURL* handle) const { return easy_.get() == handle; }
     const std::shared_ptr<TransferTicket>& ticket() const { return ticket_; }
+
+    /// What the host was asked to send its picture for only if that has changed.
+    const KnownAnswerReference& known() const { return known_; }
 
     /// The answer to, or the failure of, a transfer that the library ended with the code.
     std::variant<Answer, Failure> take_answer(CURLcode code);
@@ -58,6 +62,7 @@ class CurlExchange {
 
     CURLM* multi_;
     std::shared_ptr<TransferTicket> ticket_;
+    KnownAnswerReference known_;
     bool has_credentials_ = false;
     AnswerBody body_;
     std::size_t header_size_ = 0;

@@ -1,6 +1,5 @@
 #include "transfers/curl_transfers.h"
 
-#include "transfers/complaint.h"
 #include "transfers/curl_exchange.h"
 
 #include <algorithm>
@@ -19,11 +18,6 @@ constexpr int longest_poll_milliseconds = 10'000;
 void report(TransferTicket& ticket) {
     if (const TransferDone done = std::exchange(ticket.done, nullptr))
         done(std::move(ticket.outcome));
-}
-
-DecodedBodyReference decoded(Answer answer, const TransferRequest& request) {
-    const std::string complaint = complaint_about(answer);
-    return request.decode(std::move(answer.body), complaint);
 }
 
 } // namespace
@@ -75,7 +69,8 @@ class CurlTransfers::Worker {
 
     void start(const std::shared_ptr<TransferTicket>& ticket) {
         try {
-            running_.push_back(std::make_unique<CurlExchange>(multi_.get(), ticket));
+            running_.push_back(std::make_unique<CurlExchange>(
+                multi_.get(), ticket, last_answer_.known_at(ticket->request.url)));
         } catch (const Failure& failure) {
             post_report(ticket, failure);
         }
@@ -100,7 +95,8 @@ class CurlTransfers::Worker {
         running_.erase(found);
         const auto& ticket = exchange->ticket();
         if (auto end = exchange->take_answer(code); auto* const answer = std::get_if<Answer>(&end))
-            post_report(ticket, decoded(std::move(*answer), ticket->request));
+            post_report(ticket, last_answer_.outcome_of(std::move(*answer), ticket->request,
+                                                        exchange->known()));
         else
             post_report(ticket, std::get<Failure>(end));
     }
@@ -115,7 +111,8 @@ class CurlTransfers::Worker {
     const MultiHandle multi_ = make_multi_handle();
     std::mutex mutex_;
     std::vector<std::shared_ptr<TransferTicket>> waiting_;
-    /// Touched on the worker's thread only, and after its end.
+    /// These two are touched on the worker's thread only, and after its end.
+    LastAnswer last_answer_;
     std::vector<std::unique_ptr<CurlExchange>> running_;
     std::jthread thread_;
 };
