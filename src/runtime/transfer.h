@@ -15,6 +15,9 @@ struct TransferRequest {
     std::string url;
     /// Bounds the whole transfer, from the name look-up to the last byte.
     std::chrono::milliseconds timeout{};
+    /// Whether the proxies that the environment names are asked, for the hosts that it names them
+    /// for.
+    bool uses_proxies = true;
     /// The media types of the pictures that are read, with commas between them.
     std::string media_types;
     /// What the body goes through as soon as it is whole, on the thread of the transfer.

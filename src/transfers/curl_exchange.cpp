@@ -19,6 +19,8 @@ constexpr const char* spoken_protocols = "http,https";
 /// A stream gives a picture too. Whatever else a host has, its answer may tell the user more than
 /// a refusal does.
 constexpr const char* all_else = ",multipart/x-mixed-replace;q=0.5,*/*;q=0.1";
+/// The library's word against those that the environment names.
+constexpr const char* no_proxy = "";
 /// The library's word for those that it unpacks.
 constexpr const char* all_encodings = "";
 
@@ -92,6 +94,8 @@ void CurlExchange::set_destination() {
         set(CURLOPT_USERNAME, address.user_name.c_str());
         set(CURLOPT_PASSWORD, address.password.c_str());
     }
+    if (!ticket_->request.uses_proxies)
+        set(CURLOPT_PROXY, no_proxy);
     set(CURLOPT_PROTOCOLS_STR, spoken_protocols);
     set(CURLOPT_REDIR_PROTOCOLS_STR, spoken_protocols);
     set(CURLOPT_FOLLOWLOCATION, 1L);

@@ -79,6 +79,7 @@ void ScriptedPlatform::wait_until(const std::function<bool()>& done) {
 std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest request,
                                                            TransferDone done) {
     requests.push_back(request.url);
+    is_proxy_asked = request.uses_proxies;
     const auto camera = cameras.find(request.url);
     ScriptedAnswer answer =
         camera != cameras.end()

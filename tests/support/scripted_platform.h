@@ -48,6 +48,8 @@ class ScriptedPlatform : public Platform {
     std::map<std::string, ScriptedAnswer> cameras;
     /// The URLs that were asked for, in order.
     std::vector<std::string> requests;
+    /// Whether the last one was to go through the proxies of the environment.
+    bool is_proxy_asked = false;
     int abandoned_transfers = 0;
 
     /// Answers message boxes, in order; runs while the box is up.

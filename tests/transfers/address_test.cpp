@@ -8,8 +8,7 @@ namespace {
 /// Asks for addresses of any host through a proxy, which sees all of the request.
 class Addresses : public Transfers {
   protected:
-    Addresses() { setenv("http_proxy", server.url("").c_str(), 1); }
-    ~Addresses() override { unsetenv("http_proxy"); }
+    const EnvironmentVariable proxy{"http_proxy", server.url("")};
 
     std::string asked_for(const std::string& address) {
         const std::string outcome = text_from(address);
@@ -51,6 +50,14 @@ TEST_F(Addresses, AreAskedForAsBrowsersDo) {
     };
     for (const auto& [typed, asked] : cases)
         EXPECT_EQ(asked_for(typed), asked) << typed;
+}
+
+TEST_F(Addresses, AreAskedForThroughAProxyUnlessThatIsNotWanted) {
+    server.answer("/a", always(200, "by proxy"));
+    TransferRequest request = request_for("http://no-such-host.invalid/a");
+    EXPECT_EQ(text_from(request), "by proxy");
+    request.uses_proxies = false;
+    EXPECT_EQ(text_from(request), "failure 6: Could not resolve host: no-such-host.invalid");
 }
 
 TEST_F(Addresses, GiveTheirUserNameAndPasswordApart) {

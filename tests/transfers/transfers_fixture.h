@@ -75,6 +75,20 @@ inline std::string text_of(const TransferOutcome& outcome) {
     return {body.begin(), body.end()};
 }
 
+/// A variable of the environment for as long as this lives.
+class EnvironmentVariable {
+  public:
+    EnvironmentVariable(const char* name, const std::string& value) : name_(name) {
+        setenv(name, value.c_str(), 1);
+    }
+    EnvironmentVariable(const EnvironmentVariable&) = delete;
+    EnvironmentVariable& operator=(const EnvironmentVariable&) = delete;
+    ~EnvironmentVariable() { unsetenv(name_); }
+
+  private:
+    const char* name_;
+};
+
 /// Transfers from a camera server, on whose paths the tests put what they need.
 class Transfers : public testing::Test {
   protected:

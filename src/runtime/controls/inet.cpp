@@ -12,6 +12,8 @@ namespace lookfar {
 
 namespace {
 
+constexpr short direct_access = 1;
+
 class BusyMark {
   public:
     explicit BusyMark(bool& mark) : mark_(mark) { mark_ = true; }
@@ -50,6 +52,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     const auto transfer = runtime.platform().start_transfer(
         {.url = url,
          .timeout = std::chrono::seconds(RequestTimeout),
+         .uses_proxies = AccessType != direct_access,
          .media_types = readable_media_types(),
          .decode = runtime.pictures().decoder_ahead()},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });

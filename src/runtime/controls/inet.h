@@ -34,8 +34,12 @@ class Inet : public Element {
     /// Ends the request in progress with a failure.
     void Cancel();
 
+    /// 0: hosts are asked through the proxies that the environment names. 1: they are asked
+    /// directly, whatever it names. Any other value counts as 0.
     Property<short> AccessType;
+    /// Without effect, since the URL names the protocol.
     Property<short> Protocol;
+    /// Without effect, since the URL names the port.
     const short RemotePort;
     /// Seconds that a request may take as a whole.
     Property<short> RequestTimeout;

@@ -47,6 +47,15 @@ TEST_F(Transfers, RefuseASecondOneAtOnceAndLeaveTheRunningOneAlone) {
     EXPECT_EQ(platform.requests.size(), 1U);
 }
 
+TEST_F(Transfers, AskProxiesUnlessTheAccessIsDirect) {
+    EXPECT_EQ(Inet1.AccessType, 0);
+    for (const short access : {short{0}, short{1}, short{2}}) {
+        Inet1.AccessType = access;
+        number_of("anywhere");
+        EXPECT_EQ(platform.is_proxy_asked, access != 1) << access;
+    }
+}
+
 TEST_F(Transfers, EndWithAFailureWhenTheyAreCancelled) {
     platform.cameras["good"] = {.outcome = Bytes{7}};
     platform.after(std::chrono::milliseconds(50), [&] { Inet1.Cancel(); });
