@@ -15,6 +15,8 @@ struct Address {
     /// themselves, percent-encoded no more.
     std::string user_name;
     std::string password;
+
+    bool has_credentials() const { return !user_name.empty() || !password.empty(); }
 };
 
 /// The longest text in bytes that is taken for an address.

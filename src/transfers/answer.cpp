@@ -16,10 +16,16 @@ std::string header(CURL* handle, const char* name) {
     return is_there ? header->value : "";
 }
 
-long number(CURL* handle, CURLINFO info) {
-    long value = 0;
-    curl_easy_getinfo(handle, info, &value);
-    return value;
+long status(CURL* handle) {
+    long code = 0;
+    curl_easy_getinfo(handle, CURLINFO_RESPONSE_CODE, &code);
+    return code;
+}
+
+std::string final_url(CURL* handle) {
+    const char* url = nullptr;
+    curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &url);
+    return url ? url : "";
 }
 
 /// A host that can't be asked with a long text would refuse every request from then on.
@@ -28,22 +34,24 @@ std::string if_short(std::string validator) {
     return validator.size() <= longest ? validator : std::string();
 }
 
-Validators validators(CURL* handle) {
+Validators validators(CURL* handle, bool is_redirected) {
     Validators read{.etag = if_short(header(handle, "ETag"))};
     // A redirect may lead to another picture the next time, which may be older than this one.
-    if (number(handle, CURLINFO_REDIRECT_COUNT) == 0)
+    if (!is_redirected)
         read.last_modified = if_short(header(handle, "Last-Modified"));
     return read;
 }
 
 } // namespace
 
-Answer answer_head(CURL* handle) {
+Answer answer_head(CURL* handle, const Address& asked) {
     const std::string rules = in_small_letters(header(handle, "Cache-Control"));
-    return {.status = number(handle, CURLINFO_RESPONSE_CODE),
+    const bool is_redirected = final_url(handle) != asked.url;
+    return {.status = status(handle),
             .media_type = media_type_of(header(handle, "Content-Type")),
-            .validators = validators(handle),
-            .is_not_to_be_stored = rules.find("no-store") != std::string::npos};
+            .validators = validators(handle, is_redirected),
+            .is_not_to_be_stored = rules.find("no-store") != std::string::npos,
+            .had_credentials = asked.has_credentials() && !is_redirected};
 }
 
 } // namespace lookfar

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/bytes.h"
+#include "transfers/address.h"
 #include "transfers/curl_handles.h"
 
 #include <string>
@@ -22,12 +23,13 @@ struct Answer {
     Validators validators = {};
     /// The host wants nothing of it kept.
     bool is_not_to_be_stored = false;
-    /// A user name or a password went along with the request.
+    /// The host was told a user name and a password if it asked for them.
     bool had_credentials = false;
     Bytes body = {};
 };
 
-/// Reads the head of the answer to a transfer that has ended well. The body is left empty.
-Answer answer_head(CURL* handle);
+/// Reads the head of the answer to a transfer that has ended well and had asked that address. The
+/// body is left empty.
+Answer answer_head(CURL* handle, const Address& asked);
 
 } // namespace lookfar

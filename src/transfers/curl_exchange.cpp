@@ -1,12 +1,12 @@
 #include "transfers/curl_exchange.h"
 
 #include "runtime/text.h"
-#include "transfers/address.h"
 #include "transfers/curl_transfers.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <cstdlib>
 #include <new>
 #include <string>
 #include <utility>
@@ -43,8 +43,12 @@ long timeout_milliseconds(std::chrono::milliseconds timeout) {
 
 CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
                            KnownAnswerReference known)
-    : multi_(multi), ticket_(std::move(ticket)), known_(std::move(known)) {
+    : multi_(multi),
+      ticket_(std::move(ticket)),
+      address_(address_of(ticket_->request.url)),
+      known_(std::move(known)) {
     set_destination();
+    set_trust();
     set_manners();
     set_limits();
     set_receiver();
@@ -59,8 +63,7 @@ CurlExchange::~CurlExchange() {
 std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
     if (code != CURLE_OK && !body_.is_whole_part())
         return failure(code);
-    Answer answer = answer_head(easy_.get());
-    answer.had_credentials = has_credentials_;
+    Answer answer = answer_head(easy_.get(), address_);
     answer.body = body_.take();
     return answer;
 }
@@ -87,12 +90,10 @@ void CurlExchange::set(CURLoption option, Value value) {
 }
 
 void CurlExchange::set_destination() {
-    const Address address = address_of(ticket_->request.url);
-    set(CURLOPT_URL, address.url.c_str());
-    has_credentials_ = !address.user_name.empty() || !address.password.empty();
-    if (has_credentials_) {
-        set(CURLOPT_USERNAME, address.user_name.c_str());
-        set(CURLOPT_PASSWORD, address.password.c_str());
+    set(CURLOPT_URL, address_.url.c_str());
+    if (address_.has_credentials()) {
+        set(CURLOPT_USERNAME, address_.user_name.c_str());
+        set(CURLOPT_PASSWORD, address_.password.c_str());
     }
     if (!ticket_->request.uses_proxies)
         set(CURLOPT_PROXY, no_proxy);
@@ -101,6 +102,11 @@ void CurlExchange::set_destination() {
     set(CURLOPT_FOLLOWLOCATION, 1L);
     set(CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
     set(CURLOPT_HTTPAUTH, CURLAUTH_ANY);
+}
+
+void CurlExchange::set_trust() {
+    if (const char* const certificates = std::getenv("SSL_CERT_FILE"))
+        set(CURLOPT_CAINFO, certificates);
 }
 
 void CurlExchange::set_manners() {

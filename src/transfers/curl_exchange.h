@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/transfer.h"
+#include "transfers/address.h"
 #include "transfers/answer.h"
 #include "transfers/answer_body.h"
 #include "transfers/curl_handles.h"
@@ -49,6 +50,7 @@ class CurlExchange {
     template <class Value>
     void set(CURLoption option, Value value);
     void set_destination();
+    void set_trust();
     void set_manners();
     void set_limits();
     void set_receiver();
@@ -62,8 +64,8 @@ class CurlExchange {
 
     CURLM* multi_;
     std::shared_ptr<TransferTicket> ticket_;
+    Address address_;
     KnownAnswerReference known_;
-    bool has_credentials_ = false;
     AnswerBody body_;
     std::size_t header_size_ = 0;
     bool is_head_complete_ = false;

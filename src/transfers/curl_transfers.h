@@ -14,10 +14,12 @@ namespace lookfar {
 ///
 /// Addresses are taken as browsers take them (`address_of`). Only http and https are spoken, also
 /// after a redirect. A user name and password in the address answer any authentication that the
-/// host asks for; no other host gets them. Certificates are checked. No cookies are kept.
-/// Proxies are those that the environment names in the variables that the library knows, if the
-/// request asks for them. Compressed bodies are unpacked. A stream of pictures gives its first
-/// whole one, and the transfer ends there. HTTP/2 is spoken where a host offers it with https.
+/// host asks for; no other host gets them, nor the same one by another protocol or port.
+/// Certificates are checked, against those of the machine and those in the file that SSL_CERT_FILE
+/// names. No cookies are kept. Proxies are those that the environment names in the variables that
+/// the library knows, if the request asks for them. Compressed bodies are unpacked. A stream of
+/// pictures gives its first whole one, and the transfer ends there. HTTP/2 is spoken where a host
+/// offers it with https.
 ///
 /// Failures carry the transfer library's number and a text that is not empty.
 class CurlTransfers {

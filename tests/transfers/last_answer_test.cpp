@@ -1,5 +1,6 @@
 #include "transfers/last_answer.h"
 
+#include "demo/locked_camera.h"
 #include "transfers/transfers_fixture.h"
 
 namespace lookfar {
@@ -68,6 +69,13 @@ TEST_F(UnchangedPictures, AreConfirmedAndNotSentOrDecodedAgain) {
         server.answer("/camera", always(200, "new"));
         EXPECT_EQ(text_at(path), "new");
     }
+}
+
+TEST_F(UnchangedPictures, AreConfirmedBehindALockToo) {
+    server.answer("/locked", demo::locked_by_basic({.body = "old", .headers = {last_modified}}));
+    for (int count = 0; count < 2; ++count)
+        EXPECT_EQ(text_from("http://guest:secret@" + host() + "/locked"), "old");
+    EXPECT_EQ(conditions(), "- " + last_modified.value);
 }
 
 TEST_F(UnchangedPictures, OfOneAddressSayNothingOfAnother) {

@@ -3,8 +3,6 @@
 #include "demo/stream.h"
 #include "transfers/answer_body.h"
 
-#include <array>
-#include <cstdio>
 #include <vector>
 
 namespace lookfar {
@@ -95,41 +93,6 @@ TEST_F(Transfers, EndAStreamBehindItsFirstPicture) {
                             {.boundary = "another", .pause = 0ms});
     });
     EXPECT_EQ(text_at("/flood"), "failure 63: The answer is larger than 64 MiB.");
-}
-
-TEST_F(Transfers, TellNoOtherHostThePassword) {
-    demo::CameraServer elsewhere;
-    server.answer("/locked", [&](const demo::Request& request) -> demo::Reply {
-        if (request.header("Authorization") == "Basic Z3Vlc3Q6c2VjcmV0")
-            return demo::redirect_to(elsewhere.url("/"))(request);
-        demo::Answer refusal = demo::status_page(401);
-        refusal.headers = {{"WWW-Authenticate", R"(Basic realm="camera")"}};
-        return refusal;
-    });
-    elsewhere.answer("/", [](const demo::Request& request) {
-        return always(200, request.header("Authorization") ? "told" : "untold")(request);
-    });
-    EXPECT_EQ(text_from("http://guest:secret@" + host() + "/locked"), "untold");
-}
-
-TEST_F(Transfers, TrustNoCertificateThatAHostSignedItself) {
-    // Serves one client, and tells its port in the line "ACCEPT 127.0.0.1:port".
-    constexpr const char* command =
-        R"(folder=$(mktemp -d) && trap 'rm -r "$folder"' EXIT && cd "$folder" && exec 2>/dev/null
-           openssl req -x509 -newkey rsa:2048 -nodes -days 1 -subj /CN=127.0.0.1 \
-               -keyout key.pem -out certificate.pem &&
-           timeout 60 openssl s_server -accept 127.0.0.1:0 -naccept 1 -www \
-               -key key.pem -cert certificate.pem)";
-    constexpr std::string_view announcement = "ACCEPT ";
-    const std::unique_ptr<FILE, int (*)(FILE*)> host_process(popen(command, "r"), pclose);
-    std::string line;
-    for (std::array<char, 80> part{};
-         !line.starts_with(announcement) && fgets(part.data(), part.size(), host_process.get());)
-        line = part.data();
-    ASSERT_TRUE(line.starts_with(announcement));
-    line.pop_back();
-    EXPECT_TRUE(text_from("https://" + line.substr(announcement.size()) + "/")
-                    .starts_with("failure 60: SSL certificate problem"));
 }
 
 TEST_F(Transfers, NeverReportOnceAbandoned) {

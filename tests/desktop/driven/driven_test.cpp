@@ -47,6 +47,7 @@ bool comes_to_show(const QPoint& point, const QColor& colour) {
 }
 
 DrivenTest::DrivenTest() {
+    program.setProcessChannelMode(QProcess::ForwardedChannels);
     for (const auto& [camera, its_colour] : colour_of)
         cameras->answer("/" + camera, showing(its_colour));
 }
@@ -90,7 +91,6 @@ void DrivenTest::launch(const std::string& http_proxy) {
     variables.remove("AT_SPI_BUS_ADDRESS");
     variables.insert("http_proxy", QString::fromStdString(http_proxy));
     program.setProcessEnvironment(variables);
-    program.setProcessChannelMode(QProcess::ForwardedChannels);
     program.start(LOOKFAR_PROGRAM, {});
     if (!program.waitForStarted())
         throw std::runtime_error("The program cannot be started.");

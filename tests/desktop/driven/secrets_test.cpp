@@ -1,0 +1,55 @@
+#include "desktop/driven/driven_test.h"
+
+#include "demo/locked_camera.h"
+
+namespace lookfar::driven {
+namespace {
+
+/// A camera that asks for the user name and the password that stand in its address.
+class Secrets : public DrivenTest {
+  protected:
+    void SetUp() override {
+        const std::string place = "127.0.0.1:" + std::to_string(cameras->port()) + "/locked";
+        lookfar::testing::write_file("Cams.inf", "Gate\r\nhttp://guest:secret@" + place + "\r\n");
+        install(colour::red);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        launch();
+        ASSERT_TRUE(comes_up(title::main_window));
+        fill_in(title::main_window, "Seconds until Refresh", "1");
+    }
+
+    void install(const QColor& colour) {
+        const auto answer = std::get<demo::Answer>(showing(colour)({}));
+        cameras->answer("/locked", demo::locked_by_basic(answer));
+    }
+
+    void expect_none_shown() {
+        for (const Element& window : windows())
+            for (const Element& element : window.all_showing())
+                for (const char* secret : {"guest", "secret"})
+                    EXPECT_EQ(element.description().find(secret), std::string::npos)
+                        << element.description();
+    }
+};
+
+TEST_F(Secrets, ShowInNoWindowAndNoLogWhetherTheyOpenTheCameraOrNot) {
+    ASSERT_TRUE(comes_to_show(picture(), colour::red));
+    expect_none_shown();
+    const QPoint middle = picture();
+    cameras->answer("/locked", [](const demo::Request&) { return demo::status_page(401); });
+    constexpr const char* refused = "label 'The camera refuses the user name or the password";
+    EXPECT_TRUE(comes_to_read(title::main_window, refused));
+    expect_none_shown();
+    hands.double_click(middle);
+    ASSERT_TRUE(comes_up(title::fullscreen_window));
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, refused));
+    expect_none_shown();
+    cameras.reset();
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label 'Failed to connect"));
+    expect_none_shown();
+    const std::string log = program.readAll().toStdString();
+    EXPECT_EQ(log.find("secret"), std::string::npos) << log;
+}
+
+} // namespace
+} // namespace lookfar::driven
