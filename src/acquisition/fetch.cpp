@@ -1,7 +1,6 @@
 #include "acquisition/main_window.h"
 
 #include "acquisition/picture_file.h"
-#include "file_numbers.h"
 #include "pipeline/fullscreen_window.h"
 #include "runtime/numbers.h"
 
@@ -12,12 +11,6 @@
 namespace lookfar {
 
 namespace {
-
-void store(NumberedFiles& files, const std::string& path, const Bytes& bytes) {
-    files.OpenForBinary(file_number::picture, path);
-    const FileCloser closer(files, file_number::picture);
-    files.Put(file_number::picture, bytes);
-}
 
 /// Scales an image of its picture's natural size into an area, as large as it fits whole, and
 /// centres it there. No step rounds.
@@ -53,13 +46,11 @@ void MainWindow::GetRESOURCE(std::string url) {
     try {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
-        const Bytes bytes = Inet1.OpenURL(url, DataType::icByteArray);
-        const std::string path = picture_path(runtime);
-        store(runtime.files(), path, bytes);
+        const PictureFile file(runtime, Inet1.OpenURL(url, DataType::icByteArray));
 
-        show_in_fullscreen_window(path);
-        show_in_main_window(path);
-        Form2->Picture1.Picture = runtime.LoadPicture(path);
+        show_in_fullscreen_window(file);
+        show_in_main_window(file);
+        Form2->Picture1.Picture = file.load();
 
         Image1.Visible = false;
         Label2.Visible = false;
@@ -78,9 +69,9 @@ void MainWindow::GetRESOURCE(std::string url) {
     report_duration(start);
 }
 
-void MainWindow::show_in_fullscreen_window(const std::string& path) {
+void MainWindow::show_in_fullscreen_window(const PictureFile& file) {
     Form2->Image3.Visible = false;
-    Form2->Picture1.Picture = runtime.LoadPicture(path);
+    Form2->Picture1.Picture = file.load();
     Form2->Image3.Picture = Form2->Picture1.Picture;
     Form2->Image3.Stretch = false;
     Form2->Image3.Left = 0;
@@ -89,10 +80,10 @@ void MainWindow::show_in_fullscreen_window(const std::string& path) {
     Form2->Image3.Visible = true;
 }
 
-void MainWindow::show_in_main_window(const std::string& path) {
+void MainWindow::show_in_main_window(const PictureFile& file) {
     ImagNT1.Visible = false;
     ImagNT1.Stretch = false;
-    ImagNT1.Picture = runtime.LoadPicture(path);
+    ImagNT1.Picture = file.load();
     ImagNT1.Stretch = true;
     fit(ImagNT1, Label4.bounds());
 }

@@ -21,6 +21,7 @@ namespace lookfar {
 class AboutWindow;
 class CameraListWindow;
 class FullscreenWindow;
+class PictureFile;
 class Program;
 class SplashWindow;
 
@@ -196,8 +197,8 @@ class MainWindow : public Form {
     void look_up_selected_camera();
 
     // Fetch.
-    void show_in_fullscreen_window(const std::string& path);
-    void show_in_main_window(const std::string& path);
+    void show_in_fullscreen_window(const PictureFile& file);
+    void show_in_main_window(const PictureFile& file);
     void clear_error_display();
     void show_error(const Failure& failure);
     void write_error_captions(const Failure& failure);

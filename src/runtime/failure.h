@@ -22,6 +22,7 @@ enum class FailureKind {
     file_not_found = 53,
     file_already_open = 55,
     past_end_of_file = 62,
+    file_in_use = 70,
     incomplete_file = 75,
     invalid_property_value = 380,
     invalid_picture = 481,

@@ -42,8 +42,8 @@ class Runtime {
     MessageBoxAnswer MsgBox(const std::string& text, MessageBoxFlag flags,
                             const std::string& title = {});
 
-    /// Decodes a picture file; every call yields a picture object of its own. Throws a `Failure`
-    /// when the file can't be read or is no picture.
+    /// A picture object of its own out of the file that holds the last answer. Throws a `Failure`
+    /// where that is no picture, and as `PictureLoader::load` does.
     PictureReference LoadPicture(const std::string& path);
 
     /// The current directory's absolute path.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <set>
 #include <utility>
 
@@ -89,6 +90,36 @@ TEST_F(Fetch, WithoutRoomOnTheDiskSaysSoAndLeavesNoFileOpen) {
         platform.faulty_disk.mend();
         refresh();
         expect_error_display(false);
+    }
+}
+
+TEST_F(Fetch, ShowsNoPictureOfAnotherProgramInTheSameFolder) {
+    const Bytes theirs = detailed_jpeg(64, 48);
+    const std::function<void()> works[] = {
+        [&] {
+            write_file("data.dat", {theirs.begin(), theirs.end()});
+        },
+        [] { std::filesystem::remove("data.dat"); },
+        [] { write_file("data.dat", ""); },
+    };
+    for (const auto& work : works) {
+        for (const int loading : {1, 2, 3}) {
+            for (const bool goes_on : {false, true}) {
+                int reads = 0;
+                platform.faulty_disk.before = [&](const std::string& operation) {
+                    reads += operation == "open-read data.dat" ? 1 : 0;
+                    if (reads == loading || (goes_on && reads > loading))
+                        work();
+                };
+                refresh_with(picture_file(32, 24));
+                platform.faulty_disk.mend();
+                EXPECT_GT(reads, 3);
+                expect_error_display(goes_on);
+                for (const auto* image : {&Form1->ImagNT1, &Form2->Image3})
+                    EXPECT_NE(image->Picture.get()->width(), 64);
+                EXPECT_NE(Form2->Picture1.Picture.get()->width(), 64);
+            }
+        }
     }
 }
 

@@ -149,17 +149,4 @@ FileCloser::~FileCloser() {
     attempt([this] { files_.Close(number_); });
 }
 
-Bytes read_whole_file(Disk& disk, const std::string& path) {
-    const auto file = disk.open(path, OpenMode::read);
-    Bytes bytes(block_size);
-    std::size_t size = 0;
-    while (const std::size_t count = file->read(std::span(bytes).subspan(size))) {
-        size += count;
-        if (size == bytes.size())
-            bytes.resize(2 * size);
-    }
-    bytes.resize(size);
-    return bytes;
-}
-
 } // namespace lookfar

@@ -75,7 +75,4 @@ class FileCloser {
     int number_;
 };
 
-/// All bytes of a file. Throws a `Failure` when it can't be read.
-Bytes read_whole_file(Disk& disk, const std::string& path);
-
 } // namespace lookfar

@@ -1,8 +1,5 @@
 #include "runtime/pictures/picture_loader.h"
 
-#include "runtime/files/files.h"
-#include "runtime/pictures/picture_decoder.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -33,9 +30,9 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 } // namespace
 
 PictureReference PictureLoader::load(Disk& disk, const std::string& path) const {
-    if (last_body_ && begins_with(*disk.open(path, OpenMode::read), last_body_->bytes))
-        return std::make_shared<Picture>(pixels_or_failure(*last_body_), memory_);
-    return std::make_shared<Picture>(decode_pixels(read_whole_file(disk, path), memory_), memory_);
+    if (!last_body_ || !begins_with(*disk.open(path, OpenMode::read), last_body_->bytes))
+        throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
+    return std::make_shared<Picture>(pixels_or_failure(*last_body_), memory_);
 }
 
 } // namespace lookfar

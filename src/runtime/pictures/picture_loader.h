@@ -8,8 +8,7 @@
 
 namespace lookfar {
 
-/// Makes picture objects from files. What the last transfer has decoded already is not decoded
-/// again.
+/// Makes picture objects of what the last transfer has brought and decoded.
 class PictureLoader {
   public:
     /// Decodes the body of the next answer ahead, on the thread of its transfer.
@@ -17,9 +16,9 @@ class PictureLoader {
     /// Keeps the body of an answer in mind, with what was decoded from it.
     void remember(DecodedBodyReference body) { last_body_ = std::move(body); }
 
-    /// A picture object of its own. A file that begins with the body kept in mind yields that
-    /// body's picture or failure, whatever follows in the file. Throws a `Failure` as
-    /// `decode_pixels` does, and where the file can't be read.
+    /// A picture object of its own, out of a file that begins with the body kept in mind, whatever
+    /// follows there. Throws that body's failure where it is no picture, one of the kind
+    /// `file_in_use` where the file begins otherwise, and another one where it can't be read.
     PictureReference load(Disk& disk, const std::string& path) const;
 
   private:

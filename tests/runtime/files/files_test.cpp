@@ -92,9 +92,7 @@ TEST_F(Files, WriteBytesOverTheStartAndKeepTheTail) {
     files.OpenForBinary(1, "bytes");
     files.Put(1, Bytes{'a', 'b', 'c'});
     files.Close(1);
-    const std::string expected = "abc" + old.substr(3);
-    EXPECT_EQ(content_of("bytes"), expected);
-    EXPECT_EQ(read_whole_file(disk, "bytes"), Bytes(expected.begin(), expected.end()));
+    EXPECT_EQ(content_of("bytes"), "abc" + old.substr(3));
 }
 
 TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {

@@ -1,0 +1,44 @@
+#include "acquisition/picture_file.h"
+
+#include "file_numbers.h"
+#include "runtime/runtime.h"
+
+#include <utility>
+
+namespace lookfar {
+
+std::string picture_path(const Runtime& runtime) {
+    std::string path = runtime.CurrentDirectory();
+    if (!path.ends_with('/'))
+        path += '/';
+    return path + "data.dat";
+}
+
+PictureFile::PictureFile(Runtime& runtime, Bytes body)
+    : runtime_(runtime), path_(picture_path(runtime)), body_(std::move(body)) {
+    store();
+}
+
+PictureReference PictureFile::load() const {
+    constexpr int most_attempts = 10;
+    for (int attempts = 1;; ++attempts) {
+        try {
+            return runtime_.LoadPicture(path_);
+        } catch (const Failure& failure) {
+            const bool is_anothers_work = failure.Kind == FailureKind::file_in_use ||
+                                          failure.Kind == FailureKind::file_not_found;
+            if (!is_anothers_work || attempts == most_attempts)
+                throw;
+        }
+        store();
+    }
+}
+
+void PictureFile::store() const {
+    NumberedFiles& files = runtime_.files();
+    files.OpenForBinary(file_number::picture, path_);
+    const FileCloser closer(files, file_number::picture);
+    files.Put(file_number::picture, body_);
+}
+
+} // namespace lookfar
