@@ -18,6 +18,7 @@ enum class FailureKind {
     list_is_full = 7,
     no_such_entry = 9,
     type_mismatch = 13,
+    too_large = 14,
     bad_file_number = 52,
     file_not_found = 53,
     file_already_open = 55,

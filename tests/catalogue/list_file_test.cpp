@@ -123,7 +123,7 @@ TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
 }
 
 TEST_F(ListFile, ThatCantBeMadeIsAFailureAndNoEndlessTry) {
-    for (const char* operation : {"open-write Cams.inf", "write Cams.inf", "sync Cams.inf"}) {
+    for (const char* operation : {"open-create Cams.inf", "write Cams.inf", "sync Cams.inf"}) {
         write_file("Cams.inf", "");
         disk.fail(operation, ENOSPC);
         EXPECT_THROW(titles_at_start(), Failure) << operation;

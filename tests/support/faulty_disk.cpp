@@ -29,6 +29,7 @@ class FaultyFile : public DiskFile {
     }
     /// No test can see whether bytes outlive a loss of power; waiting for them takes its time.
     void sync() override { disk_.note("sync " + name_); }
+    FileState state() override { return file_->state(); }
 
   private:
     FaultyDisk& disk_;
@@ -51,7 +52,7 @@ void FaultyDisk::fail(const std::string& operation, int error) {
 
 std::unique_ptr<DiskFile> FaultyDisk::open(const std::string& path, OpenMode mode) {
     const std::string name = name_of(path);
-    const char* const words[] = {"open-read ", "open-write ", "open-overwrite "};
+    const char* const words[] = {"open-read ", "open-create ", "open-overwrite "};
     note(words[static_cast<int>(mode)] + name);
     return std::make_unique<FaultyFile>(*this, name, disk_->open(path, mode));
 }
@@ -61,9 +62,20 @@ void FaultyDisk::remove(const std::string& path) {
     disk_->remove(path);
 }
 
-void FaultyDisk::rename(const std::string& from, const std::string& to) {
-    note("rename " + name_of(from) + " " + name_of(to));
-    disk_->rename(from, to);
+void FaultyDisk::replace(const std::string& from, const std::string& to) {
+    note("replace " + name_of(to));
+    disk_->replace(from, to);
+    note("replaced " + name_of(to));
+}
+
+std::optional<FileState> FaultyDisk::state(const std::string& path) {
+    note("state " + name_of(path));
+    return disk_->state(path);
+}
+
+DiskLock FaultyDisk::lock_folder_of(const std::string& path) {
+    note("lock " + name_of(path));
+    return disk_->lock_folder_of(path);
 }
 
 void FaultyDisk::note(const std::string& operation) {

@@ -12,9 +12,10 @@ namespace lookfar::testing {
 /// The disk of this machine, on which operations fail on demand.
 class FaultyDisk : public Disk {
   public:
-    /// Called before every operation, told as "open-read Cams.inf", "open-write C1.DAT",
-    /// "open-overwrite data.dat", "read", "write" or "sync" and the path, "remove" and the path,
-    /// or "rename" and both paths. What it throws is the operation's failure.
+    /// Called before every operation, told as "open-read Cams.inf", "open-create C1.DAT",
+    /// "open-overwrite data.dat", or "read", "write", "sync", "remove", "replace", "state" or
+    /// "lock" and the name, and once more as "replaced Cams.inf" when a file has taken its place.
+    /// What it throws is the operation's failure.
     std::function<void(const std::string& operation)> before;
 
     /// Has every operation that starts so fail with this error number.
@@ -29,13 +30,17 @@ class FaultyDisk : public Disk {
 
     std::unique_ptr<DiskFile> open(const std::string& path, OpenMode mode) override;
     void remove(const std::string& path) override;
-    void rename(const std::string& from, const std::string& to) override;
+    void replace(const std::string& from, const std::string& to) override;
+    std::optional<FileState> state(const std::string& path) override;
+    std::string folder_of(const std::string& path) override { return disk_->folder_of(path); }
+    /// Without waiting.
+    DiskLock lock_folder_of(const std::string& path) override;
     std::string current_directory() override { return disk_->current_directory(); }
 
     void note(const std::string& operation);
 
   private:
-    std::unique_ptr<Disk> disk_ = make_posix_disk();
+    std::unique_ptr<Disk> disk_ = make_posix_disk(std::chrono::milliseconds(0));
 };
 
 } // namespace lookfar::testing

@@ -2,6 +2,7 @@
 
 #include "runtime/failure.h"
 
+#include <new>
 #include <utility>
 
 namespace lookfar {
@@ -28,11 +29,15 @@ NumberedFiles::~NumberedFiles() = default;
 
 void NumberedFiles::OpenForInput(int number, const std::string& path) {
     open(number, path, OpenMode::read);
+    if (slot(number)->file->state().size <= largest_file)
+        return;
+    slot(number).reset();
+    throw Failure(FailureKind::too_large, path + " is too large.");
 }
 
 void NumberedFiles::OpenForOutput(int number, const std::string& path) {
-    incomplete_.insert(path);
-    open(number, path, OpenMode::write);
+    complete_.erase(path);
+    open(number, path, OpenMode::create);
 }
 
 void NumberedFiles::OpenForBinary(int number, const std::string& path) {
@@ -41,6 +46,15 @@ void NumberedFiles::OpenForBinary(int number, const std::string& path) {
 
 std::string NumberedFiles::LineInput(int number) {
     OpenFile& file = open_file(number);
+    try {
+        return read_line(file);
+    } catch (const std::bad_alloc&) {
+        throw Failure(FailureKind::too_large,
+                      "There is not enough memory for a line of " + file.path + ".");
+    }
+}
+
+std::string NumberedFiles::read_line(OpenFile& file) {
     if (!fill(file))
         throw Failure(FailureKind::past_end_of_file, "Input past end of file: " + file.path);
     std::string line;
@@ -49,6 +63,8 @@ std::string NumberedFiles::LineInput(int number) {
         const bool line_ends = end != std::string::npos;
         line.append(file.buffer, file.position, line_ends ? end - file.position : end);
         file.position = line_ends ? end + 1 : file.buffer.size();
+        if (line.size() > longest_line)
+            throw Failure(FailureKind::too_large, "A line of " + file.path + " is too long.");
         if (line_ends) {
             if (fill(file) && file.buffer[file.position] == line_feed)
                 ++file.position;
@@ -75,12 +91,12 @@ void NumberedFiles::Put(int number, std::span<const std::uint8_t> bytes) {
 
 void NumberedFiles::Close(int number) {
     const std::unique_ptr<OpenFile> closing = std::move(slot(number));
-    if (!closing || closing->mode != OpenMode::write)
+    if (!closing || closing->mode != OpenMode::create)
         return;
     flush(*closing);
     closing->file->sync();
     if (!closing->has_lost_lines)
-        incomplete_.erase(closing->path);
+        complete_[closing->path] = closing->file->state();
 }
 
 void NumberedFiles::CloseAll() {
@@ -93,9 +109,23 @@ void NumberedFiles::Kill(const std::string& path) {
 }
 
 void NumberedFiles::Replace(const std::string& from, const std::string& to) {
-    if (incomplete_.contains(from))
+    const auto written = complete_.find(from);
+    if (written == complete_.end())
         throw Failure(FailureKind::incomplete_file, from + " was not written completely.");
-    disk_.rename(from, to);
+    if (!leads_to(from, written->second))
+        throw Failure(FailureKind::file_in_use, from + " was replaced by another program.");
+    try {
+        disk_.replace(from, to);
+    } catch (const Failure&) {
+        if (!leads_to(to, written->second))
+            throw;
+    }
+}
+
+/// Whether the path leads to what was written.
+bool NumberedFiles::leads_to(const std::string& path, const FileState& written) {
+    const auto found = disk_.state(path);
+    return found && found->equals_but_for_time(written);
 }
 
 NumberedFiles::OpenFile& NumberedFiles::open_file(int number) {

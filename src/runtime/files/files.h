@@ -5,8 +5,8 @@
 
 #include <array>
 #include <cstdint>
+#include <map>
 #include <memory>
-#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -17,20 +17,27 @@ namespace lookfar {
 /// handler. Opening a number that is open fails, and so does using one that is not.
 ///
 /// Lines are bytes. A read ends a line at CR or CR LF and delivers it without; a lone LF does
-/// not end a line; a last line needs no line end. Lines are written with CR LF.
+/// not end a line; a last line needs no line end. Lines are written with CR LF. Lines and files
+/// that are too large are failures, and so is a lack of memory for a line.
 ///
-/// A file that was opened for writing lines counts as incomplete until it is closed with all its
-/// lines on the disk, and `Replace` refuses an incomplete file. So a half-written copy never takes
-/// the place of a whole file, even where the failure that cut it short was dropped.
+/// `Replace` takes only a file that was written here, was closed with all its lines on the disk,
+/// and is still that file. So neither a half-written copy nor another program's ever takes the
+/// place of a whole file, even where the failure that cut the copy short was dropped.
 class NumberedFiles {
   public:
     explicit NumberedFiles(Disk& disk);
     ~NumberedFiles();
 
+    Disk& disk() { return disk_; }
+
+    /// Bytes of a line, and of a file, that is read.
+    static constexpr std::size_t longest_line = 1 << 24;
+    static constexpr std::size_t largest_file = 1 << 28;
+
     void OpenForInput(int number, const std::string& path);
-    /// Creates or empties the file, for lines.
+    /// For lines, into a new file (`OpenMode::create`).
     void OpenForOutput(int number, const std::string& path);
-    /// Creates the file or keeps it as it is, for bytes from offset 0.
+    /// For bytes from offset 0, into a file that is kept as it is (`OpenMode::overwrite`).
     void OpenForBinary(int number, const std::string& path);
 
     /// Throws a `Failure` at the end of the file.
@@ -45,7 +52,8 @@ class NumberedFiles {
     void CloseAll();
 
     void Kill(const std::string& path);
-    /// Gives `from` the name `to` in one step; a file of that name is replaced.
+    /// Has `from` take the place of `to` in one step, as `Disk::replace` does. Once it has, what
+    /// fails after that is no failure.
     void Replace(const std::string& from, const std::string& to);
 
   private:
@@ -55,11 +63,14 @@ class NumberedFiles {
     std::unique_ptr<OpenFile>& slot(int number);
     void open(int number, const std::string& path, OpenMode mode);
     bool fill(OpenFile& file);
+    std::string read_line(OpenFile& file);
+    bool leads_to(const std::string& path, const FileState& written);
     void flush(OpenFile& file);
 
     Disk& disk_;
     std::array<std::unique_ptr<OpenFile>, 2> open_;
-    std::set<std::string> incomplete_;
+    /// The files whose lines are all on the disk, by path.
+    std::map<std::string, FileState> complete_;
 };
 
 /// Closes a file number at the end of its life, so that a pass which fails leaves nothing open.

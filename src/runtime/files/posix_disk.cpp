@@ -1,124 +1,133 @@
-#include "runtime/files/disk.h"
+#include "runtime/files/posix_file.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace lookfar {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& path, int error) {
-    throw disk_failure(path, error);
+std::unique_ptr<PosixFile> open_to_read(const std::string& path) {
+    auto file = std::make_unique<PosixFile>(path, O_RDONLY);
+    file->refuse_irregular();
+    return file;
 }
 
-/// Repeats a system call that a signal has interrupted.
-template <class Call>
-auto uninterrupted(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR)
-        result = call();
-    return result;
+std::unique_ptr<PosixFile> create(const std::string& path) {
+    if (::unlink(path.c_str()) == -1 && errno != ENOENT)
+        throw disk_failure(path, errno);
+    return std::make_unique<PosixFile>(path, O_WRONLY | O_CREAT | O_EXCL);
 }
 
-class PosixFile : public DiskFile {
-  public:
-    PosixFile(std::string path, int descriptor) : path_(std::move(path)), descriptor_(descriptor) {}
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
-    ~PosixFile() override { ::close(descriptor_); }
-
-    void refuse_irregular() const {
-        struct stat status {};
-        if (::fstat(descriptor_, &status) == -1)
-            fail(path_, errno);
-        if (S_ISDIR(status.st_mode))
-            fail(path_, EISDIR);
-        if (!S_ISREG(status.st_mode))
-            fail(path_, EINVAL);
+std::unique_ptr<PosixFile> open_to_overwrite(const std::string& path) {
+    try {
+        auto file = std::make_unique<PosixFile>(path, O_WRONLY | O_NOFOLLOW);
+        if (file->make_private())
+            return file;
+    } catch (const Failure&) {
+        // It may be missing, a link, a pipe, or another user's.
     }
-
-    std::size_t read(std::span<std::uint8_t> buffer) override {
-        const auto count =
-            uninterrupted([&] { return ::read(descriptor_, buffer.data(), buffer.size()); });
-        if (count == -1)
-            fail(path_, errno);
-        return static_cast<std::size_t>(count);
-    }
-
-    void write(std::span<const std::uint8_t> bytes) override {
-        while (!bytes.empty()) {
-            const auto count =
-                uninterrupted([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
-            if (count == -1)
-                fail(path_, errno);
-            bytes = bytes.subspan(static_cast<std::size_t>(count));
-        }
-    }
-
-    void sync() override {
-        if (uninterrupted([&] { return ::fsync(descriptor_); }) == -1)
-            fail(path_, errno);
-    }
-
-  private:
-    std::string path_;
-    int descriptor_;
-};
-
-int flags_of(OpenMode mode) {
-    switch (mode) {
-    case OpenMode::read:
-        return O_RDONLY;
-    case OpenMode::write:
-        return O_WRONLY | O_CREAT | O_TRUNC;
-    case OpenMode::overwrite:
-        return O_WRONLY | O_CREAT;
-    }
-    return O_RDONLY;
+    return create(path);
 }
 
-int open_descriptor(const std::string& path, int flags) {
-    constexpr mode_t permissions = 0666;
-    // A pipe in the place of a file must not hold up the program.
-    const int descriptor = uninterrupted(
-        [&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, permissions); });
-    if (descriptor == -1)
-        fail(path, errno);
-    return descriptor;
+/// The place that the symbolic links at the end of a path lead to.
+std::string followed(std::string path) {
+    constexpr int most_links = 40;
+    for (int links = 0; links < most_links; ++links) {
+        std::error_code is_no_link;
+        const auto target = std::filesystem::read_symlink(path, is_no_link);
+        if (is_no_link)
+            return path;
+        path = (std::filesystem::path(path).parent_path() / target).string();
+    }
+    throw disk_failure(path, ELOOP);
+}
+
+std::optional<struct stat> status_of(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == 0)
+        return status;
+    if (errno != ENOENT)
+        throw disk_failure(path, errno);
+    return std::nullopt;
 }
 
 class PosixDisk : public Disk {
   public:
+    explicit PosixDisk(std::chrono::milliseconds lock_wait) : lock_wait_(lock_wait) {}
+
     std::unique_ptr<DiskFile> open(const std::string& path, OpenMode mode) override {
-        auto file = std::make_unique<PosixFile>(path, open_descriptor(path, flags_of(mode)));
-        file->refuse_irregular();
-        return file;
+        switch (mode) {
+        case OpenMode::read:
+            return open_to_read(path);
+        case OpenMode::create:
+            return create(path);
+        case OpenMode::overwrite:
+            return open_to_overwrite(path);
+        }
+        return nullptr;
     }
 
     void remove(const std::string& path) override {
         if (::unlink(path.c_str()) == -1)
-            fail(path, errno);
+            throw disk_failure(path, errno);
     }
 
-    void rename(const std::string& from, const std::string& to) override {
-        if (::rename(from.c_str(), to.c_str()) == -1)
-            fail(from, errno);
-        const auto folder = std::filesystem::path(to).parent_path();
-        const std::string folder_path = folder.empty() ? "." : folder.string();
-        PosixFile(folder_path, open_descriptor(folder_path, O_RDONLY | O_DIRECTORY)).sync();
+    void replace(const std::string& from, const std::string& to) override {
+        const std::string target = followed(to);
+        if (const auto old = status_of(target)) {
+            PosixFile file(from, O_WRONLY | O_NOFOLLOW);
+            file.take_mode_and_owner_of(*old);
+            file.sync();
+        }
+        if (std::rename(from.c_str(), target.c_str()) == -1)
+            throw disk_failure(from, errno);
+        open_folder_of(target)->sync();
+    }
+
+    std::optional<FileState> state(const std::string& path) override {
+        const auto status = status_of(path);
+        return status ? std::optional(state_of(*status)) : std::nullopt;
+    }
+
+    std::string folder_of(const std::string& path) override {
+        const std::string target = followed(path);
+        return target.substr(0, target.rfind('/') + 1);
+    }
+
+    DiskLock lock_folder_of(const std::string& path) override {
+        using std::chrono::steady_clock;
+        constexpr std::chrono::milliseconds pause{10};
+        auto folder = open_folder_of(path);
+        const auto deadline = steady_clock::now() + lock_wait_;
+        while (!folder->lock()) {
+            if (steady_clock::now() >= deadline)
+                throw Failure(FailureKind::file_in_use,
+                              path + " is being changed by another program.");
+            std::this_thread::sleep_for(pause);
+        }
+        return folder;
     }
 
     std::string current_directory() override {
         std::error_code error;
         const auto path = std::filesystem::current_path(error);
         if (error)
-            fail(".", error.value());
+            throw disk_failure(".", error.value());
         return path.string();
     }
+
+  private:
+    std::shared_ptr<PosixFile> open_folder_of(const std::string& path) {
+        return std::make_shared<PosixFile>(folder_of(path) + ".", O_RDONLY | O_DIRECTORY);
+    }
+
+    std::chrono::milliseconds lock_wait_;
 };
 
 } // namespace
@@ -128,8 +137,8 @@ Failure disk_failure(const std::string& path, int error) {
     return {kind, error, path + ": " + std::generic_category().message(error)};
 }
 
-std::unique_ptr<Disk> make_posix_disk() {
-    return std::make_unique<PosixDisk>();
+std::unique_ptr<Disk> make_posix_disk(std::chrono::milliseconds lock_wait) {
+    return std::make_unique<PosixDisk>(lock_wait);
 }
 
 } // namespace lookfar
