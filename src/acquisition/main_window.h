@@ -179,6 +179,8 @@ class MainWindow : public Form {
     void GetRESOURCE(std::string url);
     /// The text behind a URL; empty after a failure, which is shown.
     std::string GetHTML(const std::string& WWW_Adresse);
+    /// Shows a failure's number and text in both windows, until a fetch succeeds.
+    void show_error(const Failure& failure);
 
     /// Asks the remote access service, where there is one, about the dial-up connections in force.
     /// Gives true, whatever it answers.
@@ -200,7 +202,6 @@ class MainWindow : public Form {
     void show_in_fullscreen_window(const PictureFile& file);
     void show_in_main_window(const PictureFile& file);
     void clear_error_display();
-    void show_error(const Failure& failure);
     void write_error_captions(const Failure& failure);
     void report_duration(float start);
 

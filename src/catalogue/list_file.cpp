@@ -1,5 +1,6 @@
 #include "catalogue/list_file.h"
 
+#include "catalogue/list_change.h"
 #include "file_numbers.h"
 #include "runtime/failure.h"
 
@@ -7,7 +8,7 @@ namespace lookfar::catalogue {
 
 namespace {
 
-enum class Found { lines, no_line };
+enum class Found { no_line, no_title, titles };
 
 /// A title counts once its URL is read: a title on which the list ends is no camera yet. The
 /// refill after a change (`catalogue::refill`) shows that one too.
@@ -16,10 +17,12 @@ void add_titles_of_whole_cameras(NumberedFiles& files,
                                  Found& found) {
     do {
         const std::string title = files.LineInput(file_number::list);
-        found = Found::lines;
+        if (found == Found::no_line)
+            found = Found::no_title;
         if (!title.empty()) {
             files.LineInput(file_number::list);
             add_title(title);
+            found = Found::titles;
         }
     } while (!files.EndOfFile(file_number::list));
 }
@@ -45,25 +48,39 @@ Found read_list(NumberedFiles& files, const std::function<void(const std::string
     } catch (const Failure& failure) {
         // Only the end of the file before the first line means that the list is empty. A list on a
         // disk that can't be read must not be replaced.
-        if (failure.Kind != FailureKind::past_end_of_file)
-            return Found::lines;
+        if (failure.Kind != FailureKind::past_end_of_file && found != Found::titles)
+            throw;
     }
     return found;
 }
 
-void write_default_camera(NumberedFiles& files) {
-    files.OpenForOutput(file_number::list, list_name);
+bool has_a_line(NumberedFiles& files) {
+    if (!open_existing_list(files))
+        return false;
     const FileCloser closer(files, file_number::list);
-    files.Print(file_number::list, "Eiffeltower");
-    files.Print(file_number::list,
-                "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
-    files.Close(file_number::list);
+    return !files.EndOfFile(file_number::list);
+}
+
+void write_default_camera(NumberedFiles& files) {
+    const ListLock lock(files.disk());
+    change_list(files, [&](const std::string& copy_path) {
+        // Another program may have written a list since this one looked for it.
+        if (has_a_line(files))
+            return CopyOutcome::abandoned;
+        files.OpenForOutput(file_number::list_copy, copy_path);
+        const FileCloser closer(files, file_number::list_copy);
+        files.Print(file_number::list_copy, "Eiffeltower");
+        files.Print(file_number::list_copy,
+                    "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
+        files.Close(file_number::list_copy);
+        return CopyOutcome::whole;
+    });
 }
 
 } // namespace
 
 void read_at_start(NumberedFiles& files, const std::function<void(const std::string&)>& add_title) {
-    if (read_list(files, add_title) == Found::lines)
+    if (read_list(files, add_title) != Found::no_line)
         return;
     write_default_camera(files);
     read_list(files, add_title);

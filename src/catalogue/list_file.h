@@ -10,15 +10,16 @@ namespace lookfar::catalogue {
 
 /// The camera list, in the current directory: a camera is two lines, its title and its URL.
 inline constexpr const char* list_name = "Cams.inf";
-/// The copy that a rewrite makes beside it.
+/// The copy that a change makes beside it (`change_list`).
 inline constexpr const char* copy_name = "C1.DAT";
 
 /// Gives the titles of a well-formed list in the order of the file, skipping blank lines where a
 /// title is expected. A list that is missing or has no line at all is written anew with the one
-/// default camera first. Whatever else ends the reading early, the titles given so far are the
-/// list, and the file is left alone.
+/// default camera first (`change_list`). Whatever else ends the reading early, the titles given so
+/// far are the list, and the file is left alone.
 ///
-/// Throws a `Failure` when the list can't be opened, and when the default camera can't be written.
+/// Throws a `Failure` when the list can't be opened or read before it has given a title, and when
+/// the default camera can't be written.
 void read_at_start(NumberedFiles& files, const std::function<void(const std::string&)>& add_title);
 
 /// Gives every line of the list, titles, URLs and blank lines alike. The step may read further

@@ -1,26 +1,28 @@
 #include "catalogue/rewrite.h"
 
+#include "catalogue/list_change.h"
 #include "catalogue/list_file.h"
 #include "file_numbers.h"
 #include "runtime/failure.h"
+
+#include <vector>
 
 namespace lookfar::catalogue {
 
 namespace {
 
-void print_camera(NumberedFiles& files, const Camera& camera) {
-    files.Print(file_number::list_copy, camera.title);
-    files.Print(file_number::list_copy, camera.url);
-}
-
+/// A title on which the list ends has no URL to take along.
 void copy_without(NumberedFiles& files, const std::string& title) {
     do {
-        const std::string line = files.LineInput(file_number::list);
-        if (line.empty())
+        std::vector<std::string> record{files.LineInput(file_number::list)};
+        if (record.front().empty())
             continue;
-        const std::string url = files.LineInput(file_number::list);
-        if (line != title)
-            print_camera(files, {.title = line, .url = url});
+        if (!files.EndOfFile(file_number::list))
+            record.push_back(files.LineInput(file_number::list));
+        if (record.front() == title)
+            continue;
+        for (const std::string& line : record)
+            files.Print(file_number::list_copy, line);
     } while (!files.EndOfFile(file_number::list));
 }
 
@@ -29,21 +31,22 @@ class EditorCopy {
   public:
     EditorCopy(NumberedFiles& files, const Save& save) : files_(files), save_(save) {}
 
-    SaveOutcome run() {
+    SaveOutcome make(const std::string& copy_path) {
         attempt_reading([&] { files_.OpenForInput(file_number::list, list_name); });
-        attempt([&] { files_.OpenForOutput(file_number::list_copy, copy_name); });
+        attempt([&] { files_.OpenForOutput(file_number::list_copy, copy_path); });
         do {
             if (copy_line() == SaveOutcome::refused)
                 return SaveOutcome::refused;
         } while (more_lines_follow());
+        attempt(save_.lines_are_copied);
         attempt([&] { files_.Close(file_number::list); });
         if (!is_placed_)
-            print_record();
+            append_record();
         attempt([&] { files_.Close(file_number::list_copy); });
-        if (!has_lost_input_)
-            attempt([&] { files_.Replace(copy_name, list_name); });
         return SaveOutcome::done;
     }
+
+    bool has_lost_input() const { return has_lost_input_; }
 
   private:
     SaveOutcome copy_line() {
@@ -57,7 +60,7 @@ class EditorCopy {
                 return SaveOutcome::refused;
             place_record();
         } else {
-            attempt([&] { files_.Print(file_number::list_copy, line); });
+            print(line);
         }
         return SaveOutcome::done;
     }
@@ -68,11 +71,21 @@ class EditorCopy {
         is_placed_ = true;
     }
 
+    void append_record() {
+        // Behind a title without a URL, the record's title would become that URL.
+        if (awaits_url_)
+            print("");
+        print_record();
+    }
+
     void print_record() {
-        attempt_each({
-            [&] { files_.Print(file_number::list_copy, save_.camera.title); },
-            [&] { files_.Print(file_number::list_copy, save_.camera.url); },
-        });
+        print(save_.camera.title);
+        print(save_.camera.url);
+    }
+
+    void print(const std::string& line) {
+        awaits_url_ = !awaits_url_ && !line.empty();
+        attempt([&] { files_.Print(file_number::list_copy, line); });
     }
 
     bool more_lines_follow() {
@@ -98,25 +111,55 @@ class EditorCopy {
     NumberedFiles& files_;
     const Save& save_;
     bool is_placed_ = false;
+    /// Whether the copy so far ends on a title.
+    bool awaits_url_ = false;
     bool has_lost_input_ = false;
 };
 
 } // namespace
 
 void remove_cameras(NumberedFiles& files, const std::string& title) {
-    files.OpenForInput(file_number::list, list_name);
-    const FileCloser list_closer(files, file_number::list);
-    files.OpenForOutput(file_number::list_copy, copy_name);
-    const FileCloser copy_closer(files, file_number::list_copy);
-    copy_without(files, title);
-    files.CloseAll();
-    files.Replace(copy_name, list_name);
+    const ListLock lock(files.disk());
+    change_list(files, [&](const std::string& copy_path) {
+        files.OpenForInput(file_number::list, list_name);
+        const FileCloser list_closer(files, file_number::list);
+        files.OpenForOutput(file_number::list_copy, copy_path);
+        const FileCloser copy_closer(files, file_number::list_copy);
+        copy_without(files, title);
+        files.CloseAll();
+        return CopyOutcome::whole;
+    });
 }
 
 SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
-    const FileCloser list_closer(files, file_number::list);
-    const FileCloser copy_closer(files, file_number::list_copy);
-    return EditorCopy(files, save).run();
+    ListLock lock(files.disk());
+    Save asking_once = save;
+    std::optional<bool> answer;
+    asking_once.may_overwrite = [&] {
+        if (answer)
+            return *answer;
+        lock.release();
+        answer = save.may_overwrite();
+        if (*answer)
+            lock.take();
+        return *answer;
+    };
+    std::optional<SaveOutcome> outcome;
+    const auto make_copy = [&](const std::string& copy_path) {
+        const FileCloser list_closer(files, file_number::list);
+        const FileCloser copy_closer(files, file_number::list_copy);
+        EditorCopy copy(files, asking_once);
+        outcome = copy.make(copy_path);
+        const bool is_whole = outcome == SaveOutcome::done && !copy.has_lost_input();
+        return is_whole ? CopyOutcome::whole : CopyOutcome::abandoned;
+    };
+    try {
+        change_list(files, make_copy);
+    } catch (const Failure& failure) {
+        if (!outcome || failure.Kind == FailureKind::file_in_use)
+            throw;
+    }
+    return *outcome;
 }
 
 } // namespace lookfar::catalogue

@@ -14,7 +14,8 @@ struct Camera {
     std::string url;
 };
 
-/// Leaves every record with this title out of the list; blank lines between records go too.
+/// Leaves every record with this title out of the list; blank lines between records go too. A title
+/// on which the list ends counts as a record without a URL.
 /// Throws a `Failure` when a file step fails; the list then stays as it was.
 void remove_cameras(NumberedFiles& files, const std::string& title);
 
@@ -25,6 +26,8 @@ struct Save {
     std::optional<std::string> replaced_title;
     /// Asked at most once, when a camera is added under a title that exists: may it be overwritten?
     std::function<bool()> may_overwrite;
+    /// Called whenever the lines of the old list are copied, before the copy takes its place.
+    std::function<void()> lines_are_copied;
 };
 
 enum class SaveOutcome {
@@ -35,9 +38,11 @@ enum class SaveOutcome {
 };
 
 /// Puts a camera into the list: in the place of the records that it replaces, or of the first
-/// line with its title, or else at the end. Every other line is kept as it stands. A step that
-/// fails is skipped and the next one runs, but a copy that lacks anything of the old list or of
-/// the new record never takes the list's place.
+/// line with its title, or else at the end; a title on which the list ends gets a blank URL before
+/// that. Every other line is kept as it stands. A step that fails is skipped and the next one runs,
+/// but a copy that lacks anything of the old list or of the new record never takes the list's
+/// place. Throws a `Failure` where no copy can be begun, and where another program goes on changing
+/// the list; the list then stays as it was.
 SaveOutcome save_camera(NumberedFiles& files, const Save& save);
 
 } // namespace lookfar::catalogue

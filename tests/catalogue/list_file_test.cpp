@@ -112,7 +112,7 @@ TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
     // The last one has the number that the end of a file has here.
     for (const int error : {EIO, ETIME}) {
         disk.fail("read Cams.inf", error);
-        EXPECT_EQ(titles_at_start(), Lines{});
+        EXPECT_THROW(titles_at_start(), Failure);
         EXPECT_EQ(content_of("Cams.inf"), content);
     }
     disk.fail("open-read Cams.inf", EACCES);
@@ -120,16 +120,38 @@ TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
     EXPECT_EQ(content_of("Cams.inf"), content);
     disk.mend();
     EXPECT_EQ(titles_at_start(), (Lines{"a", "b"}));
+    disk.longest_read = 10;
+    int operations = 0;
+    disk.before = [&](const std::string& operation) {
+        if (++operations == 3)
+            throw disk_failure(operation, EIO);
+    };
+    EXPECT_EQ(titles_at_start(), Lines{"a"}) << "those before the failure";
 }
 
-TEST_F(ListFile, ThatCantBeMadeIsAFailureAndNoEndlessTry) {
-    for (const char* operation : {"open-create Cams.inf", "write Cams.inf", "sync Cams.inf"}) {
-        write_file("Cams.inf", "");
-        disk.fail(operation, ENOSPC);
-        EXPECT_THROW(titles_at_start(), Failure) << operation;
-        disk.mend();
-        expect_nothing_open();
+TEST_F(ListFile, IsMadeWholeOrNotAtAll) {
+    for (const char* operation :
+         {"open-create C1.DAT", "write C1.DAT", "sync C1.DAT", "replace Cams.inf"}) {
+        for (const bool is_missing : {true, false}) {
+            std::filesystem::remove("Cams.inf");
+            if (!is_missing)
+                write_file("Cams.inf", "");
+            disk.fail(operation, ENOSPC);
+            EXPECT_THROW(titles_at_start(), Failure) << operation;
+            disk.mend();
+            expect_nothing_open();
+            EXPECT_EQ(exists("Cams.inf"), !is_missing) << operation;
+            EXPECT_EQ(content_of("Cams.inf"), "") << operation;
+        }
     }
+}
+
+TEST_F(ListFile, ThatAnotherProgramMakesAtTheSameTimeIsLeftToIt) {
+    disk.before = [&](const std::string& operation) {
+        if (operation == "lock Cams.inf")
+            write_file("Cams.inf", "a\r\nua\r\n");
+    };
+    EXPECT_EQ(titles_at_start(), Lines{"a"});
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "support/list_model.h"
 #include "support/started.h"
 
+#include <cerrno>
 #include <functional>
 
 namespace lookfar::testing {
@@ -68,6 +69,33 @@ TEST_F(ListWindows, AskBeforeTheyRemoveAndSelectTheFirstCameraAfterwards) {
     EXPECT_EQ(Form3->List1.ListCount(), 2);
 }
 
+TEST_F(ListWindows, RemoveTheCameraThatTheyAskedAbout) {
+    platform.box_answers.emplace_back([&] {
+        Form3->List1.ListIndex = 2;
+        return MessageBoxAnswer::yes;
+    });
+    press_remove();
+    EXPECT_EQ(content_of("Cams.inf"), "a\r\n" + url_of('a') + "\r\nc\r\n" + url_of('c') + "\r\n");
+}
+
+TEST_F(ListWindows, ShowWhatTheFileHoldsWhenARemovalFails) {
+    const struct {
+        const char* failing;
+        short cameras;
+    } cases[] = {{"write C1.DAT", 3}, {"replace Cams.inf", 3}, {"replaced Cams.inf", 2}};
+    for (const auto& [failing, cameras] : cases) {
+        platform.faulty_disk.fail(failing, EIO);
+        answer(MessageBoxAnswer::yes);
+        press_remove();
+        platform.faulty_disk.mend();
+        EXPECT_EQ(content_of("Cams.inf") == list, cameras == 3) << failing;
+        EXPECT_EQ(Form3->List1.ListCount(), cameras) << failing;
+        EXPECT_EQ(Form1->Combo1.ListCount(), cameras) << failing;
+        EXPECT_EQ(Form1->Label2.Visible, cameras == 3) << failing;
+        refresh();
+    }
+}
+
 TEST_F(ListWindows, StayUsableWhenTheLastCameraIsRemoved) {
     let_tick();
     const auto picture = Form1->ImagNT1.Picture.get();
@@ -97,14 +125,52 @@ TEST_F(ListWindows, AddACameraAtTheEndAndSelectIt) {
     Form3->Command1.Click.raise();
     EXPECT_TRUE(Form4->Visible);
     EXPECT_EQ(Form4->Text1.Text.get() + Form4->Text2.Text.get(), "");
-    save("B\xC3\xBC\nro", "http://new.example/\r\n");
-    EXPECT_EQ(content_of("Cams.inf"), list + "B\xC3\xBC ro\r\nhttp://new.example/  \r\n");
-    EXPECT_FALSE(Form4->Visible);
-    expect_selected("B\xC3\xBC ro");
+    bool is_hidden = false;
+    platform.faulty_disk.before = [&](const std::string& operation) {
+        EXPECT_TRUE(Form4->Visible || operation != "open-create C1.DAT");
+        is_hidden = is_hidden || (operation == "write C1.DAT" && !Form4->Visible);
+    };
+    save("B\xC3\xBC\rro\n", "http://new.example/\r\n");
+    EXPECT_TRUE(is_hidden) << "before the record is appended";
+    platform.faulty_disk.mend();
+    const std::string new_list = list + "B\xC3\xBC ro\n\r\nhttp://new.example/ \r\n";
+    EXPECT_EQ(content_of("Cams.inf"), new_list);
+    expect_selected("B\xC3\xBC ro\n");
     EXPECT_EQ(platform.focus, &Form4->Text1);
     EXPECT_EQ(platform.brought_forward.back(), &*Form3);
     refresh();
-    EXPECT_EQ(platform.requests.back(), "http://new.example/  ");
+    EXPECT_EQ(platform.requests.back(), "http://new.example/ ");
+
+    Form3->Command3.Click.raise();
+    program.runtime.deliver([this] { Form4->Command1.Click.raise(); });
+    EXPECT_EQ(content_of("Cams.inf"), new_list) << "an edit without a change";
+}
+
+TEST_F(ListWindows, KeepWhatWasTypedWhileAnotherProgramChangesTheList) {
+    Form3->Command1.Click.raise();
+    auto lock = make_posix_disk()->lock_folder_of("Cams.inf");
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        save("new", "unew");
+        EXPECT_EQ(Form4->Visible, lock != nullptr);
+        expect_error_display(lock != nullptr);
+        EXPECT_EQ(content_of("Cams.inf") == list, lock != nullptr);
+        refresh();
+        lock.reset();
+    }
+    expect_selected("new");
+}
+
+TEST_F(ListWindows, OpenTheEditorWhereverTheUrlCantBeFound) {
+    for (const char* content : {"b", "", "x\r\nux\r\n"}) {
+        write_file("Cams.inf", content);
+        Form4->Text2.Text = "kept";
+        Form4->Hide();
+        Form4->Label3.Caption = "0";
+        program.runtime.deliver([this] { Form3->Command3.Click.raise(); });
+        EXPECT_TRUE(Form4->Visible) << content;
+        EXPECT_EQ(Form4->Text1.Text.get() + Form4->Text2.Text.get(), "bkept") << content;
+        EXPECT_EQ(Form4->Label3.Caption.get(), "1") << content;
+    }
 }
 
 TEST_F(ListWindows, AskBeforeTheyOverwriteACameraAndLetNoRefreshInBetween) {

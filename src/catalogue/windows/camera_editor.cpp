@@ -6,17 +6,15 @@
 #include "program.h"
 #include "runtime/message_box.h"
 
-#include <algorithm>
+#include <regex>
 
 namespace lookfar {
 
 namespace {
 
-/// A line break would part a record; it becomes a blank.
-std::string on_one_line(std::string text) {
-    std::ranges::replace(text, '\r', ' ');
-    std::ranges::replace(text, '\n', ' ');
-    return text;
+/// A line end of the list file would part a record; it becomes a blank. A lone LF ends no line.
+std::string on_one_line(const std::string& text) {
+    return std::regex_replace(text, std::regex("\r\n?"), " ");
 }
 
 } // namespace
@@ -43,10 +41,16 @@ void CameraEditor::Command1_Click() {
     // A blank title line would break the file's pairs.
     if (Text1.Text == "")
         return;
-    if (catalogue::save_camera(runtime.files(), what_is_saved()) == catalogue::SaveOutcome::refused)
+    try {
+        if (catalogue::save_camera(runtime.files(), what_is_saved()) ==
+            catalogue::SaveOutcome::refused)
+            return;
+    } catch (const Failure& failure) {
+        Form1->show_error(failure);
+        Show();
         return;
+    }
     attempt_each({
-        [&] { Hide(); },
         [&] { catalogue::refill(runtime.files(), Form3->selector_lists()); },
         [&] { Form1->Combo1.ListIndex = 0; },
         [&] { Form2->Combo1.ListIndex = 0; },
@@ -59,7 +63,8 @@ catalogue::Save CameraEditor::what_is_saved() {
     catalogue::Save save{
         .camera = {.title = on_one_line(Text1.Text), .url = on_one_line(Text2.Text)},
         .replaced_title = std::nullopt,
-        .may_overwrite = [this] { return may_overwrite(); }};
+        .may_overwrite = [this] { return may_overwrite(); },
+        .lines_are_copied = [this] { Hide(); }};
     if (Label3.Caption == editor_mode::edit)
         save.replaced_title = Form3->List1.List(Form3->List1.ListIndex);
     return save;

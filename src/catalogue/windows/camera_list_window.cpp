@@ -52,19 +52,28 @@ void CameraListWindow::Command1_Click() {
 
 void CameraListWindow::Command3_Click() {
     Form4->Text1.Text = List1.List(List1.ListIndex);
-    if (const auto url = catalogue::find_url(runtime.files(), List1.List(List1.ListIndex)))
-        Form4->Text2.Text = *url;
+    attempt([this] {
+        if (const auto url = catalogue::find_url(runtime.files(), List1.List(List1.ListIndex)))
+            Form4->Text2.Text = *url;
+    });
     Form4->Label3.Caption = editor_mode::edit;
     Form4->Show();
 }
 
 void CameraListWindow::Command2_Click() {
+    // The selection may move on under the question.
+    const std::string title = List1.Text;
     const MessageBoxAnswer answer =
-        runtime.MsgBox("Do you really want to remove '" + List1.Text + "' from your Skyglass list?",
+        runtime.MsgBox("Do you really want to remove '" + title + "' from your Skyglass list?",
                        MessageBoxFlag::yes_no + MessageBoxFlag::question, "Remove Skyglass");
     if (answer == MessageBoxAnswer::no)
         return;
-    catalogue::remove_cameras(runtime.files(), List1.List(List1.ListIndex));
+    try {
+        catalogue::remove_cameras(runtime.files(), title);
+    } catch (const Failure& failure) {
+        Form1->show_error(failure);
+        return;
+    }
     catalogue::refill(runtime.files(), selector_lists());
     Form1->Combo1.ListIndex = 0;
 }

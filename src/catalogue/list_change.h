@@ -1,0 +1,62 @@
+#pragma once
+
+#include "runtime/files/files.h"
+
+#include <functional>
+#include <string>
+
+namespace lookfar::catalogue {
+
+/// How the camera list is kept safe.
+///
+/// Nobody writes into the list. Whoever changes it makes a whole new list beside it, the copy, and
+/// that takes the list's place. Each danger has its guard:
+///
+/// - The disk fills up, an operation fails, or the machine stops. The copy takes the list's place
+///   in one step, once all its lines are on the disk (`NumberedFiles::Replace`). So the list is the
+///   whole old one or the whole new one at any moment.
+/// - Two programs change the list at once. Each of them holds a lock on the list's folder, from
+///   before it reads the list until the copy has taken its place, except while it asks the user. A
+///   file system without locks does without.
+/// - Somebody changes the list without that lock, or under a question. Before the copy takes the
+///   list's place, the list must still be the file that was read, as old and as large as it was
+///   then, and the copy must be the one that was made. Else the copy is made again.
+/// - The copy's name is planted as a link to another file. The copy is a new file, and what bore
+///   its name is never written into.
+/// - Others must not see the list. The copy is the user's alone, and so is a list where there was
+///   none; else it takes the old list's mode and owner with its place.
+/// - The list is a symbolic link. The link stays, and all is done where the file lies: the lock,
+///   the copy, and the one step.
+/// - The list is too large for the memory. Lines and files over a limit are failures when they are
+///   read (`NumberedFiles::LineInput`), and a copy that lacks a line never takes the list's place.
+
+/// The lock on the list's folder, held until the end of its life. To take it throws a `Failure` of
+/// the kind `file_in_use` where another program holds it for long.
+class ListLock {
+  public:
+    explicit ListLock(Disk& disk);
+    void release() { lock_.reset(); }
+    void take();
+
+  private:
+    Disk& disk_;
+    DiskLock lock_;
+};
+
+enum class CopyOutcome {
+    /// May take the list's place.
+    whole,
+    /// The list stays.
+    abandoned,
+};
+
+/// Makes the copy at a path: opens the list and the copy under their numbers, and closes both.
+using MakeCopy = std::function<CopyOutcome(const std::string& copy_path)>;
+
+/// Has a copy made, and made again while the list was changed in the meantime, and lets it take the
+/// list's place. The caller holds the lock. Throws what `make_copy` throws, a `Failure` of the kind
+/// `file_in_use` where another program goes on changing the list, and others where the copy can't
+/// take the list's place. The list then is as it was.
+void change_list(NumberedFiles& files, const MakeCopy& make_copy);
+
+} // namespace lookfar::catalogue
