@@ -25,19 +25,28 @@ void add_titles_as_they_come(NumberedFiles& files, ListBox& titles) {
     } while (!files.EndOfFile(file_number::list));
 }
 
+void clear(SelectorLists lists) {
+    lists.titles.Clear();
+    lists.main_selector.Clear();
+    lists.fullscreen_selector.Clear();
+}
+
 } // namespace
 
 void copy_titles(SelectorLists lists) {
-    for (short index = 0; index < lists.titles.ListCount(); ++index) {
-        lists.main_selector.AddItem(lists.titles.List(index));
-        lists.fullscreen_selector.AddItem(lists.titles.List(index));
+    try {
+        for (short index = 0; index < lists.titles.ListCount(); ++index) {
+            lists.main_selector.AddItem(lists.titles.List(index));
+            lists.fullscreen_selector.AddItem(lists.titles.List(index));
+        }
+    } catch (const Failure&) {
+        clear(lists);
+        throw;
     }
 }
 
 void refill(NumberedFiles& files, SelectorLists lists) {
-    lists.titles.Clear();
-    lists.main_selector.Clear();
-    lists.fullscreen_selector.Clear();
+    clear(lists);
     try {
         add_titles_as_they_come(files, lists.titles);
     } catch (const Failure&) {

@@ -17,12 +17,13 @@ struct SelectorLists {
     ComboBox& fullscreen_selector;
 };
 
-/// Appends the master's titles to both selectors, index by index.
+/// Appends the master's titles to both selectors, index by index. Throws a `Failure` where the
+/// memory does not suffice; the three lists are empty then.
 void copy_titles(SelectorLists lists);
 
 /// Empties the three lists and fills them from the list file. A file that ends early, or a list
 /// that is full, leaves the titles read so far. Throws a `Failure` when the file can't be opened
-/// or has no line; the lists are empty then.
+/// or has no line, and as `copy_titles` does; the lists are empty then.
 void refill(NumberedFiles& files, SelectorLists lists);
 
 } // namespace lookfar::catalogue

@@ -5,17 +5,27 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
+#include <utility>
 
 namespace lookfar {
 
 short ListEntries::add(const std::string& text) {
     if (count() == std::numeric_limits<short>::max())
         throw Failure(FailureKind::list_is_full, "The list is full: it holds 32767 entries.");
-    Entry entry{.text = text, .sort_key = sorted_ ? caseless_key(text) : std::u32string()};
+    try {
+        return insert({.text = text, .sort_key = sorted_ ? caseless_key(text) : std::u32string()});
+    } catch (const std::bad_alloc&) {
+        throw Failure(FailureKind::too_large, "There is not enough memory for the list.");
+    }
+}
+
+short ListEntries::insert(Entry entry) {
     const auto place = place_of(entry);
     const auto position = static_cast<short>(place - order_.begin());
-    order_.insert(place, static_cast<std::uint16_t>(entries_.size()));
+    const auto index = static_cast<std::uint16_t>(entries_.size());
     entries_.push_back(std::move(entry));
+    order_.insert(place, index);
     return position;
 }
 

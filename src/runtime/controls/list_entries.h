@@ -12,7 +12,8 @@ class ListEntries {
   public:
     explicit ListEntries(bool sorted) : sorted_(sorted) {}
 
-    /// Gives back the position that the entry took. Throws a `Failure` when the list is full.
+    /// Gives back the position that the entry took. Throws a `Failure` when the list is full, or
+    /// the memory.
     short add(const std::string& text);
     void clear();
 
@@ -28,6 +29,7 @@ class ListEntries {
         std::u32string sort_key;
     };
 
+    short insert(Entry entry);
     std::vector<std::uint16_t>::iterator place_of(const Entry& entry);
 
     bool sorted_;
