@@ -2,7 +2,34 @@
 #include "program.h"
 #include "resources/resources.h"
 
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+/// A warning that nobody reads and a file that grows too large fail where they are written, and
+/// don't end the program.
+void ignore_signals_of_failed_writes() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+/// Warnings go to descriptor 2, whatever lies there: a file or a connection must never get one of
+/// the first three descriptors.
+void keep_standard_streams_open() {
+    int descriptor = STDIN_FILENO;
+    while (descriptor != -1 && descriptor <= STDERR_FILENO)
+        descriptor = ::open("/dev/null", O_RDWR);
+    if (descriptor != -1)
+        ::close(descriptor);
+}
+
+} // namespace
+
 int main(int argument_count, char** arguments) {
+    ignore_signals_of_failed_writes();
+    keep_standard_streams_open();
     lookfar::DesktopPlatform platform(argument_count, arguments, lookfar::resources::icons());
     lookfar::Program program(platform);
     program.start();

@@ -83,7 +83,7 @@ void DrivenTest::write_list(const Titles& titles) const {
     lookfar::testing::write_file("Cams.inf", list);
 }
 
-void DrivenTest::launch(const std::string& http_proxy) {
+void DrivenTest::launch(const std::string& http_proxy, const std::string& command) {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     // Without a screen reader the program would keep its texts to itself.
     variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
@@ -91,7 +91,7 @@ void DrivenTest::launch(const std::string& http_proxy) {
     variables.remove("AT_SPI_BUS_ADDRESS");
     variables.insert("http_proxy", QString::fromStdString(http_proxy));
     program.setProcessEnvironment(variables);
-    program.start(LOOKFAR_PROGRAM, {});
+    program.start("sh", {"-c", QString::fromStdString(command), LOOKFAR_PROGRAM});
     if (!program.waitForStarted())
         throw std::runtime_error("The program cannot be started.");
 }

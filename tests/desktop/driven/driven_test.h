@@ -68,8 +68,9 @@ class DrivenTest : public ::testing::Test {
 
     /// Writes a list of cameras of `cameras`, where the path of each is its title behind a slash.
     void write_list(const Titles& titles) const;
-    /// Starts the program in the current directory and doesn't wait for anything.
-    void launch(const std::string& http_proxy = {});
+    /// Starts the program in the current directory, by a shell's command in which "$0" is its name,
+    /// and doesn't wait for anything.
+    void launch(const std::string& http_proxy = {}, const std::string& command = "exec \"$0\"");
     /// Starts the program on a list of cameras and waits for its main window. Throws where
     /// that never comes.
     void start(const Titles& titles);

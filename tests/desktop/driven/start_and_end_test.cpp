@@ -2,6 +2,10 @@
 
 #include "demo/misbehaviour.h"
 
+#include <csignal>
+#include <filesystem>
+#include <string>
+
 namespace lookfar::driven {
 namespace {
 
@@ -44,6 +48,20 @@ TEST_F(Start, MakesAListInAnEmptyFolder) {
               "/eiffel1.jpg?1011467343523\r\n");
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Eiffeltower"));
     EXPECT_TRUE(comes_to_show(picture(), colour::green));
+}
+
+TEST_F(Start, LivesWithStandardStreamsThatAreClosedAndWritesThatFail) {
+    write_list({"Harbour"});
+    launch({}, "exec \"$0\" <&- >&- 2>&-");
+    ASSERT_TRUE(comes_up(title::main_window));
+    for (const int stream : {0, 1, 2})
+        EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(program.processId()) +
+                                                "/fd/" + std::to_string(stream)),
+                  "/dev/null");
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        ::kill(static_cast<pid_t>(program.processId()), signal);
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
 }
 
 TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
