@@ -13,6 +13,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPixmap>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,13 @@ class DesktopTest : public testing::Test {
 
     /// 0x00RRGGBB.
     unsigned pixel(const Form& form, int x, int y) { return pixels(form).pixel(x, y) & 0xFFFFFFU; }
+
+    /// The same as the X server shows it; a grab of pixels would paint them first.
+    unsigned on_screen(const Form& form, int x, int y) {
+        const WindowView& view = window(form);
+        const QPixmap shown = view.screen()->grabWindow(view.winId(), x, y, 1, 1);
+        return shown.toImage().pixel(0, 0) & 0xFFFFFFU;
+    }
 
     int argument_count = 1;
     std::string name = "desktop_test";

@@ -21,10 +21,10 @@ class SmallForm : public Form {
         List1.AddItem("Camera");
     }
 
-    CommandButton Command1{*this, {.Caption = "Close", .At = {300, 300, 1200, 375}}};
-    TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}, .TabIndex = 1}};
+    CommandButton Command1{*this, {.Caption = "Close", .At = {300, 300, 1200, 375}, .TabIndex = 1}};
+    TextBox Text1{*this, {.Text = "10", .At = {300, 900, 1200, 300}, .TabIndex = 2}};
     UpDown UpDown1{*this, {.At = {1800, 900, 300, 300}, .Max = 10}};
-    ListBox List1{*this, {.At = {2200, 300, 700, 900}, .TabIndex = 2}};
+    ListBox List1{*this, {.At = {2200, 300, 700, 900}}};
 };
 
 class WindowTest : public DesktopTest {
@@ -128,7 +128,7 @@ TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
     EXPECT_EQ(entry.text(), "10") << "a hidden window follows nothing";
     show(form);
     EXPECT_EQ(entry.text(), "99");
-    EXPECT_EQ(window(form).focusWidget(), &entry) << "although the button comes first";
+    EXPECT_EQ(window(form).focusWidget(), &entry) << "although the list comes first";
     EXPECT_FALSE(widget(form.Command1).isVisible());
     EXPECT_EQ(entry.cursor().shape(), Qt::WaitCursor);
     form.MousePointer = MousePointer::standard;
