@@ -29,10 +29,27 @@ std::pair<int, int> selection_of(const QLineEdit& entry) {
     return {entry.cursorPosition(), 0};
 }
 
+/// Selects the text if a handler has written it into the box that has the keyboard, so that the
+/// next character replaces it.
+void select_if_written(const TextEntry& entry, TextBox& control, const std::string& before) {
+    if (control.Text == before || !entry.hasFocus())
+        return;
+    control.SelStart = 0;
+    control.SelLength = static_cast<int>(whole_text(control.Text.get()).size());
+}
+
 void report_text(const TextEntry& entry, TextBox& control) {
+    const std::string typed = typed_bytes(entry.text());
     control.SelStart = entry.cursorPosition();
     control.SelLength = 0;
-    control.Text = typed_bytes(entry.text());
+    control.Text = typed;
+    select_if_written(entry, control, typed);
+}
+
+void report_key(const TextEntry& entry, TextBox& control, KeyCode code, short shift) {
+    const std::string before = control.Text.get();
+    control.KeyDown.raise(code, shift);
+    select_if_written(entry, control, before);
 }
 
 void report_selection(const TextEntry& entry, TextBox& control) {
@@ -134,8 +151,8 @@ NativeControl make_text_entry(TextBox& control, UserActions& actions, QWidget& w
     QObject::connect(&entry, &QLineEdit::selectionChanged, tie, selection_changed);
     QObject::connect(&entry, &QLineEdit::cursorPositionChanged, tie, selection_changed);
     QObject::connect(&entry, &TextEntry::key_pressed, tie,
-                     [&control, &actions](KeyCode code, short shift) {
-                         actions.deliver(control, [&] { control.KeyDown.raise(code, shift); });
+                     [&entry, &control, &actions](KeyCode code, short shift) {
+                         actions.deliver(control, [&] { report_key(entry, control, code, shift); });
                      });
     const auto got_focus = [&control, &actions] {
         actions.deliver(control, [&control] { control.GotFocus.raise(); });
