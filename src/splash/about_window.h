@@ -40,7 +40,7 @@ class AboutWindow : public Form {
     Image Image1{*this, {.Picture = program_icon(48), .At = {3600, 120, 720, 720}}};
     // Maker's notice.
     Label Label3{*this,
-                 {.Caption = "2002 The Lookfar founders",
+                 {.Caption = "2002 Lookfar founders",
                   .At = {120, 960, 4335, 255},
                   .Align = Alignment::right,
                   .Back = BackStyle::transparent,
@@ -81,7 +81,7 @@ class AboutWindow : public Form {
     Frame Frame1{*this, {.At = {2520, 840, 30, 2655}, .TabIndex = 5}};
     // Thanks.
     Label Label4{*this,
-                 {.Caption = "Special Thanks to Ann Example and Bob Example",
+                 {.Caption = "Special Thanks to Ada Fenwick and Jonas Brandt",
                   .At = {2640, 1320, 1815, 615},
                   .Align = Alignment::centre,
                   .Back = BackStyle::transparent,

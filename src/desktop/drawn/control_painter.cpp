@@ -74,7 +74,7 @@ void ControlPainter::visit(Label& label) {
 
 void ControlPainter::draw_caption(const Label& label, const QRect& box) {
     const QString caption = shown_text(label.Caption.get());
-    const QColor colour = screen_colour(label.ForeColor, palette_);
+    const QColor colour = caption_colour(label);
     if (is_symbol_font(label.Font)) {
         draw_symbols(painter_, box, caption, pixel_size(label.Font), colour);
         return;
@@ -85,6 +85,13 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
         draw_halo(label, box, caption);
     painter_.setPen(colour);
     draw_text(label, box, caption);
+}
+
+/// The colours of a link are meant for a light ground, and the window's may be dark.
+QColor ControlPainter::caption_colour(const Label& label) const {
+    const QColor colour = screen_colour(label.ForeColor, palette_);
+    return label.Role == LabelRole::link ? readable_on(palette_.color(QPalette::Window), colour)
+                                         : colour;
 }
 
 void ControlPainter::draw_text(const Label& label, const QRect& box, const QString& text) {

@@ -32,6 +32,7 @@ class ControlPainter : public DrawnControlVisitor {
 
   private:
     void draw_caption(const Label& label, const QRect& box);
+    QColor caption_colour(const Label& label) const;
     void draw_text(const Label& label, const QRect& box, const QString& text);
     void draw_halo(const Label& label, const QRect& box, const QString& text);
     void draw_rectangle(const Shape& shape);

@@ -2,6 +2,8 @@
 
 #include <QPalette>
 
+#include <cmath>
+
 namespace lookfar::desktop {
 
 namespace {
@@ -25,6 +27,20 @@ int channel(Colour value, unsigned shift) {
     return static_cast<int>(value >> shift & 0xFFU);
 }
 
+/// As the Web Content Accessibility Guidelines define it: 0 for black, 1 for white.
+double luminance(const QColor& colour) {
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// By the same guidelines: 1 for equal colours, 21 for black on white.
+double contrast(const QColor& lighter, const QColor& darker) {
+    return (luminance(lighter) + 0.05) / (luminance(darker) + 0.05);
+}
+
 } // namespace
 
 short bits_per_pixel(int colour_bits) {
@@ -38,6 +54,18 @@ QColor screen_colour(Colour value, const QPalette& palette) {
     if ((value & system_colour_bit) != 0)
         return palette.color(role_of(value));
     return {channel(value, 0), channel(value, 8), channel(value, 16)};
+}
+
+QColor readable_on(const QColor& ground, const QColor& colour) {
+    constexpr double brightest_dark_ground = 0.18;
+    constexpr double enough_contrast = 4.5;
+    QColor readable = colour;
+    if (luminance(ground) > brightest_dark_ground)
+        return readable;
+    for (int lightness = colour.lightness(); contrast(readable, ground) < enough_contrast;
+         ++lightness)
+        readable.setHsl(colour.hslHue(), colour.hslSaturation(), lightness);
+    return readable;
 }
 
 } // namespace lookfar::desktop

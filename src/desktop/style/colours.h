@@ -14,4 +14,7 @@ short bits_per_pixel(int colour_bits);
 /// The colour on the screen; a system colour is looked up in the palette.
 QColor screen_colour(Colour value, const QPalette& palette);
 
+/// The colour, made lighter as far as it takes to be read on a dark ground.
+QColor readable_on(const QColor& ground, const QColor& colour);
+
 } // namespace lookfar::desktop

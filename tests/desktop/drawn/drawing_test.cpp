@@ -180,6 +180,31 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
     }
 }
 
+TEST_F(DrawingTest, ALinkCanBeReadOnALightAndOnADarkGround) {
+    Form form(runtime, {.Client = {3000, 1500}});
+    const Label link(form, {.Caption = "Link",
+                            .At = {150, 150, 2700, 1200},
+                            .Back = BackStyle::transparent,
+                            .ForeColor = 0x00800000,
+                            .Font = {.Size = 24},
+                            .Role = LabelRole::link});
+    show(form);
+    widget(link).clearFocus();
+    const auto bluest_of = [&](const QColor& ground) {
+        window(form).setPalette(QPalette(ground));
+        const QImage image = pixels(form);
+        QColor bluest = ground;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (const QColor each = image.pixelColor(x, y);
+                    each.blue() - each.red() > bluest.blue() - bluest.red())
+                    bluest = each;
+        return bluest;
+    };
+    EXPECT_EQ(bluest_of(QColor(240, 240, 240)), QColor(0, 0, 128));
+    EXPECT_GT(bluest_of(QColor(40, 40, 40)).lightness(), 150);
+}
+
 TEST(ScreenDepth, IsThatOfWholePixels) {
     for (const auto& [colour_bits, pixel_bits] :
          {std::pair(8, 8), std::pair(15, 16), std::pair(16, 16), std::pair(24, 32),
