@@ -32,6 +32,7 @@ int main(int argument_count, char** arguments) {
     keep_standard_streams_open();
     lookfar::DesktopPlatform platform(argument_count, arguments, lookfar::resources::icons());
     lookfar::Program program(platform);
+    platform.set_end_handler([&program] { program.close(); });
     program.start();
     platform.run();
 }

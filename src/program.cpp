@@ -26,4 +26,13 @@ void Program::start() {
     runtime.deliver([this] { Loading->Show(); });
 }
 
+void Program::close() {
+    runtime.deliver([this] {
+        if (Form1.is_loaded())
+            Form1->request_close();
+        else
+            runtime.End();
+    });
+}
+
 } // namespace lookfar

@@ -23,6 +23,9 @@ class Program {
     /// platform's message loop has to run.
     void start();
 
+    /// Ends as closing the main window does, whichever windows are up.
+    void close();
+
     Runtime runtime;
     Window<MainWindow> Form1;
     Window<FullscreenWindow> Form2;

@@ -2,6 +2,8 @@
 
 #include "desktop/accessible/accessibility.h"
 #include "desktop/accessible/change_reporter.h"
+#include "desktop/display_required.h"
+#include "desktop/end_signals.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/style/colours.h"
@@ -69,6 +71,7 @@ struct DesktopPlatform::Parts {
     desktop::ChangeReporter change_reporter;
     desktop::Windows windows;
     desktop::InputSynchroniser input_synchroniser;
+    std::optional<desktop::EndSignals> end_signals;
     std::function<void()> wake_handler;
     QTimer wake_timer;
     /// Receives what is posted.
@@ -77,9 +80,16 @@ struct DesktopPlatform::Parts {
     std::unique_ptr<CurlTransfers> transfers;
 };
 
+std::unique_ptr<DesktopPlatform::Parts>
+DesktopPlatform::make_parts(int& argument_count, char** arguments,
+                            const std::vector<std::span<const std::uint8_t>>& icons) {
+    const desktop::DisplayRequired display_required;
+    return std::make_unique<Parts>(argument_count, arguments, icons);
+}
+
 DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
                                  const std::vector<std::span<const std::uint8_t>>& icons)
-    : parts_(std::make_unique<Parts>(argument_count, arguments, icons)) {
+    : parts_(make_parts(argument_count, arguments, icons)) {
     parts_->transfers = std::make_unique<CurlTransfers>(
         [this](std::function<void()> work) { post(std::move(work)); });
     parts_->wake_timer.setSingleShot(true);
@@ -198,6 +208,10 @@ Size DesktopPlatform::text_size(const std::string& text, const Font& font,
 
 void DesktopPlatform::report_untrapped(const Failure& failure) {
     qWarning("Untrapped failure %d: %s", failure.Number, failure.Description.c_str());
+}
+
+void DesktopPlatform::set_end_handler(std::function<void()> handler) {
+    parts_->end_signals.emplace(std::move(handler));
 }
 
 desktop::Windows& DesktopPlatform::windows() {

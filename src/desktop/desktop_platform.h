@@ -19,7 +19,8 @@ class Windows;
 class DesktopPlatform : public Platform {
   public:
     /// The icons are PNG files of the application's icon in several sizes. Arguments that the
-    /// windowing system knows are taken out of `arguments`.
+    /// windowing system knows are taken out of `arguments`. Without a display the program ends
+    /// with a line on standard error and status 1.
     DesktopPlatform(int& argument_count, char** arguments,
                     const std::vector<std::span<const std::uint8_t>>& icons);
     ~DesktopPlatform() override;
@@ -51,11 +52,19 @@ class DesktopPlatform : public Platform {
                    std::optional<float> wrap_width) const override;
     void report_untrapped(const Failure& failure) override;
 
+    /// Sets what a signal calls that asks the program to end (`EndSignals`). Until then such a
+    /// signal ends it on the spot.
+    void set_end_handler(std::function<void()> handler);
+
     /// The windows on the screen; for tests and benchmarks.
     desktop::Windows& windows();
 
   private:
     struct Parts;
+
+    static std::unique_ptr<Parts>
+    make_parts(int& argument_count, char** arguments,
+               const std::vector<std::span<const std::uint8_t>>& icons);
 
     std::unique_ptr<Parts> parts_;
 };

@@ -74,5 +74,29 @@ TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
     expect_good_end();
 }
 
+TEST_F(End, ComesInGoodOrderWhenASignalAsksForIt) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        // Where the tests run in the background, they and the program may ignore it.
+        std::signal(signal, SIG_DFL);
+        start({"Harbour"});
+        EXPECT_TRUE(lookfar::testing::exists("data.dat"));
+        kill(static_cast<pid_t>(program.processId()), signal);
+        expect_good_end();
+    }
+}
+
+TEST_F(End, SaysThatThereIsNoDisplay) {
+    auto variables = QProcessEnvironment::systemEnvironment();
+    variables.remove("DISPLAY");
+    variables.remove("WAYLAND_DISPLAY");
+    QProcess blind;
+    blind.setProcessEnvironment(variables);
+    blind.start(LOOKFAR_PROGRAM, {});
+    ASSERT_TRUE(blind.waitForFinished());
+    EXPECT_EQ(blind.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(blind.exitCode(), 1);
+    EXPECT_TRUE(blind.readAllStandardError().startsWith("lookfar: There is no display"));
+}
+
 } // namespace
 } // namespace lookfar::driven
