@@ -112,7 +112,7 @@ TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
         {"/huge-picture", 481, "The picture is too large: 60000 x 60000 pixels."},
         {"/pixel-bomb", 481, "The picture is too large: 20000 x 20000 pixels."},
         {"/truncated", 481, "The picture ends too early."},
-        {"/many-scans", 481, "Progressive JPEG image has more than 500 scans"},
+        {"/many-scans", 481, "The picture is stored in too many scans."},
         {"/deflate-bomb", 63, "The answer is larger than 64 MiB."},
         {"/basic", 481, "The camera asks for a user name and a password (401)."},
         {"guest:wrong@/basic", 481, "The camera refuses the user name or the password (401)."},

@@ -1,6 +1,7 @@
 #include "support/pictures.h"
 
 #include <QBuffer>
+#include <QColor>
 #include <QImage>
 
 namespace lookfar::testing {
@@ -20,6 +21,12 @@ Bytes picture_file(int width, int height, std::uint32_t colour, const char* form
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(colour | 0xFF000000U);
     return encode(image, format);
+}
+
+Bytes deep_png(int width, int height) {
+    QImage image(width, height, QImage::Format_RGBA64);
+    image.fill(QColor(1, 2, 3, 4));
+    return encode(image, "png");
 }
 
 Bytes picture_with_white_corner(int width, int height) {

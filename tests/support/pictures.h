@@ -10,6 +10,9 @@ namespace lookfar::testing {
 Bytes picture_file(int width, int height, std::uint32_t colour = 0x336699,
                    const char* format = "jpg");
 
+/// A PNG of one colour, of four channels with two bytes each.
+Bytes deep_png(int width, int height);
+
 /// A black JPEG with eight white pixels each way in its top left corner.
 Bytes picture_with_white_corner(int width, int height);
 

@@ -1,11 +1,13 @@
 #include "runtime/controls/inet.h"
 
 #include "runtime/form.h"
-#include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_formats.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
+#include <cerrno>
 #include <chrono>
+#include <new>
 #include <utility>
 
 namespace lookfar {
@@ -35,6 +37,14 @@ DecodedBodyReference body_of(const TransferOutcome& outcome) {
     return body;
 }
 
+Bytes copy_of(const Bytes& bytes) {
+    try {
+        return bytes;
+    } catch (const std::bad_alloc&) {
+        throw Failure(ENOMEM, "There is not enough memory for the camera's answer.");
+    }
+}
+
 } // namespace
 
 Inet::Inet(Form& owner, const InetDesign& design)
@@ -61,7 +71,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
     const auto body = body_of(*std::exchange(outcome_, std::nullopt));
     runtime.pictures().remember(body);
-    return body->bytes;
+    return copy_of(body->bytes);
 }
 
 void Inet::Cancel() {

@@ -1,6 +1,7 @@
 #include "runtime/pictures/decoded_body.h"
 
 #include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_formats.h"
 
 #include <utility>
 

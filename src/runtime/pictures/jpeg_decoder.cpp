@@ -65,7 +65,7 @@ std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const Pix
     const auto byte_count = static_cast<std::size_t>(stride) * static_cast<std::size_t>(height);
     auto pixels = memory.take(byte_count);
     const int result = tjDecompress2(handle.get(), bytes.data(), bytes.size(), pixels.get(), width,
-                                     stride, height, TJPF_RGB, TJFLAG_LIMITSCANS);
+                                     stride, height, TJPF_RGB, 0);
     if (result != 0)
         refuse_failed(handle.get(), bytes);
     clear_padding({pixels.get(), byte_count}, width);

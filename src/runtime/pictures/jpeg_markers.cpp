@@ -78,15 +78,6 @@ bool has_end_marker(std::span<const std::uint8_t> bytes) {
     return marker == end_of_image;
 }
 
-int count_scans(std::span<const std::uint8_t> bytes) {
-    int scans = 0;
-    Markers markers(bytes);
-    for (auto marker = markers.next(); marker && marker != end_of_image; marker = markers.next())
-        if (marker == start_of_scan)
-            ++scans;
-    return scans;
-}
-
 } // namespace
 
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
@@ -98,8 +89,15 @@ void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
         throw Failure(FailureKind::invalid_picture, "The picture ends too early.");
 }
 
-bool has_too_many_scans(std::span<const std::uint8_t> bytes) {
-    return starts_jpeg(bytes) && count_scans(bytes) > most_jpeg_scans;
+int count_jpeg_scans(std::span<const std::uint8_t> bytes) {
+    if (!starts_jpeg(bytes))
+        return 0;
+    int scans = 0;
+    Markers markers(bytes);
+    for (auto marker = markers.next(); marker && marker != end_of_image; marker = markers.next())
+        if (marker == start_of_scan)
+            ++scans;
+    return scans;
 }
 
 } // namespace lookfar

@@ -3,6 +3,8 @@
 #include "runtime/failure.h"
 #include "runtime/pictures/jpeg_decoder.h"
 #include "runtime/pictures/jpeg_markers.h"
+#include "runtime/pictures/picture_formats.h"
+#include "runtime/pictures/picture_limits.h"
 #include "runtime/pictures/png_texts.h"
 
 #include <QBuffer>
@@ -12,7 +14,6 @@
 #include <QTransform>
 
 #include <algorithm>
-#include <array>
 #include <mutex>
 #include <new>
 #include <utility>
@@ -21,68 +22,92 @@ namespace lookfar {
 
 namespace {
 
-/// Named as in their media types.
-constexpr std::array picture_formats{"jpeg", "gif", "png", "bmp", "webp"};
-
 [[noreturn]] void refuse(const std::string& reason) {
     throw Failure(FailureKind::invalid_picture, reason);
-}
-
-bool is_readable(const QByteArray& format) {
-    return std::ranges::any_of(picture_formats,
-                               [&format](const char* known) { return format == known; });
-}
-
-QByteArray without_copy(std::span<const std::uint8_t> bytes) {
-    return QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                   static_cast<qsizetype>(bytes.size()));
 }
 
 void refuse_size(QSize size) {
     if (!size.isValid() || size.isEmpty())
         refuse("The picture has no size.");
-    if (static_cast<long long>(size.width()) * size.height() > largest_picture)
-        refuse("The picture is too large: " + std::to_string(size.width()) + " x " +
-               std::to_string(size.height()) + " pixels.");
+    refuse_large(size.width(), size.height());
 }
 
-/// Lets all readers allocate the largest picture in its widest format, four channels of two bytes.
-/// The limit is one of the process, and pictures are decoded on several threads.
+/// Lets all readers allocate what our own limits allow. Theirs is one of the process, and pictures
+/// are decoded on several threads.
 void raise_allocation_limit() {
     static std::once_flag once;
-    constexpr long long widest_pixel = 8;
     constexpr long long bytes_per_megabyte = 1024LL * 1024;
-    constexpr auto limit = static_cast<int>(largest_picture * widest_pixel / bytes_per_megabyte);
+    constexpr auto limit = static_cast<int>(most_bytes_while_decoding / bytes_per_megabyte);
     std::call_once(once, [] { QImageReader::setAllocationLimit(limit); });
 }
+
+/// The bytes of a file. Notices when more is asked for than there is.
+class FileContent : public QBuffer {
+  public:
+    explicit FileContent(std::span<const std::uint8_t> bytes) {
+        setData(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
+                                        static_cast<qsizetype>(bytes.size())));
+        open(QIODevice::ReadOnly);
+    }
+
+    bool was_too_short() const { return was_too_short_; }
+
+  protected:
+    qint64 readData(char* data, qint64 most) override {
+        const qint64 count = QBuffer::readData(data, most);
+        was_too_short_ = was_too_short_ || count < most;
+        return count;
+    }
+
+  private:
+    bool was_too_short_ = false;
+};
 
 /// Qt's reader over the bytes of a picture that may be decoded.
 class Reader {
   public:
-    explicit Reader(std::span<const std::uint8_t> bytes)
-        : content_(without_copy(bytes)), buffer_(&content_), reader_(&buffer_) {
+    explicit Reader(std::span<const std::uint8_t> bytes) : content_(bytes), reader_(&content_) {
         raise_allocation_limit();
         reader_.setDecideFormatFromContent(true);
-        if (!is_readable(reader_.format()))
+        format_ = reader_.format().toStdString();
+        if (!is_picture_format(format_))
             refuse("The camera's answer is not a picture.");
         refuse_size(reader_.size());
     }
 
-    bool is_jpeg() const { return reader_.format() == "jpeg"; }
+    bool is_jpeg() const { return format_ == "jpeg"; }
+    QSize size() const { return reader_.size(); }
     QImageIOHandler::Transformations orientation() const { return reader_.transformation(); }
 
     QImage read() {
+        refuse_hungry(size().width(), size().height(), bytes_for_each_pixel());
         QImage image = reader_.read();
         if (image.isNull())
             refuse("The picture can't be decoded: " + reader_.errorString().toStdString());
         refuse_size(image.size());
+        if (reads_what_it_needs() && content_.was_too_short())
+            refuse("The picture ends too early.");
         return image;
     }
 
   private:
-    QByteArray content_;
-    QBuffer buffer_;
+    /// Those of the reader's own format, and of the same with three bytes and the opacity.
+    int bytes_for_each_pixel() const {
+        constexpr int bits_per_byte = 8;
+        constexpr int of_an_unknown_format = 4;
+        const QImage::Format format = reader_.imageFormat();
+        const int own = format == QImage::Format_Invalid
+                            ? of_an_unknown_format
+                            : QImage::toPixelFormat(format).bitsPerPixel() / bits_per_byte;
+        return own + bytes_per_pixel + 1;
+    }
+
+    /// Readers of these formats ask for no byte that the picture doesn't need.
+    bool reads_what_it_needs() const { return format_ == "png" || format_ == "bmp"; }
+
+    FileContent content_;
     QImageReader reader_;
+    std::string format_;
 };
 
 QImage oriented(const QImage& image, QImageIOHandler::Transformations orientation) {
@@ -153,11 +178,10 @@ Pixels decode(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
     Reader reader(bytes);
     if (!reader.is_jpeg())
         return decode_by_reader(reader, memory);
+    refuse_many_scans(bytes, reader.size().width(), reader.size().height());
     if (const auto pixels = decode_jpeg(bytes, memory))
         return laid(*pixels, reader.orientation(), memory);
     refuse_cut_short_jpeg(bytes);
-    if (has_too_many_scans(bytes))
-        refuse("The picture is stored in too many scans.");
     return decode_by_reader(reader, memory);
 }
 
@@ -169,22 +193,6 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& mem
     } catch (const std::bad_alloc&) {
         throw no_memory_for_a_picture();
     }
-}
-
-bool is_in_readable_format(std::span<const std::uint8_t> bytes) {
-    QByteArray content = without_copy(bytes);
-    QBuffer buffer(&content);
-    buffer.open(QIODevice::ReadOnly);
-    return is_readable(QImageReader::imageFormat(&buffer));
-}
-
-std::string readable_media_types() {
-    const QList<QByteArray> readable = QImageReader::supportedImageFormats();
-    std::string types;
-    for (const char* const format : picture_formats)
-        if (readable.contains(format))
-            types += std::string(types.empty() ? "" : ",") + "image/" + format;
-    return types;
 }
 
 } // namespace lookfar

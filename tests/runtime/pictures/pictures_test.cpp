@@ -1,6 +1,8 @@
 #include "runtime/failure.h"
 #include "runtime/pictures/jpeg_markers.h"
 #include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_formats.h"
+#include "runtime/pictures/picture_limits.h"
 #include "runtime/pictures/picture_loader.h"
 #include "runtime/pictures/png_texts.h"
 #include "support/pictures.h"
@@ -219,18 +221,27 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
 }
 
 TEST(Pictures, AreDecodedUpToTheLargestSize) {
-    constexpr int side = 8192;
-    static_assert(1LL * side * side == largest_picture);
+    constexpr int width = 8000;
+    constexpr int height = 5000;
+    static_assert(1LL * width * height == most_pixels);
     for (const char* format : {"jpg", "png"}) {
-        const Pixels pixels = decode_pixels(picture_file(side, side, 0x336699, format));
-        EXPECT_EQ(pixels.width, side) << format;
-        EXPECT_EQ(pixels.height, side) << format;
+        const Pixels pixels = decode_pixels(picture_file(width, height, 0x336699, format));
+        EXPECT_EQ(pixels.width, width) << format;
+        EXPECT_EQ(pixels.height, height) << format;
     }
+    EXPECT_NE(refusal_of(picture_file(width, height + 1)), "none");
+}
+
+TEST(Pictures, OfFourChannelsOfTwoBytesAreDecodedUpToASmallerSize) {
+    EXPECT_EQ(refusal_of(deep_png(8000, 4160)), "none");
+    EXPECT_EQ(refusal_of(deep_png(8000, 4170)), "The picture is too large: 8000 x 4170 pixels.");
 }
 
 TEST(Pictures, AreRefusedWithAReason) {
     const std::string too_large = "The picture is too large: 60000 x 60000 pixels.";
     const Bytes whole = detailed_jpeg(64, 64);
+    const Bytes bitmap = picture_file(64, 64, 0x336699, "bmp");
+    const Bytes network = picture_file(64, 64, 0x336699, "png");
     Bytes wrecked = picture_file(40, 30, 0x336699, "png");
     std::fill(wrecked.end() - 40, wrecked.end(), std::uint8_t{0});
     const struct {
@@ -245,6 +256,10 @@ TEST(Pictures, AreRefusedWithAReason) {
         {"half a JPEG",
          {whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2)},
          "ends too early"},
+        {"half a BMP", {bitmap.begin(), bitmap.begin() + std::ssize(bitmap) / 2}, "ends too early"},
+        {"a BMP without its last byte", {bitmap.begin(), bitmap.end() - 1}, "ends too early"},
+        {"a PNG cut in its pixels", {network.begin(), network.end() - 40}, ""},
+        {"a JPEG of a hundred scans", with_scans(100), "too many scans"},
         {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, ""},
         {"a wrecked PNG", wrecked, "can't be decoded"},
     };
@@ -269,9 +284,12 @@ TEST(Pictures, OfTheJpegKindAreCutShortWithoutTheirLastMarker) {
     EXPECT_FALSE(is_cut_short_jpeg(picture_file(8, 8, 0, "png")));
 }
 
-TEST(Pictures, OfTheJpegKindMayHaveAHundredScans) {
-    EXPECT_FALSE(has_too_many_scans(with_scans(99)));
-    EXPECT_TRUE(has_too_many_scans(with_scans(100)));
+TEST(Pictures, OfTheJpegKindMayHaveFewerScansTheLargerTheyAre) {
+    const Bytes scanned = with_scans(99);
+    EXPECT_EQ(count_jpeg_scans(scanned), 100);
+    EXPECT_NO_THROW(refuse_many_scans(scanned, 2000, 2000));
+    EXPECT_THROW(refuse_many_scans(scanned, 2000, 2001), Failure);
+    EXPECT_NO_THROW(refuse_many_scans(picture_file(16, 16), 8000, 5000));
 }
 
 } // namespace
