@@ -29,12 +29,14 @@ void fit(Image& image, const Bounds& area) {
     image.Top = area.Height / 2 - image.Height / 2 + area.Top;
 }
 
-/// Whole seconds between two readings of the clock, midnight in between or not.
+/// Whole seconds between two readings of the clock. Midnight sets it back by a day; whoever sets it
+/// back by less leaves nothing to tell.
 short whole_seconds(float start, float end) {
     constexpr float seconds_a_day = 86400;
-    const float duration = end < start ? end - start + seconds_a_day : end - start;
+    const float step = end - start;
+    const float duration = step < -seconds_a_day / 2 ? step + seconds_a_day : step;
     constexpr float longest = std::numeric_limits<short>::max();
-    return round_to_short(std::min(duration, longest));
+    return round_to_short(std::clamp(duration, 0.0F, longest));
 }
 
 } // namespace

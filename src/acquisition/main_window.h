@@ -196,6 +196,7 @@ class MainWindow : public Form {
     void Timer1_Timer();
     void Command2_Click();
     void ImgReload_Click();
+    void tell_that_nothing_is_selected();
     void look_up_selected_camera();
 
     // Fetch.

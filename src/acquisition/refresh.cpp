@@ -10,6 +10,8 @@ void MainWindow::Timer1_Timer() {
     Form2->Image2.Visible = true;
     attempt([this] {
         Form2->Picture1.Picture = ImagNT1.Picture;
+        if (Form2->Combo1.ListIndex == -1)
+            return tell_that_nothing_is_selected();
         look_up_selected_camera();
         Image1.Visible = true;
         GetRESOURCE(Text3.Text);
@@ -18,10 +20,14 @@ void MainWindow::Timer1_Timer() {
     });
 }
 
+/// An error that is shown already, such as why there is no list, says more.
+void MainWindow::tell_that_nothing_is_selected() {
+    if (!Label2.Visible)
+        show_error({FailureKind::no_such_entry,
+                    "No camera is selected. Choose one, or add one to the list."});
+}
+
 void MainWindow::look_up_selected_camera() {
-    // An empty list would otherwise find its empty selection in every blank line.
-    if (Form2->Combo1.ListIndex == -1)
-        throw Failure(FailureKind::no_such_entry, "No camera is selected.");
     NumberedFiles& files = runtime.files();
     catalogue::scan_lines(files, [this, &files](const std::string& line) {
         if (line != Form2->Combo1.Text)

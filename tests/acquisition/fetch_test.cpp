@@ -130,6 +130,12 @@ TEST_F(Fetch, AcrossMidnightReportsTheSecondsThatPassed) {
     EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 00:00:04 ( 7 Sec/Pic )");
 }
 
+TEST_F(Fetch, WhileTheClockIsSetBackReportsNoTime) {
+    platform.after(seconds(1), [&] { platform.set_time_of_day(std::chrono::hours(1)); });
+    refresh_with(picture_file(32, 24), seconds(7));
+    EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 01:00:06 ( 0 Sec/Pic )");
+}
+
 TEST_F(Fetch, OfATextGivesTheBodyOrShowsTheFailure) {
     platform.cameras["page"] = {.outcome = Bytes{'t', 'e', 'x', 't'}};
     EXPECT_EQ(Form1->GetHTML("page"), "text");

@@ -41,7 +41,7 @@ TEST(StartUp, SaysWhyTheListCantBeMadeAndGoesOnWithoutOne) {
     EXPECT_TRUE(machine.platform.requests.empty());
 }
 
-TEST(StartUp, WithAListOfNoCameraSelectsNothingAndKeepsTheCells) {
+TEST(StartUp, WithAListOfNoCameraSelectsNothingKeepsTheCellsAndSaysSo) {
     Machine machine(0);
     write_file("Cams.inf", "\r\n\r\n");
     machine.start();
@@ -49,6 +49,8 @@ TEST(StartUp, WithAListOfNoCameraSelectsNothingAndKeepsTheCells) {
     EXPECT_EQ(machine.Form2->Combo1.ListIndex, -1);
     EXPECT_EQ(machine.Form1->Text3.Text.get(), "Skyglass");
     EXPECT_EQ(machine.Form2->Label1.Caption.get(), "");
+    EXPECT_TRUE(machine.Form1->Label3.Visible && machine.Form2->Timer2.Enabled);
+    EXPECT_TRUE(machine.Form1->Label3.Caption.get().starts_with("No camera is selected."));
     EXPECT_TRUE(machine.platform.requests.empty());
     EXPECT_EQ(content_of("Cams.inf"), "\r\n\r\n");
 }
