@@ -93,6 +93,7 @@ std::map<std::string, Responder> misbehaving_connections(std::chrono::millisecon
         {"/redirect-chain", redirect_chain(100, "/good")},
         {"/redirect-circle", redirect_to("/redirect-circle-back")},
         {"/redirect-circle-back", redirect_to("/redirect-circle")},
+        {"/redirect-nowhere", redirect_to("http://[::z]/")},
         {"/redirect-to-file", redirect_to("file:///etc/hostname")},
     };
 }

@@ -20,7 +20,8 @@ Responder redirect_to(const std::string& location);
 /// - /stall, /cut-short, /long-length, /short-length (a Content-Length that is too long or too
 ///   short), /endless, /drip, /slow-drip (a byte a second), /long-header, /many-headers (ten
 ///   megabytes each), /broken-promise (to keep the connection), /hang-up, /not-http
-/// - /redirect-circle, /redirect-to-file, /redirect-once, /redirect-chain (100 of them to /good)
+/// - /redirect-circle, /redirect-to-file, /redirect-nowhere, /redirect-once,
+///   /redirect-chain (100 of them to /good)
 /// - /stream, /stream-bare (without lengths), /stream-odd, /stream-of-one, /stream-stall
 /// - /gone (status 404), /gone-with-picture, /busy (503 and no body), /unknown-format
 /// - /page, /nothing, /huge-picture, /truncated, /one-pixel, /one-row, /one-column,

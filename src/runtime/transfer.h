@@ -12,6 +12,7 @@ namespace lookfar {
 
 /// One HTTP GET.
 struct TransferRequest {
+    /// As the user has typed it.
     std::string url;
     /// Bounds the whole transfer, from the name look-up to the last byte.
     std::chrono::milliseconds timeout{};

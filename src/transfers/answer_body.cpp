@@ -14,16 +14,20 @@ Failure AnswerBody::too_large() {
 bool AnswerBody::append(std::span<const char> bytes, std::string_view content_type) {
     if (bytes.size() > largest - bytes_.size())
         return refuse(too_large());
-    if (bytes_.empty())
-        if (auto boundary = MultipartBoundary::of_answer(content_type))
-            first_part_.emplace(*std::move(boundary));
     try {
+        if (bytes_.empty())
+            begin(content_type);
         bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+        is_whole_part_ = first_part_ && first_part_->is_whole_in(bytes_);
     } catch (const std::bad_alloc&) {
         return refuse(failure_of(CURLE_OUT_OF_MEMORY));
     }
-    is_whole_part_ = first_part_ && first_part_->is_whole_in(bytes_);
     return !is_whole_part_;
+}
+
+void AnswerBody::begin(std::string_view content_type) {
+    if (const auto boundary = MultipartBoundary::of_answer(content_type))
+        first_part_.emplace(*boundary);
 }
 
 Bytes AnswerBody::take() {

@@ -24,7 +24,6 @@ class AnswerBody {
     /// the answer is refused.
     bool append(std::span<const char> bytes, std::string_view content_type);
 
-    bool is_multipart() const { return first_part_.has_value(); }
     /// Whether it is the first part of a multipart answer, and all of it is there.
     bool is_whole_part() const { return is_whole_part_; }
     const std::optional<Failure>& refusal() const { return refusal_; }
@@ -33,6 +32,7 @@ class AnswerBody {
     Bytes take();
 
   private:
+    void begin(std::string_view content_type);
     bool refuse(Failure failure);
 
     Bytes bytes_;

@@ -78,6 +78,10 @@ Failure CurlExchange::failure(CURLcode code) const {
     // The library fails to write what it can't unpack.
     if (code == CURLE_BAD_CONTENT_ENCODING || code == CURLE_WRITE_ERROR)
         return packed_beyond_reading();
+    if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_URL_MALFORMAT)
+        return Failure(code, is_reading_head()
+                                 ? "The camera's answer is not HTTP."
+                                 : "The camera redirects to no address of http or https.");
     if (error_text_.front() != '\0')
         return Failure(code, as_utf8(error_text_.data()));
     return failure_of(code);

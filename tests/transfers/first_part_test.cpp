@@ -51,6 +51,7 @@ TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
         {"multipart/x-mixed-replace;boundary=--cut", "----cut\r\n\r\nPICTURE\r\n----cut\r\n",
          "PICTURE"},
         {plain, "cut\r\n\r\nPICTURE\r\ncut\r\n", "PICTURE"},
+        {plain, "cut\r\n\r\ncut\r\n\r\nPICTURE\r\ncut\r\n", "PICTURE"},
         {"Multipart/X-Mixed-Replace; charset=\"a;b\" ; Boundary = \"c;u=t\" ; x",
          "--c;u=t\r\n\r\nPICTURE\r\n--c;u=t\r\n", "PICTURE"},
         {"multipart/x-mixed-replace", "--\r\n--cut\r\n\r\nPICTURE" + next, "PICTURE"},

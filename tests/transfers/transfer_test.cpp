@@ -33,14 +33,6 @@ TEST_F(Transfers, EndBeforeABodyThatIsAnnouncedTooLargeAndInNoTime) {
     EXPECT_TRUE(text_from(server.url("/stall"), 0ms).starts_with("failure 28: "));
 }
 
-TEST_F(Transfers, SayWhyNoHostCanBeReached) {
-    for (const std::string url : {"http://no-such-host.invalid/", "http://127.0.0.1:1/"}) {
-        const std::string text = text_from(url);
-        EXPECT_TRUE(text.starts_with("failure ") && !text.ends_with(": ")) << text;
-    }
-    EXPECT_EQ(text_at("/hello"), "hello");
-}
-
 TEST_F(Transfers, TellHostsWhoAsksAndForWhatOverOneConnection) {
     for (int count = 0; count < 3; ++count)
         EXPECT_EQ(text_at("/hello"), "hello");
