@@ -1,8 +1,6 @@
 #include "desktop/desktop_fixture.h"
 
-#include "runtime/controls/bars.h"
 #include "runtime/controls/label.h"
-#include "runtime/controls/lists.h"
 #include "runtime/controls/text_box.h"
 
 #include <QAccessible>
@@ -30,9 +28,6 @@ class ReadableForm : public Form {
                  .Role = LabelRole::button,
                  .AccessibleName = "Panel"}};
     TextBox Text1{*this, {.At = {150, 1200, 900, 300}}};
-    UpDown UpDown1{*this, {.At = {150, 1500, 255, 225}, .Value = 9, .Min = 1, .Max = 10}};
-    ComboBox Combo1{*this,
-                    {.At = {150, 1800, 1500, 315}, .TabIndex = 3, .AccessibleName = "Camera"}};
 };
 
 class AccessibilityTest : public DesktopTest {
@@ -90,22 +85,6 @@ TEST_F(AccessibilityTest, TheKeyboardReachesLinksAndButtonsThatAreDrawn) {
         ->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(follows, 1);
     EXPECT_EQ(presses, 3);
-}
-
-TEST_F(AccessibilityTest, ArrowsAreAValueWithinTheirLimits) {
-    QAccessibleValueInterface* const value = child(QAccessible::SpinBox).valueInterface();
-    ASSERT_NE(value, nullptr);
-    EXPECT_EQ(value->currentValue().toInt(), 9);
-    value->setCurrentValue(40);
-    EXPECT_EQ(form->UpDown1.Value, 10);
-    EXPECT_EQ(value->minimumValue().toInt(), 1);
-    EXPECT_EQ(value->maximumValue().toInt(), 10);
-}
-
-TEST_F(AccessibilityTest, ASelectorIsLabelledByItsName) {
-    const auto labels = child(QAccessible::ComboBox).relations(QAccessible::Label);
-    ASSERT_EQ(labels.size(), 1);
-    EXPECT_EQ(labels.front().first->text(QAccessible::Name), "Camera");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "runtime/controls/lists.h"
 #include "runtime/controls/text_box.h"
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -35,7 +36,7 @@ class NativeControlsTest : public DesktopTest {
     Form form{runtime, {.Caption = "Test", .Client = {6000, 5000}}};
     CheckBox Check1{form, {.Caption = "&Tick me", .At = {100, 1500, 2000, 300}}};
     UpDown UpDown1{form, {.At = {100, 2000, 300, 300}, .Value = 9, .Min = 1, .Max = 10}};
-    ComboBox Combo1{form, {.At = {100, 2500, 2000, 315}}};
+    ComboBox Combo1{form, {.At = {100, 2500, 2000, 315}, .AccessibleName = "Camera"}};
     ListBox List1{form, {.At = {3000, 100, 2000, 1500}}};
     TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3}};
     TextBox Text2{form, {.At = {100, 400, 1500, 300}}};
@@ -147,12 +148,15 @@ TEST_F(NativeControlsTest, CheckBoxesTellAndTakeTheirValueOnce) {
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(NativeControlsTest, ListsTellAndTakeTheirSelectionOnce) {
+TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
     auto& box = widget<QComboBox>(Combo1);
     auto& list = widget<QListView>(List1);
     std::vector<short> seen;
     for (ListControl* const control : std::array<ListControl*, 2>{&Combo1, &List1})
         control->Click.connect([&seen, control] { seen.push_back(control->ListIndex); });
+    const auto labels = QAccessible::queryAccessibleInterface(&box)->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels.front().first->text(QAccessible::Name), "Camera");
     EXPECT_EQ(box.count(), 3);
     EXPECT_EQ(box.currentIndex(), -1);
     Combo1.ListIndex = 1;
@@ -193,7 +197,7 @@ TEST_F(NativeControlsTest, ListsTellAndTakeTheirSelectionOnce) {
     EXPECT_EQ(seen, (std::vector<short>{2, 2, 2, 2, 1, 0}));
 }
 
-TEST_F(NativeControlsTest, ArrowsStepUpToTheLimit) {
+TEST_F(NativeControlsTest, ArrowsStepWithinTheirLimitsAndAreAValueToAScreenReader) {
     const auto buttons = widget(UpDown1).findChildren<QToolButton*>();
     ASSERT_EQ(buttons.size(), 2);
     for (int count = 0; count < 3; ++count)
@@ -201,6 +205,13 @@ TEST_F(NativeControlsTest, ArrowsStepUpToTheLimit) {
     EXPECT_EQ(UpDown1.Value, 10);
     QTest::mouseClick(buttons.at(1), Qt::LeftButton);
     EXPECT_EQ(UpDown1.Value, 9);
+    auto* const value = QAccessible::queryAccessibleInterface(&widget(UpDown1))->valueInterface();
+    ASSERT_NE(value, nullptr);
+    EXPECT_EQ(value->currentValue().toInt(), 9);
+    value->setCurrentValue(40);
+    EXPECT_EQ(UpDown1.Value, 10);
+    EXPECT_EQ(value->minimumValue().toInt(), 1);
+    EXPECT_EQ(value->maximumValue().toInt(), 10);
 }
 
 TEST_F(NativeControlsTest, EnterPressesTheFocusedOrTheDefaultButtonAndAltTheAccessKey) {
