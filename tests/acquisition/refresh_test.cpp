@@ -1,5 +1,7 @@
 #include "support/started.h"
 
+#include <utility>
+
 namespace lookfar::testing {
 namespace {
 
@@ -37,10 +39,7 @@ TEST_F(Refresh, WritesTitleStatusLineAndUrlBeforeTheFetch) {
 }
 
 TEST_F(Refresh, TakesTheLineBehindTheLastMatchWhoseverLineItIs) {
-    const struct {
-        const char* list;
-        const char* url;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"a\r\nfirst\r\nb\r\nub\r\na\r\nlast\r\n", "last"},
         {"x\r\na\r\nafter a URL line\r\n", "after a URL line"},
         {"A\r\nother case\r\n", "after a URL line"},

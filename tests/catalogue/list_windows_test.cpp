@@ -3,6 +3,7 @@
 
 #include <cerrno>
 #include <functional>
+#include <utility>
 
 namespace lookfar::testing {
 namespace {
@@ -79,10 +80,8 @@ TEST_F(ListWindows, RemoveTheCameraThatTheyAskedAbout) {
 }
 
 TEST_F(ListWindows, ShowWhatTheFileHoldsWhenARemovalFails) {
-    const struct {
-        const char* failing;
-        short cameras;
-    } cases[] = {{"write C1.DAT", 3}, {"replace Cams.inf", 3}, {"replaced Cams.inf", 2}};
+    const std::pair<const char*, short> cases[] = {
+        {"write C1.DAT", 3}, {"replace Cams.inf", 3}, {"replaced Cams.inf", 2}};
     for (const auto& [failing, cameras] : cases) {
         platform.faulty_disk.fail(failing, EIO);
         answer(MessageBoxAnswer::yes);

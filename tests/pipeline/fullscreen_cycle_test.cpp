@@ -1,6 +1,7 @@
 #include "pipeline/blur.h"
 #include "support/started.h"
 
+#include <utility>
 #include <vector>
 
 namespace lookfar::testing {
@@ -72,14 +73,11 @@ TEST_F(Pipeline, SmoothsOnceASecondWhileASelectionWaitsForItsRefresh) {
 }
 
 TEST_F(Pipeline, LeavesUrlsWithTheThreeLettersAlone) {
-    const struct {
-        const char* url;
-        bool is_left_alone;
-    } cases[] = {{"http://cameras.example/gift.jpg", true},
-                 {"http://GIFs.example/a.jpg", true},
-                 {"http://cameras.example/a.jpg?x=gIf", true},
-                 {"http://cameras.example/gi.f", false},
-                 {"gi", false}};
+    const std::pair<const char*, bool> cases[] = {{"http://cameras.example/gift.jpg", true},
+                                                  {"http://GIFs.example/a.jpg", true},
+                                                  {"http://cameras.example/a.jpg?x=gIf", true},
+                                                  {"http://cameras.example/gi.f", false},
+                                                  {"gi", false}};
     for (const auto& [url, is_left_alone] : cases) {
         let_run();
         platform.cameras[url] = {.outcome = answer};

@@ -1,6 +1,7 @@
 #include "transfers/complaint.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace lookfar {
 namespace {
@@ -12,10 +13,7 @@ Bytes bytes_of(std::string_view text) {
 TEST(Complaints, TellWhatTheCameraAnsweredInPlaceOfAPicture) {
     const std::string page = "The camera's answer is a web page, not a picture.";
     const Bytes other = bytes_of("other");
-    const struct {
-        Answer answer;
-        std::string complaint;
-    } cases[] = {
+    const std::pair<Answer, std::string> cases[] = {
         {{.status = 404, .media_type = "text/html", .body = bytes_of("<html>")},
          "The camera answered 404 Not Found."},
         {{.status = 503}, "The camera answered 503 Service Unavailable."},

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace lookfar::testing {
@@ -44,16 +45,14 @@ struct Files : ::testing::Test {
 
 TEST_F(Files, EndALineAtCarriageReturnWithOrWithoutLineFeed) {
     const std::string long_line(1 << 17, 'x');
-    const struct {
-        std::string content;
-        std::vector<std::string> lines;
-    } cases[] = {{"", {}},
-                 {"\r", {""}},
-                 {"a\r\nb\rc", {"a", "b", "c"}},
-                 {"a\nb\r\n", {"a\nb"}},
-                 {"a\r\rb\r\n\r\n", {"a", "", "b", ""}},
-                 {" \xFF\xFE \t\r\n", {" \xFF\xFE \t"}},
-                 {long_line + "\r\n" + long_line, {long_line, long_line}}};
+    const std::pair<std::string, std::vector<std::string>> cases[] = {
+        {"", {}},
+        {"\r", {""}},
+        {"a\r\nb\rc", {"a", "b", "c"}},
+        {"a\nb\r\n", {"a\nb"}},
+        {"a\r\rb\r\n\r\n", {"a", "", "b", ""}},
+        {" \xFF\xFE \t\r\n", {" \xFF\xFE \t"}},
+        {long_line + "\r\n" + long_line, {long_line, long_line}}};
     for (const std::size_t longest_read : {65536, 5}) {
         disk.longest_read = longest_read;
         for (const auto& [content, lines] : cases)
