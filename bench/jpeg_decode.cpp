@@ -1,7 +1,7 @@
 #include "jpeg_decode.h"
 
-#include "processor_time.h"
 #include "median.h"
+#include "processor_time.h"
 
 #include <cstdint>
 #include <fstream>
