@@ -2,9 +2,9 @@
 # Gives the script an X display of its own, with a window manager, on a free display number.
 # This file is sourced after processes.sh.
 
-# Of 1280x1024 pixels where no other size is given.
+# Its size in pixels is given as WIDTHxHEIGHT.
 start_virtual_display() {
-    start_x_server "${1:-1280x1024}"
+    start_x_server "$1"
     start_window_manager
     unset WAYLAND_DISPLAY QT_QPA_PLATFORM
 }
