@@ -48,8 +48,7 @@ void change_list(NumberedFiles& files, const MakeCopy& make_copy) {
         if (make_copy(copy_path) == CopyOutcome::abandoned || takes_place(files, copy_path, before))
             return;
     }
-    throw Failure(FailureKind::file_in_use,
-                  std::string(list_name) + " is being changed by another program.");
+    throw file_in_use(list_name);
 }
 
 } // namespace lookfar::catalogue

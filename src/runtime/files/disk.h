@@ -15,6 +15,9 @@ namespace lookfar {
 /// The failure of an operation on a path, with the operating system's error number and text.
 Failure disk_failure(const std::string& path, int error);
 
+/// The failure of whoever finds a file in the hands of another program for too long.
+Failure file_in_use(const std::string& path);
+
 enum class OpenMode {
     /// An existing file, for reading. Symbolic links are followed.
     read,

@@ -107,8 +107,7 @@ class PosixDisk : public Disk {
         const auto deadline = steady_clock::now() + lock_wait_;
         while (!folder->lock()) {
             if (steady_clock::now() >= deadline)
-                throw Failure(FailureKind::file_in_use,
-                              path + " is being changed by another program.");
+                throw file_in_use(path);
             std::this_thread::sleep_for(pause);
         }
         return folder;
@@ -135,6 +134,10 @@ class PosixDisk : public Disk {
 Failure disk_failure(const std::string& path, int error) {
     const FailureKind kind = error == ENOENT ? FailureKind::file_not_found : FailureKind::other;
     return {kind, error, path + ": " + std::generic_category().message(error)};
+}
+
+Failure file_in_use(const std::string& path) {
+    return Failure(FailureKind::file_in_use, path + " is being changed by another program.");
 }
 
 std::unique_ptr<Disk> make_posix_disk(std::chrono::milliseconds lock_wait) {

@@ -12,8 +12,8 @@ namespace lookfar {
 /// looked at. Gives nothing for bytes that can't be turned into red, green and blue that way, such
 /// as a picture of four inks.
 ///
-/// Throws a `Failure` for a picture that ends too early, is stored in more than 500 scans or can't
-/// be decoded. The size is the caller's to check before: so much memory is taken.
+/// Throws a `Failure` for a picture that ends too early or can't be decoded. Its size and its scans
+/// are the caller's to check before, since they say what memory and time it takes.
 std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const PixelMemory& memory);
 
 } // namespace lookfar

@@ -1,7 +1,5 @@
 #include "runtime/pictures/jpeg_markers.h"
 
-#include "runtime/failure.h"
-
 #include <cstddef>
 #include <cstring>
 #include <optional>
@@ -84,9 +82,13 @@ bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
     return starts_jpeg(bytes) && !has_end_marker(bytes);
 }
 
+Failure picture_cut_short() {
+    return Failure(FailureKind::invalid_picture, "The picture ends too early.");
+}
+
 void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
     if (is_cut_short_jpeg(bytes))
-        throw Failure(FailureKind::invalid_picture, "The picture ends too early.");
+        throw picture_cut_short();
 }
 
 int count_jpeg_scans(std::span<const std::uint8_t> bytes) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/failure.h"
+
 #include <cstdint>
 #include <span>
 
@@ -9,7 +11,10 @@ namespace lookfar {
 /// part that is missing and report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
-/// Throws a `Failure` for such a picture.
+/// The failure of a picture that ends too early, of whatever format.
+Failure picture_cut_short();
+
+/// Throws that failure for such a JPEG.
 void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
 /// The scans that a JPEG is stored in: one, or about ten for a picture that comes clearer step by

@@ -86,7 +86,7 @@ class Reader {
             refuse("The picture can't be decoded: " + reader_.errorString().toStdString());
         refuse_size(image.size());
         if (reads_what_it_needs() && content_.was_too_short())
-            refuse("The picture ends too early.");
+            throw picture_cut_short();
         return image;
     }
 

@@ -12,8 +12,8 @@ namespace lookfar {
 /// the first frame is taken. May be called on any thread.
 ///
 /// Throws a `Failure` for bytes that are no picture, for a picture that ends too early or finds too
-/// little memory, and, before any pixel is allocated, for one that costs more
-/// than the limits allow.
+/// little memory, and, before any pixel is allocated, for one that costs more than the limits
+/// allow.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
 
 } // namespace lookfar
