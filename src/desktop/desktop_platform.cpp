@@ -6,6 +6,7 @@
 #include "desktop/end_signals.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
+#include "desktop/screen_wakefulness.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/compact_style.h"
 #include "desktop/style/fonts.h"
@@ -61,6 +62,7 @@ struct DesktopPlatform::Parts {
           input_synchroniser(windows) {
         prepare();
         application.installEventFilter(&input_synchroniser);
+        application.installEventFilter(&screen_wakefulness);
     }
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -71,6 +73,7 @@ struct DesktopPlatform::Parts {
     desktop::ChangeReporter change_reporter;
     desktop::Windows windows;
     desktop::InputSynchroniser input_synchroniser;
+    desktop::ScreenWakefulness screen_wakefulness;
     std::optional<desktop::EndSignals> end_signals;
     std::function<void()> wake_handler;
     QTimer wake_timer;
@@ -151,6 +154,7 @@ void DesktopPlatform::post(std::function<void()> work) {
 }
 
 void DesktopPlatform::end() {
+    parts_->screen_wakefulness.end();
     std::fflush(nullptr);
     std::_Exit(EXIT_SUCCESS);
 }

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QDBusMessage>
+#include <QList>
+#include <QObject>
+
+#include <optional>
+
+namespace lookfar::desktop {
+
+/// Keeps the screen from going dark while one of the program's windows lies over all of it.
+/// Installed as an event filter of the application, it watches the windows come and go.
+///
+/// It asks the screen saver over the session's bus, or the desktop's portal where there is no
+/// screen saver. Where neither grants the wish the screen does as it likes, and nothing is said. No
+/// answer is waited for.
+class ScreenWakefulness : public QObject {
+  public:
+    ScreenWakefulness() = default;
+    ~ScreenWakefulness() override { end(); }
+
+    /// Gives back what was granted, before the process ends: returns once the bus has it, or after
+    /// a moment.
+    void end();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void follow_windows();
+    void settle();
+    /// Makes the first of the requests, and the others where that is refused.
+    void ask(QList<QDBusMessage> requests);
+    void take_answer(const QDBusMessage& answer, const QList<QDBusMessage>& other_requests);
+
+    bool is_wanted_ = false;
+    bool is_asking_ = false;
+    /// Gives back what was granted; nothing where nothing was.
+    std::optional<QDBusMessage> release_;
+};
+
+} // namespace lookfar::desktop
