@@ -50,10 +50,10 @@ QSize usual_frame() {
 
 Qt::WindowFlags window_flags(const Form& form) {
     const Qt::WindowFlags type = window_type(form);
-    if (form.Border == FormBorder::none)
+    // A dialog that merely asks for no title bar gets one on Wayland.
+    if (form.Border == FormBorder::none || is_bare_dialog(form))
         return type | Qt::FramelessWindowHint;
-    const Qt::WindowFlags customised = type | Qt::CustomizeWindowHint;
-    return is_bare_dialog(form) ? customised : customised | title_bar(form);
+    return type | Qt::CustomizeWindowHint | title_bar(form);
 }
 
 bool is_bare_dialog(const Form& form) {
