@@ -16,6 +16,7 @@ print_installed_files() {
         bin/lookfar \
         bin/lookfar-desktop \
         "share/applications/$application.desktop" \
+        "share/icons/hicolor/scalable/apps/$application.svg" \
         share/man/man1/lookfar-desktop.1.gz \
         share/man/man1/lookfar.1.gz \
         "share/metainfo/$application.metainfo.xml"
@@ -76,6 +77,15 @@ check_icon() {
     cmp "$icon" "resources/icon-$pixels.png" || fail "$icon is not the icon of the windows."
 }
 
+# Expects the scalable icon to look like the largest of the others.
+check_scalable_icon() {
+    local icon=$1 difference
+    difference=$(rsvg-convert --width "$menu_icon_size" "$icon" |
+        compare -metric RMSE - "resources/icon-$menu_icon_size.png" null: 2>&1 || true)
+    [[ $difference =~ \(0(\.00[0-9]*)?\)$ ]] ||
+        fail "$icon is not drawn like the other icons: they differ by $difference."
+}
+
 check_icons() {
     echo "The icons"
     local pixels
@@ -83,6 +93,7 @@ check_icons() {
         check_icon "$unpacked/usr/share/icons/hicolor/${pixels}x$pixels/apps/$application.png" \
             "$pixels"
     done
+    check_scalable_icon "$unpacked/usr/share/icons/hicolor/scalable/apps/$application.svg"
 }
 
 lint_manual_page() {

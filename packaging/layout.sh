@@ -3,10 +3,12 @@
 
 application=org.lookfar.Lookfar
 
-# In pixels; the package has to have every icon that there is.
+# In pixels; the package has to have every icon that there is, and the windows all but the largest,
+# which is for menus.
 icon_sizes=(resources/icon-*.png)
 icon_sizes=("${icon_sizes[@]#*-}")
 icon_sizes=("${icon_sizes[@]%.png}")
+menu_icon_size=512
 
 # The files that `cmake --install` lays out, and those of the package.
 work=$PWD/build/package/checked

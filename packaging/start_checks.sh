@@ -73,7 +73,7 @@ check_window() {
     [[ $process == *" = $(last_started)" ]] || fail "The window is of another process: $process"
     icons=$(xprop -id "$window" -len 1000000 _NET_WM_ICON)
     for pixels in "${icon_sizes[@]}"; do
-        [[ $icons == *"Icon ($pixels x $pixels):"* ]] ||
+        [[ $pixels == "$menu_icon_size" || $icons == *"Icon ($pixels x $pixels):"* ]] ||
             fail "The window has no icon of $pixels pixels."
     done
 }

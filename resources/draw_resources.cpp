@@ -1,4 +1,4 @@
-// Draws the pictures that the program carries: lookfar-draw-resources FOLDER
+// Draws the pictures that the program and its menu entry have: lookfar-draw-resources FOLDER
 // It is run by hand when a drawing changes. The folder is that of this file, where the pictures are
 // kept.
 
@@ -12,6 +12,7 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QStringList>
+#include <QSvgGenerator>
 
 #include <exception>
 #include <iostream>
@@ -23,6 +24,7 @@ namespace lookfar::resources {
 namespace {
 
 constexpr int icon_sizes[] = {LOOKFAR_ICON_SIZES};
+constexpr QRect scalable_icon_square(0, 0, 256, 256);
 constexpr int jpeg_quality = 90;
 
 QImage draw_icon(int pixels) {
@@ -50,9 +52,23 @@ void write_jpeg(const QImage& image, const QString& path) {
     write(image, writer);
 }
 
+void write_scalable_icon(const QString& path) {
+    QSvgGenerator generator;
+    generator.setFileName(path);
+    generator.setTitle("Lookfar");
+    generator.setDescription("A lens that holds a far coast");
+    generator.setSize(scalable_icon_square.size());
+    generator.setViewBox(scalable_icon_square);
+    QPainter painter;
+    if (!painter.begin(&generator))
+        throw std::runtime_error(path.toStdString() + ": cannot be written");
+    draw_emblem(painter, scalable_icon_square);
+}
+
 void draw_all(const QDir& folder) {
     for (const int pixels : icon_sizes)
         write_png(draw_icon(pixels), folder.filePath(QString("icon-%1.png").arg(pixels)));
+    write_scalable_icon(folder.filePath("icon.svg"));
     write_jpeg(draw_test_card(), folder.filePath("test-card.jpg"));
     write_png(draw_splash(), folder.filePath("splash.png"));
 }

@@ -82,6 +82,7 @@ install_packaging_packages() {
         dpkg-dev \
         file \
         imagemagick \
+        librsvg2-bin \
         lintian \
         man-db \
         mandoc \

@@ -56,24 +56,31 @@ void draw_focus_marks(QPainter& painter) {
     painter.restore();
 }
 
-void draw_sky(QPainter& painter) {
+/// What the lens shows of a shape. The painter clips nothing, since vector files have no clipping.
+QPainterPath seen(const QPainterPath& lens, const QPolygonF& shape) {
+    QPainterPath path;
+    path.addPolygon(shape);
+    return lens & path;
+}
+
+void draw_sky(QPainter& painter, const QPainterPath& lens) {
     const QLinearGradient sky =
         gradient({0, -100}, {0, horizon},
                  {{0, "#1667c9"}, {0.5, "#4fb4f0"}, {0.8, "#bfe6f7"}, {1, "#ffe9b8"}});
-    painter.fillRect(QRectF(-128, -128, 256, 128 + horizon), sky);
+    painter.fillPath(seen(lens, QRectF(-128, -128, 256, 128 + horizon)), sky);
 }
 
-void draw_sun_glow(QPainter& painter) {
+void draw_sun_glow(QPainter& painter, const QPainterPath& lens) {
     QRadialGradient glow(sun_centre, 70);
     glow.setStops({{0, QColor(255, 236, 150, 220)}, {1, QColor(255, 236, 150, 0)}});
-    painter.fillPath(disc(sun_centre, 70), glow);
+    painter.fillPath(lens & disc(sun_centre, 70), glow);
 }
 
 void draw_sun(QPainter& painter, qreal radius) {
     painter.fillPath(disc(sun_centre, radius), QColor("#ffc21f"));
 }
 
-void draw_far_range(QPainter& painter) {
+void draw_far_range(QPainter& painter, const QPainterPath& lens) {
     const QPolygonF range({{-128, 20},
                            {-92, -2},
                            {-70, 10},
@@ -84,18 +91,14 @@ void draw_far_range(QPainter& painter) {
                            {128, 22},
                            {128, horizon},
                            {-128, horizon}});
-    QPainterPath path;
-    path.addPolygon(range);
-    painter.fillPath(path, QColor("#8fb3d9"));
+    painter.fillPath(seen(lens, range), QColor("#8fb3d9"));
 }
 
-void draw_mountain(QPainter& painter) {
-    QPainterPath lit_side;
-    lit_side.addPolygon(QPolygonF({{-28, -58}, {52, horizon}, {-116, horizon}}));
-    painter.fillPath(lit_side, QColor("#3d6a9c"));
-    QPainterPath shaded_side;
-    shaded_side.addPolygon(QPolygonF({{-28, -58}, {-40, -10}, {-26, horizon}, {-116, horizon}}));
-    painter.fillPath(shaded_side, QColor("#274a78"));
+void draw_mountain(QPainter& painter, const QPainterPath& lens) {
+    const QPolygonF lit_side({{-28, -58}, {52, horizon}, {-116, horizon}});
+    painter.fillPath(seen(lens, lit_side), QColor("#3d6a9c"));
+    const QPolygonF shaded_side({{-28, -58}, {-40, -10}, {-26, horizon}, {-116, horizon}});
+    painter.fillPath(seen(lens, shaded_side), QColor("#274a78"));
 }
 
 void draw_snow(QPainter& painter) {
@@ -105,22 +108,21 @@ void draw_snow(QPainter& painter) {
     painter.fillPath(snow, QColor("#ffffff"));
 }
 
-void draw_sea(QPainter& painter) {
+void draw_sea(QPainter& painter, const QPainterPath& lens) {
     const QLinearGradient sea =
         gradient({0, horizon}, {0, 100}, {{0, "#2fa3b8"}, {0.4, "#137a9e"}, {1, "#0a4674"}});
-    painter.fillRect(QRectF(-128, horizon, 256, 128 - horizon), sea);
+    painter.fillPath(seen(lens, QRectF(-128, horizon, 256, 128 - horizon)), sea);
 }
 
-void draw_sunlight_on_the_sea(QPainter& painter) {
-    painter.save();
-    painter.setPen(QPen(QColor("#ffe28a"), 5, Qt::SolidLine, Qt::RoundCap));
+void draw_sunlight_on_the_sea(QPainter& painter, const QPainterPath& lens) {
+    const QPainterPathStroker stroker(QPen(Qt::black, 5, Qt::SolidLine, Qt::RoundCap));
     for (int ripple = 0; ripple < 4; ++ripple) {
         const qreal half_width = 24.0 - 5.0 * ripple;
         const qreal y = horizon + 11 + 12.0 * ripple;
-        painter.drawLine(QPointF(sun_centre.x() - half_width, y),
-                         QPointF(sun_centre.x() + half_width, y));
+        QPainterPath line(QPointF(sun_centre.x() - half_width, y));
+        line.lineTo(sun_centre.x() + half_width, y);
+        painter.fillPath(lens & stroker.createStroke(line), QColor("#ffe28a"));
     }
-    painter.restore();
 }
 
 void draw_glint(QPainter& painter, qreal radius) {
@@ -135,20 +137,18 @@ void draw_inner_shadow(QPainter& painter, qreal radius) {
 }
 
 void draw_coast(QPainter& painter, qreal radius, bool has_details) {
-    painter.save();
-    painter.setClipPath(disc({}, radius));
-    draw_sky(painter);
+    const QPainterPath lens = disc({}, radius);
+    draw_sky(painter, lens);
     if (has_details)
-        draw_sun_glow(painter);
+        draw_sun_glow(painter, lens);
     draw_sun(painter, has_details ? 23 : 30);
     if (has_details)
-        draw_far_range(painter);
-    draw_mountain(painter);
+        draw_far_range(painter, lens);
+    draw_mountain(painter, lens);
     draw_snow(painter);
-    draw_sea(painter);
+    draw_sea(painter, lens);
     if (has_details)
-        draw_sunlight_on_the_sea(painter);
-    painter.restore();
+        draw_sunlight_on_the_sea(painter, lens);
 }
 
 void draw_large_emblem(QPainter& painter) {
