@@ -28,9 +28,8 @@ print_installed_files() {
 print_packaged_files() {
     print_installed_files
     printf '%s\n' \
-        share/doc/lookfar/changelog.Debian.gz \
-        share/doc/lookfar/copyright \
-        share/lintian/overrides/lookfar
+        share/doc/lookfar/changelog.gz \
+        share/doc/lookfar/copyright
 }
 
 # Expects a folder to hold exactly the files that the standard input lists.
@@ -46,17 +45,26 @@ check_file_lists() {
     print_packaged_files | check_file_list "$unpacked/usr"
 }
 
+# Prints what a manual page says in its last line, such as: Lookfar 0.1.0 2026-11-25 LOOKFAR(1)
+print_foot_of_page() {
+    MANWIDTH=80 man -l "$unpacked/usr/share/man/man1/$1.1.gz" | tail -n 1 | tr --squeeze-repeats ' '
+}
+
+# Expects the version and the date of the changelog wherever they are told.
 check_versions() {
     echo "The version"
-    local package=$1 version changelog release
-    version=$(dpkg-deb --field "$package" Version)
-    changelog=$(dpkg-parsechangelog --file packaging/debian/changelog --show-field Version)
-    release=$(grep --max-count 1 --only-matching --perl-regexp '<release version="\K[^"]*' \
-        "packaging/$application.metainfo.xml")
-    [[ $changelog == "$version" ]] ||
-        fail "The package is of version $version, but its changelog of $changelog."
-    [[ $release == "${version%-*}" ]] ||
-        fail "The package is of version $version, but its AppStream data of $release."
+    local changelog=$unpacked/usr/share/doc/lookfar/changelog.gz version date page
+    version=$(dpkg-parsechangelog --file "$changelog" --show-field Version)
+    date=$(date --utc --date "$(dpkg-parsechangelog --file "$changelog" --show-field Date)" +%F)
+    expect_text "The package" "$(dpkg-deb --field "$1" Version)" "$version"
+    expect_text "The AppStream data" \
+        "$(sed --quiet 's/^ *<release \(.*\)>$/\1/p' \
+            "$unpacked/usr/share/metainfo/$application.metainfo.xml" | head -n 1)" \
+        "version=\"$version\" date=\"$date\""
+    for page in lookfar lookfar-desktop; do
+        expect_text "The manual page $page" "$(print_foot_of_page "$page")" \
+            "Lookfar $version $date ${page^^}(1)"
+    done
 }
 
 check_desktop_entry() {
@@ -109,9 +117,11 @@ check_manual_pages() {
     done
 }
 
+# debian/README.source answers the remarks of the tag that is suppressed.
 check_debian_rules() {
     echo "The rules of Debian"
-    lintian --allow-root --fail-on error,warning "$1"
+    lintian --allow-root --display-info --pedantic --fail-on error,warning,info,pedantic \
+        --suppress-tags spelling-error-in-binary "$made"/*.dsc "$1"
 }
 
 print_shell_scripts() {

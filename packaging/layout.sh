@@ -10,12 +10,22 @@ icon_sizes=("${icon_sizes[@]#*-}")
 icon_sizes=("${icon_sizes[@]%.png}")
 menu_icon_size=512
 
-# The files that `cmake --install` lays out, and those of the package.
-work=$PWD/build/package/checked
+# What is made of the sources: the source package, which is unpacked and built there, and the binary
+# one.
+made=$PWD/build/debian
+sources=$made/sources
+
+# The files that `cmake --install` lays out, and those of the binary package.
+work=$made/checked
 installed=$work/installed
 unpacked=$work/unpacked
 
 fail() {
     echo "$1" >&2
     exit 1
+}
+
+# Takes what tells the text, the text that it tells, and the right one.
+expect_text() {
+    [[ $2 == "$3" ]] || fail "$1 should tell '$3', but tells '$2'."
 }

@@ -74,10 +74,11 @@ install_test_packages() {
         openssl
 }
 
-# For making and checking the Debian package.
+# For making and checking the Debian packages.
 install_packaging_packages() {
     install_missing_packages \
         appstream \
+        debhelper \
         desktop-file-utils \
         dpkg-dev \
         file \
