@@ -16,7 +16,7 @@ QImage draw_splash() {
     draw_emblem(painter, QRectF(106, 58, 108, 108));
     painter.setPen(QColor("#4a6a94"));
     painter.setFont(lettering(12, QFont::Normal));
-    painter.drawText(QPointF(8, 230), "www.lookfar.example");
+    painter.drawText(QPointF(8, 230), LOOKFAR_HOMEPAGE);
     return image;
 }
 

@@ -55,7 +55,7 @@ class FullscreenWindow : public Form {
                   .FillColor = 0x000000C0}};
     // Title banner: status line, which feeds the main window's status bar too.
     Label Label4{*this,
-                 {.Caption = "www.lookfar.example",
+                 {.Caption = LOOKFAR_HOMEPAGE,
                   .At = {600, 5400, 2190, 270},
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,

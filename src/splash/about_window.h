@@ -40,7 +40,7 @@ class AboutWindow : public Form {
     Image Image1{*this, {.Picture = program_icon(48), .At = {3600, 120, 720, 720}}};
     // Maker's notice.
     Label Label3{*this,
-                 {.Caption = "2002 Lookfar founders",
+                 {.Caption = LOOKFAR_RELEASE_YEAR " Lookfar founders",
                   .At = {120, 960, 4335, 255},
                   .Align = Alignment::right,
                   .Back = BackStyle::transparent,
@@ -53,7 +53,7 @@ class AboutWindow : public Form {
                   .TabIndex = 4}};
     // Homepage link: its caption is the address.
     Label Label6{*this,
-                 {.Caption = "www.lookfar.example",
+                 {.Caption = LOOKFAR_HOMEPAGE,
                   .At = {120, 1440, 2295, 255},
                   .Align = Alignment::centre,
                   .Back = BackStyle::transparent,

@@ -82,7 +82,7 @@ TEST_F(About, OpensFromTheMenuAndTurnsItsLinksPurpleUntilItIsUnloaded) {
     expect_open(navy);
     window->Label6.Click.raise();
     window->Label10.Click.raise();
-    EXPECT_EQ(platform.links, (std::vector<std::string>{"http://www.lookfar.example",
+    EXPECT_EQ(platform.links, (std::vector<std::string>{"http://" LOOKFAR_HOMEPAGE,
                                                         "mailto:mail@lookfar.example"}));
     window->Command1.Click.raise();
     EXPECT_FALSE(window->Visible);
