@@ -133,19 +133,6 @@ check_debian_rules() {
         --suppress-tags spelling-error-in-binary "$made"/*.dsc "$1"
 }
 
-print_shell_scripts() {
-    git ls-files '*.sh'
-    git grep --files-with-matches '^#!.*sh$'
-}
-
-check_shell_scripts() {
-    echo "The shell scripts"
-    local scripts
-    mapfile -t scripts < <(print_shell_scripts | sort --unique)
-    ((${#scripts[@]} > 0)) || fail "There are no tracked shell scripts."
-    shellcheck --external-sources "${scripts[@]}"
-}
-
 check_files() {
     check_file_lists
     check_versions "$1"
@@ -154,5 +141,4 @@ check_files() {
     check_icons
     check_manual_pages
     check_debian_rules "$1"
-    check_shell_scripts
 }

@@ -1,5 +1,6 @@
 # shellcheck shell=bash
-# Installs Debian packages that are missing. This file is sourced.
+# Installs Debian packages that are missing. Without dpkg nothing is installed, and the build names
+# what it misses. This file is sourced.
 
 is_installed() {
     [[ $(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null) == installed ]]
@@ -27,9 +28,20 @@ download_and_install() {
     run_apt_get update && run_apt_get install --no-install-recommends "$@"
 }
 
+# Says once that nothing can be looked up.
+told_of_no_dpkg=false
+has_dpkg() {
+    [[ -z $(type -P dpkg-query) ]] || return 0
+    "$told_of_no_dpkg" ||
+        echo "There is no dpkg here, so nothing is installed; what is missing will be named." >&2
+    told_of_no_dpkg=true
+    return 1
+}
+
 # Ends the script where a package is missing and cannot be installed.
 install_missing_packages() {
     local missing
+    has_dpkg || return 0
     mapfile -t missing < <(print_missing_packages "$@")
     ((${#missing[@]} > 0)) || return 0
     if ! can_install_packages || ! download_and_install "${missing[@]}"; then
@@ -39,6 +51,7 @@ install_missing_packages() {
 }
 
 install_optional_package() {
+    has_dpkg || return 0
     is_installed "$1" && return 0
     can_install_packages && download_and_install "$1" && return 0
     echo "Going on without the package $1." >&2

@@ -15,7 +15,7 @@ start_x_server() {
     start_process Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp -noreset \
         3>"$number_file" 2>/dev/null
     if ! wait_until 20 "$(last_started)" test -s "$number_file"; then
-        echo "The virtual display does not start." >&2
+        echo "The virtual display does not start; it is made by Xvfb." >&2
         exit 1
     fi
     DISPLAY=:$(<"$number_file")
@@ -26,7 +26,7 @@ start_x_server() {
 start_window_manager() {
     start_process openbox >/dev/null 2>&1
     if ! wait_until 20 "$(last_started)" has_window_manager; then
-        echo "The window manager does not start." >&2
+        echo "The window manager does not start; it is openbox, and xprop looks for it." >&2
         exit 1
     fi
 }
