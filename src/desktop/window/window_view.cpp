@@ -86,9 +86,8 @@ void WindowView::release() {
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
     menu_ = make_popup_menu(menu, default_entry, windows_.actions(), *this);
-    const QPoint pointer = QCursor::pos();
-    const bool is_over_window = geometry().contains(pointer);
-    (*menu_)->popup(is_over_window ? pointer : geometry().center());
+    // Where the pointer is while it is elsewhere, Wayland tells nobody.
+    (*menu_)->popup(underMouse() ? QCursor::pos() : geometry().center());
 }
 
 std::vector<DrawnControl> WindowView::readable_controls() const {
