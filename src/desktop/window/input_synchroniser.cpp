@@ -1,5 +1,6 @@
 #include "desktop/window/input_synchroniser.h"
 
+#include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
 
 #include <QEvent>
@@ -22,11 +23,24 @@ bool is_input(QEvent::Type type) {
     }
 }
 
+/// What the window opens, its lists and menus, leaves with it.
+bool is_in_leaving_window(const QObject* object) {
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    for (; widget; widget = widget->parentWidget()) {
+        const auto* const view = dynamic_cast<const WindowView*>(widget);
+        if (view && view->is_leaving())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 bool InputSynchroniser::eventFilter(QObject* watched, QEvent* event) {
     if (is_input(event->type()))
         windows_.synchronise();
+    if ((is_input(event->type()) || event->isInputEvent()) && is_in_leaving_window(watched))
+        return true;
     return QObject::eventFilter(watched, event);
 }
 

@@ -8,7 +8,16 @@
 
 namespace lookfar::desktop {
 
+void WindowCanvas::prepare(const QWidget& window) {
+    draw(window, window.rect());
+}
+
 void WindowCanvas::paint(QWidget& window, const QRegion& region) {
+    draw(window, region);
+    QPainter(&window).drawImage(QPoint(), image_);
+}
+
+void WindowCanvas::draw(const QWidget& window, const QRegion& region) {
     fit(window);
     QPainter painter(&image_);
     drawn_.paint(painter, region, window.palette());
@@ -16,8 +25,6 @@ void WindowCanvas::paint(QWidget& window, const QRegion& region) {
         painter.setPen(window.palette().color(QPalette::Dark));
         painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
     }
-    painter.end();
-    QPainter(&window).drawImage(QPoint(), image_);
 }
 
 void WindowCanvas::fit(const QWidget& window) {

@@ -19,6 +19,9 @@ class WindowCanvas {
   public:
     WindowCanvas(const Form& form, DrawnControls& drawn) : form_(form), drawn_(drawn) {}
 
+    /// Draws the whole window ahead of its first paint event, so that the pictures are scaled by
+    /// then.
+    void prepare(const QWidget& window);
     /// Draws the region and puts it onto the window; to be called from the window's paint event.
     void paint(QWidget& window, const QRegion& region);
     /// Gives up the memory of the image and of the scaled pictures; to be called when the window is
@@ -26,6 +29,7 @@ class WindowCanvas {
     void drop();
 
   private:
+    void draw(const QWidget& window, const QRegion& region);
     void fit(const QWidget& window);
 
     const Form& form_;

@@ -45,17 +45,23 @@ void WindowView::show_tool_tip(const QPoint& place, const QPointF& point) {
 
 void WindowView::paintEvent(QPaintEvent* event) {
     canvas_.paint(*this, event->region());
+    if (!coming_up_.isActive())
+        return;
+    coming_up_.stop();
+    windows_.synchronise_later();
 }
 
 /// Whether the window closes is for the form to decide, so Qt never closes it.
 void WindowView::closeEvent(QCloseEvent* event) {
     event->ignore();
+    if (is_leaving())
+        return;
     windows_.actions().deliver(*form_, [this] { form_->request_close(); });
 }
 
 void WindowView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::WindowStateChange)
+    if (event->type() != QEvent::WindowStateChange || is_leaving())
         return;
     if (const auto state = frame_.state_by_user())
         windows_.actions().deliver(*form_, [this, state] { form_->WindowState = *state; });
@@ -69,6 +75,7 @@ void WindowView::moveEvent(QMoveEvent* event) {
 
 void WindowView::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
+    coming_up_.stop();
     canvas_.drop();
 }
 

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace lookfar::desktop {
 
@@ -29,26 +31,44 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     setAccessibleName(shown_text(form.AccessibleName));
     if (form.HasIcon)
         setWindowIcon(icon);
+    constexpr std::chrono::seconds longest_coming_up(2);
+    coming_up_.setSingleShot(true);
+    coming_up_.setInterval(longest_coming_up);
+    coming_up_.callOnTimeout([this] { windows_.synchronise_later(); });
 }
 
 void WindowView::synchronise_window() {
     setWindowTitle(shown_text(form_->Caption.get()));
-    if (!form_->Visible) {
-        hide();
+    const bool followed = std::exchange(follows_, form_->Visible);
+    if (!follows_)
         return;
-    }
     frame_.take_over();
     take_pointer();
-    if (isVisible())
-        return;
+    if (!followed)
+        come_up();
+}
+
+void WindowView::come_up() {
     for (Control* const control : form_->controls())
         synchronise_control(*control);
+    if (isVisible())
+        return;
+    canvas_.prepare(*this);
+    coming_up_.start();
     show();
     natives_.restore_focus();
 }
 
+bool WindowView::is_coming_up() const {
+    return coming_up_.isActive() && form_->Visible;
+}
+
+bool WindowView::is_leaving() const {
+    return form_ && !form_->Visible && isVisible();
+}
+
 void WindowView::synchronise(Control& control) {
-    if (isVisible())
+    if (follows_)
         synchronise_control(control);
 }
 
@@ -59,7 +79,7 @@ void WindowView::synchronise_control(Control& control) {
 }
 
 void WindowView::take_edited_pictures() {
-    if (isVisible())
+    if (follows_)
         update(drawn_.take_edited_pictures());
 }
 

@@ -8,6 +8,7 @@
 
 #include <QIcon>
 #include <QMenu>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -26,8 +27,9 @@ namespace lookfar::desktop {
 class Windows;
 
 /// One window on the screen: hands what the form says to the window's frame, native widgets and
-/// drawn controls, and the window's events to them and to the handlers. While it is hidden it
-/// follows nothing; it takes everything over when it is shown.
+/// drawn controls, and the window's events to them and to the handlers. While its form is hidden it
+/// follows nothing; it takes everything over when that is shown. `Windows` says when a window goes
+/// whose form was hidden.
 class WindowView : public QWidget {
   public:
     WindowView(Form& form, Windows& windows, const QIcon& icon);
@@ -36,6 +38,12 @@ class WindowView : public QWidget {
     void synchronise_window();
     /// Takes over what a control says.
     void synchronise(Control& control);
+    /// Whether the window has been shown and is not painted yet. That lasts for two seconds at
+    /// most, since what covers the window may keep it from ever being painted.
+    bool is_coming_up() const;
+    /// Whether the window is still on the screen although its form is hidden. The user's actions
+    /// don't reach such a window.
+    bool is_leaving() const;
     /// Has the pictures painted again whose pixels have changed.
     void take_edited_pictures();
 
@@ -74,6 +82,7 @@ class WindowView : public QWidget {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
+    void come_up();
     void synchronise_control(Control& control);
     void take_pointer();
     void show_tool_tip(const QPoint& place, const QPointF& point);
@@ -87,6 +96,10 @@ class WindowView : public QWidget {
     WindowFrame frame_;
     NativeChildren natives_;
     std::optional<TiedWidget<QMenu>> menu_;
+    /// Whether the form was visible when the window took over what it says.
+    bool follows_ = false;
+    /// Runs from the moment when the window is shown until it is painted.
+    QTimer coming_up_;
 };
 
 } // namespace lookfar::desktop

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+#include <algorithm>
 #include <ranges>
 #include <utility>
 
@@ -26,10 +27,10 @@ Windows::~Windows() {
 void Windows::changed(Element& element) {
     if (changed_.insert(&element).second)
         changed_in_order_.push_back(&element);
-    schedule();
+    synchronise_later();
 }
 
-void Windows::schedule() {
+void Windows::synchronise_later() {
     if (std::exchange(is_scheduled_, true))
         return;
     QMetaObject::invokeMethod(
@@ -61,6 +62,16 @@ void Windows::synchronise() {
         synchronise(*element);
     for (const auto& view : std::views::values(views_))
         view->take_edited_pictures();
+    hide_leaving();
+}
+
+void Windows::hide_leaving() {
+    const auto views = std::views::values(views_);
+    if (std::ranges::any_of(views, [](const auto& view) { return view->is_coming_up(); }))
+        return;
+    for (const auto& view : views)
+        if (view->is_leaving())
+            view->hide();
 }
 
 void Windows::synchronise(Element& element) {

@@ -38,8 +38,11 @@ class Windows {
     /// Lets the element go; for a window, its widgets too.
     void forget(Element& element);
 
-    /// Shows all that has changed.
+    /// Shows all that has changed. A window that comes up is shown before another one goes: that
+    /// one stays on the screen until the new one is painted.
     void synchronise();
+    /// The same, from the message loop.
+    void synchronise_later();
 
     /// The way from widgets to handlers; suspended while the widgets take over what has changed.
     UserActions& actions() { return actions_; }
@@ -53,9 +56,9 @@ class Windows {
     WindowView* view_of(const Form& form) const;
 
   private:
-    void schedule();
     void synchronise(Element& element);
     void synchronise_window(Form& form);
+    void hide_leaving();
     TiedWidget<WindowView> make_view(Form& form);
 
     QIcon icon_;
@@ -63,8 +66,7 @@ class Windows {
     UserActions actions_{[this] { synchronise(); }};
     std::unordered_map<const Element*, TiedWidget<WindowView>> views_;
     std::unordered_set<Element*> changed_;
-    /// The same in the order of their first change: a window that is shown before another is
-    /// hidden comes up before that one goes.
+    /// The same in the order of their first change.
     std::vector<Element*> changed_in_order_;
     bool is_scheduled_ = false;
     /// Receives the scheduled synchronisation; the last member, so that it goes first.

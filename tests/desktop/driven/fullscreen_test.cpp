@@ -1,7 +1,34 @@
 #include "desktop/driven/driven_test.h"
 
+#include <xcb/xcb.h>
+
+#include <chrono>
+#include <cstring>
+#include <memory>
+#include <set>
+#include <thread>
+#include <vector>
+
 namespace lookfar::driven {
 namespace {
+
+/// The colours that a point shows until it is stopped, as 0x00RRGGBB, by a connection of its own.
+std::vector<QRgb> colours_at(const QPoint& point, const std::stop_token& stop) {
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> server(
+        xcb_connect(nullptr, nullptr), xcb_disconnect);
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(server.get())).data->root;
+    std::vector<QRgb> seen;
+    while (!stop.stop_requested()) {
+        const auto request = xcb_get_image(server.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, root,
+                                           static_cast<std::int16_t>(point.x()),
+                                           static_cast<std::int16_t>(point.y()), 1, 1, 0xFFFFFF);
+        const std::unique_ptr<xcb_get_image_reply_t, decltype(&std::free)> image(
+            xcb_get_image_reply(server.get(), request, nullptr), std::free);
+        std::memcpy(&seen.emplace_back(), xcb_get_image_data(image.get()), sizeof(QRgb));
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return seen;
+}
 
 class Fullscreen : public DrivenTest {
   protected:
@@ -45,6 +72,24 @@ TEST_F(Fullscreen, OpensAndLeavesOnADoubleClickAndHasAPanelThatPicksCameras) {
     EXPECT_EQ(place(title::main_window, "frame"), before);
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour'"));
     EXPECT_TRUE(comes_to_show(picture(), colour::red));
+}
+
+TEST_F(Fullscreen, TakesTheMainWindowsPlaceAndGivesItBackWithoutAGap) {
+    const QPoint in_both_pictures = picture() - QPoint(60, 0);
+    const QColor camera = colour_of.at(selected_camera());
+    ASSERT_TRUE(comes_to_show(in_both_pictures, camera));
+    std::vector<QRgb> seen;
+    std::jthread watch(
+        [&](const std::stop_token& stop) { seen = colours_at(in_both_pictures, stop); });
+    open();
+    EXPECT_TRUE(goes(title::main_window));
+    hands.double_click(whole_screen().center());
+    ASSERT_TRUE(comes_up(title::main_window));
+    EXPECT_TRUE(goes(title::fullscreen_window));
+    watch.request_stop();
+    watch.join();
+    for (const QRgb colour : std::set(seen.begin(), seen.end()))
+        EXPECT_TRUE(is_like(colour, camera)) << std::hex << colour;
 }
 
 TEST_F(Fullscreen, SlidesItsPanelOutOfTheWayAndGivesWayItselfWhenItIsClosed) {

@@ -117,6 +117,21 @@ TEST_F(WindowTest, CoversTheScreenWhereItIsBareAndAsLarge) {
     EXPECT_TRUE(window(cover).isFullScreen());
 }
 
+TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
+    int clicks = 0;
+    form.Command1.Click.connect([&] { ++clicks; });
+    Form successor(runtime, {.Client = {3000, 1500}});
+    form.Hide();
+    successor.Show();
+    ASSERT_TRUE(window(form).isVisible());
+    QTest::mouseClick(&widget(form.Command1), Qt::LeftButton);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_TRUE(comes_true([&] { return !window(form).isVisible(); }));
+    successor.Hide();
+    let_loop_come_round();
+    EXPECT_FALSE(window(successor).isVisible()) << "nobody comes after it";
+}
+
 TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
     const auto& entry = widget<QLineEdit>(form.Text1);
     form.Hide();
