@@ -111,5 +111,5 @@ install_fuzz_packages() {
 }
 
 install_virtual_display_packages() {
-    install_missing_packages openbox x11-utils xvfb
+    install_missing_packages openbox x11-utils x11-xserver-utils xvfb
 }

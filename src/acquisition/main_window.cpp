@@ -7,7 +7,7 @@
 namespace lookfar {
 
 MainWindow::MainWindow(Program& program)
-    : Form(program.runtime, {.Caption = "Lookfar", .Client = {4935, 5190}}),
+    : Form(program.runtime, {.Caption = "Lookfar", .Client = {4935, 5190}, .IsMainWindow = true}),
       Form2(program.Form2),
       Form3(program.Form3),
       Loading(program.Loading),

@@ -160,10 +160,10 @@ void DesktopPlatform::end() {
 }
 
 ScreenMetrics DesktopPlatform::screen() const {
-    const QScreen& primary = *QGuiApplication::primaryScreen();
-    const QSize size = primary.size();
+    const QScreen& screen = parts_->windows.screen();
+    const QSize size = screen.size();
     return {.size = {desktop::to_twips(size.width()), desktop::to_twips(size.height())},
-            .bits_per_pixel = desktop::bits_per_pixel(primary.depth())};
+            .bits_per_pixel = desktop::bits_per_pixel(screen.depth())};
 }
 
 Disk& DesktopPlatform::disk() {

@@ -24,6 +24,7 @@ Form::Form(Runtime& host, const FormDesign& design)
       ShowInTaskbar(design.ShowInTaskbar),
       CentredOnScreen(design.CentredOnScreen),
       HasIcon(design.HasIcon),
+      IsMainWindow(design.IsMainWindow),
       BackColor(design.BackColor),
       AccessibleName(design.AccessibleName) {}
 

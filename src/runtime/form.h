@@ -27,6 +27,9 @@ struct FormDesign {
     bool ShowInTaskbar = true;
     bool CentredOnScreen = false;
     bool HasIcon = true;
+    /// The main window's screen is the screen: the one that `Runtime::Screen` measures and on which
+    /// the other windows come up.
+    bool IsMainWindow = false;
     Colour BackColor = colour::button_face;
     lookfar::MousePointer MousePointer = MousePointer::standard;
     /// What assistive technology calls a window that has no caption.
@@ -58,6 +61,7 @@ class Form : public Element, public MouseEvents {
 
     Property<std::string> Caption;
     Property<bool> Visible;
+    /// The position counts from the corner of the window's screen.
     Property<float> Left;
     Property<float> Top;
     /// A change of size or of window state raises `Resize` inside the write; so does the first
@@ -82,6 +86,7 @@ class Form : public Element, public MouseEvents {
     const bool ShowInTaskbar;
     const bool CentredOnScreen;
     const bool HasIcon;
+    const bool IsMainWindow;
     const Colour BackColor;
     const std::string AccessibleName;
 

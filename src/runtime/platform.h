@@ -22,7 +22,8 @@ class RemoteAccessService;
 
 using Instant = std::chrono::steady_clock::time_point;
 
-/// The screen's size in twips and its colour depth in bits per pixel.
+/// The size in twips of the screen on which the main window stands, and its colour depth in bits
+/// per pixel. Before the main window stands anywhere it is the desktop's primary screen.
 struct ScreenMetrics {
     Size size;
     short bits_per_pixel = 32;

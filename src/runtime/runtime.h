@@ -53,9 +53,9 @@ class Runtime {
     /// The service that knows of dial-up connections; none on most platforms.
     RemoteAccessService* remote_access() { return platform_.remote_access(); }
 
-    /// In twips.
+    /// The size of the screen on which the main window stands, in twips.
     Size Screen() const;
-    /// In bits per pixel.
+    /// Its colours, in bits per pixel.
     short ScreenColourDepth() const;
     /// Seconds since local midnight, in single precision.
     float SecondsSinceMidnight() const;

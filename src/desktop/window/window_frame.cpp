@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace lookfar::desktop {
@@ -46,6 +47,12 @@ QSize usual_frame() {
     return frame;
 }
 
+/// The window itself comes to know its new screen only after it was moved there.
+QPoint corner_of_screen_at(const QPoint& point) {
+    const QScreen* const screen = QGuiApplication::screenAt(point);
+    return (screen ? screen : QGuiApplication::primaryScreen())->geometry().topLeft();
+}
+
 } // namespace
 
 Qt::WindowFlags window_flags(const Form& form) {
@@ -60,10 +67,30 @@ bool is_bare_dialog(const Form& form) {
     return form.Border == FormBorder::fixed_dialog && !form.ControlBox;
 }
 
-void WindowFrame::take_over() {
+void WindowFrame::take_over(QScreen& screen) {
+    if (!window_.isVisible())
+        take_screen(screen);
     take_size();
     take_position();
     take_state();
+}
+
+/// The screen may be another one than last time, or may stand elsewhere.
+void WindowFrame::take_screen(QScreen& screen) {
+    window_.setScreen(&screen);
+    if (std::exchange(corner_, screen.geometry().topLeft()) != screen.geometry().topLeft())
+        position_.reset();
+    keep_on_screen(screen.size());
+}
+
+/// A window that stood on a larger screen may have its place outside of this one.
+void WindowFrame::keep_on_screen(const QSize& screen) {
+    const QRect place(position(), client_size());
+    if (QRect(QPoint(), screen).contains(place.center()))
+        return;
+    const QSize room = (screen - place.size()).expandedTo({0, 0});
+    form_.Left.follow(to_twips(std::clamp(place.left(), 0, room.width())));
+    form_.Top.follow(to_twips(std::clamp(place.top(), 0, room.height())));
 }
 
 void WindowFrame::take_size() {
@@ -81,15 +108,14 @@ void WindowFrame::take_size() {
 void WindowFrame::take_position() {
     if (form_.CentredOnScreen && centred_size_.isEmpty())
         centre_on_screen(client_size() + usual_frame());
-    const QPoint wanted(to_whole_pixels(form_.Left), to_whole_pixels(form_.Top));
-    if (std::exchange(position_, wanted) != wanted)
-        window_.move(wanted);
+    if (std::exchange(position_, position()) != position())
+        window_.move(corner_ + position());
 }
 
 void WindowFrame::centre_on_screen(const QSize& size) {
     centred_size_ = size;
     QRect place(QPoint(), size);
-    place.moveCenter(window_.screen()->geometry().center());
+    place.moveCenter(QRect(QPoint(), window_.screen()->size()).center());
     form_.Left.follow(to_twips(place.left()));
     form_.Top.follow(to_twips(place.top()));
 }
@@ -109,10 +135,12 @@ void WindowFrame::follow_move() {
         centre_on_screen(size);
         return;
     }
-    const bool is_elsewhere = window_.isVisible() && window_.pos() != position_;
+    const QPoint place = window_.pos();
+    const bool is_elsewhere = window_.isVisible() && place - corner_ != position_;
     if (!is_elsewhere || window_.windowState() != Qt::WindowNoState)
         return;
-    position_ = window_.pos();
+    corner_ = corner_of_screen_at(window_.frameGeometry().center());
+    position_ = place - corner_;
     form_.Left.follow(to_twips(position_->x()));
     form_.Top.follow(to_twips(position_->y()));
 }
@@ -121,6 +149,10 @@ std::optional<WindowState> WindowFrame::state_by_user() const {
     if (!window_.isVisible() || window_.windowState() == wanted_states())
         return std::nullopt;
     return window_state_of(window_.windowState());
+}
+
+QPoint WindowFrame::position() const {
+    return {to_whole_pixels(form_.Left), to_whole_pixels(form_.Top)};
 }
 
 QSize WindowFrame::client_size() const {

@@ -8,6 +8,7 @@
 
 #include <optional>
 
+class QScreen;
 class QWidget;
 
 namespace lookfar {
@@ -28,8 +29,8 @@ class WindowFrame {
   public:
     WindowFrame(Form& form, QWidget& window) : form_(form), window_(window) {}
 
-    /// Gives the window what the form says.
-    void take_over();
+    /// Gives the window what the form says. One that comes up does so on the given screen.
+    void take_over(QScreen& screen);
 
     /// Tells the form where the window stands; to be called when the user or the window manager has
     /// moved it. A window that was centred before it had its frame is centred anew.
@@ -38,10 +39,14 @@ class WindowFrame {
     std::optional<WindowState> state_by_user() const;
 
   private:
+    void take_screen(QScreen& screen);
+    void keep_on_screen(const QSize& screen);
     void take_size();
     void take_position();
     void take_state();
     void centre_on_screen(const QSize& size);
+    /// In logical pixels, from the corner.
+    QPoint position() const;
     /// In logical pixels.
     QSize client_size() const;
     /// Whether the window is a bare one that is to lie over the whole screen, task bars included.
@@ -50,6 +55,8 @@ class WindowFrame {
 
     Form& form_;
     QWidget& window_;
+    /// The corner of the screen from which the form's position counts.
+    QPoint corner_;
     /// The position that the form was last known to have, in logical pixels.
     std::optional<QPoint> position_;
     /// The size by which the window was centred last, in logical pixels and with its frame.

@@ -42,7 +42,7 @@ void WindowView::synchronise_window() {
     const bool followed = std::exchange(follows_, form_->Visible);
     if (!follows_)
         return;
-    frame_.take_over();
+    frame_.take_over(windows_.screen());
     take_pointer();
     if (!followed)
         come_up();
@@ -57,6 +57,10 @@ void WindowView::come_up() {
     coming_up_.start();
     show();
     natives_.restore_focus();
+}
+
+bool WindowView::is_main_window() const {
+    return form_ && form_->IsMainWindow;
 }
 
 bool WindowView::is_coming_up() const {

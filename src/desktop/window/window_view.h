@@ -38,6 +38,7 @@ class WindowView : public QWidget {
     void synchronise_window();
     /// Takes over what a control says.
     void synchronise(Control& control);
+    bool is_main_window() const;
     /// Whether the window has been shown and is not painted yet. That lasts for two seconds at
     /// most, since what covers the window may keep it from ever being painted.
     bool is_coming_up() const;

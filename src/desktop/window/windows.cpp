@@ -5,8 +5,9 @@
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
 
-#include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <algorithm>
 #include <ranges>
@@ -118,6 +119,13 @@ void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry)
     synchronise();
     if (WindowView* const view = view_of(form))
         view->pop_up(menu, default_entry);
+}
+
+QScreen& Windows::screen() const {
+    for (const auto& view : std::views::values(views_))
+        if (view->is_main_window())
+            return *view->screen();
+    return *QGuiApplication::primaryScreen();
 }
 
 WindowView* Windows::view_of(const Form& form) const {

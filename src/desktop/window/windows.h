@@ -10,6 +10,8 @@
 #include <unordered_set>
 #include <vector>
 
+class QScreen;
+
 namespace lookfar {
 class Control;
 class Element;
@@ -51,6 +53,10 @@ class Windows {
     void bring_forward(Form& form);
     void set_focus(Control& control);
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry);
+
+    /// The screen on which the main window stands, or stood when it was hidden; the primary one as
+    /// long as there is no main window.
+    QScreen& screen() const;
 
     /// The window's view; nothing for a window that was never shown.
     WindowView* view_of(const Form& form) const;

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
+#include <QProcess>
 #include <QScreen>
 
 namespace lookfar::desktop {
@@ -26,6 +27,47 @@ class SmallForm : public Form {
     UpDown UpDown1{*this, {.At = {1800, 900, 300, 300}, .Max = 10}};
     ListBox List1{*this, {.At = {2200, 300, 700, 900}}};
 };
+
+/// Two screens of different size, side by side, in place of the virtual display's one.
+class TwoScreens {
+  public:
+    TwoScreens() {
+        xrandr({"--setmonitor", "left", "500/130x700/180+0+0", "screen"});
+        xrandr({"--setmonitor", "right", "400/100x600/150+500+0", "none"});
+    }
+    TwoScreens(const TwoScreens&) = delete;
+    TwoScreens& operator=(const TwoScreens&) = delete;
+    ~TwoScreens() {
+        for (const char* const name : {"left", "right"})
+            xrandr({"--delmonitor", name});
+    }
+
+  private:
+    static void xrandr(const QStringList& arguments) {
+        if (QProcess::execute("xrandr", arguments) != 0)
+            ADD_FAILURE() << "The virtual display doesn't take the screens.";
+    }
+};
+
+class TwoScreensTest : TwoScreens, public DesktopTest {};
+
+TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
+    Form main(runtime, {.Client = {3000, 1500}, .IsMainWindow = true});
+    show(main);
+    EXPECT_EQ(runtime.Screen().Width, 7500.0F);
+    window(main).move(550, 60);
+    ASSERT_TRUE(comes_true([&] { return main.Left == 750.0F && main.Top == 900.0F; }));
+    EXPECT_EQ(runtime.Screen().Width, 6000.0F);
+    EXPECT_EQ(runtime.Screen().Height, 9000.0F);
+
+    Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
+    main.Hide();
+    show(cover);
+    EXPECT_TRUE(comes_true([&] { return window(cover).geometry() == QRect(500, 0, 400, 600); }));
+    cover.Hide();
+    show(main);
+    EXPECT_TRUE(comes_true([&] { return window(main).pos() == QPoint(550, 60); }));
+}
 
 class WindowTest : public DesktopTest {
   protected:
