@@ -56,6 +56,11 @@ class Fullscreen : public DrivenTest {
 
 TEST_F(Fullscreen, OpensAndLeavesOnADoubleClickAndHasAPanelThatPicksCameras) {
     const QRect before = place(title::main_window, "frame");
+    const QPoint in_both_pictures = picture() - QPoint(60, 0);
+    ASSERT_TRUE(comes_to_show(in_both_pictures, colour_of.at(selected_camera())));
+    std::vector<QRgb> seen;
+    std::jthread watch(
+        [&](const std::stop_token& stop) { seen = colours_at(in_both_pictures, stop); });
     open();
     EXPECT_TRUE(
         comes_true([this] { return place(title::fullscreen_window, "frame") == whole_screen(); }));
@@ -72,24 +77,11 @@ TEST_F(Fullscreen, OpensAndLeavesOnADoubleClickAndHasAPanelThatPicksCameras) {
     EXPECT_EQ(place(title::main_window, "frame"), before);
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour'"));
     EXPECT_TRUE(comes_to_show(picture(), colour::red));
-}
-
-TEST_F(Fullscreen, TakesTheMainWindowsPlaceAndGivesItBackWithoutAGap) {
-    const QPoint in_both_pictures = picture() - QPoint(60, 0);
-    const QColor camera = colour_of.at(selected_camera());
-    ASSERT_TRUE(comes_to_show(in_both_pictures, camera));
-    std::vector<QRgb> seen;
-    std::jthread watch(
-        [&](const std::stop_token& stop) { seen = colours_at(in_both_pictures, stop); });
-    open();
-    EXPECT_TRUE(goes(title::main_window));
-    hands.double_click(whole_screen().center());
-    ASSERT_TRUE(comes_up(title::main_window));
-    EXPECT_TRUE(goes(title::fullscreen_window));
     watch.request_stop();
     watch.join();
     for (const QRgb colour : std::set(seen.begin(), seen.end()))
-        EXPECT_TRUE(is_like(colour, camera)) << std::hex << colour;
+        EXPECT_TRUE(is_like(colour, colour::red) || is_like(colour, colour::blue))
+            << "a gap between the windows shows " << std::hex << colour;
 }
 
 TEST_F(Fullscreen, SlidesItsPanelOutOfTheWayAndGivesWayItselfWhenItIsClosed) {

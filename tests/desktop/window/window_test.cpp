@@ -10,8 +10,9 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
-#include <QProcess>
 #include <QScreen>
+
+#include <cstdlib>
 
 namespace lookfar::desktop {
 namespace {
@@ -29,24 +30,13 @@ class SmallForm : public Form {
 };
 
 /// Two screens of different size, side by side, in place of the virtual display's one.
-class TwoScreens {
-  public:
+struct TwoScreens {
     TwoScreens() {
-        xrandr({"--setmonitor", "left", "500/130x700/180+0+0", "screen"});
-        xrandr({"--setmonitor", "right", "400/100x600/150+500+0", "none"});
+        EXPECT_EQ(std::system("xrandr --setmonitor left 500/1x700/1+0+0 screen && "
+                              "xrandr --setmonitor right 400/1x600/1+500+0 none"),
+                  0);
     }
-    TwoScreens(const TwoScreens&) = delete;
-    TwoScreens& operator=(const TwoScreens&) = delete;
-    ~TwoScreens() {
-        for (const char* const name : {"left", "right"})
-            xrandr({"--delmonitor", name});
-    }
-
-  private:
-    static void xrandr(const QStringList& arguments) {
-        if (QProcess::execute("xrandr", arguments) != 0)
-            ADD_FAILURE() << "The virtual display doesn't take the screens.";
-    }
+    ~TwoScreens() { EXPECT_EQ(std::system("xrandr --delmonitor left --delmonitor right"), 0); }
 };
 
 class TwoScreensTest : TwoScreens, public DesktopTest {};
