@@ -23,6 +23,10 @@ constexpr QRectF card(0, 0, columns* square, rows* square);
 constexpr QPointF centre(card.width() / 2, card.height() / 2);
 constexpr qreal circle_radius = 6.5 * square;
 
+// Between these rows lies the field that an error is read on.
+constexpr qreal field_top = 5.5;
+constexpr qreal field_end = 9.5;
+
 /// The part of the circle's square from one row to another, counted in rows of the grid.
 QRectF band(qreal first_row, qreal end_row) {
     return {centre.x() - circle_radius, first_row * square, 2 * circle_radius,
@@ -76,15 +80,6 @@ void draw_corner_marks(QPainter& painter) {
             draw_corner_mark(painter, {x, y});
 }
 
-void draw_side_bars(QPainter& painter) {
-    const QRectF left(1 * square, 5 * square, square, 5 * square);
-    const QRectF right(18 * square, 5 * square, square, 5 * square);
-    painter.fillRect(left, QColor("#3c6fd0"));
-    painter.fillRect(left.translated(square, 0), QColor("#8a7a2c"));
-    painter.fillRect(right, QColor("#3c6fd0"));
-    painter.fillRect(right.translated(-square, 0), QColor("#8a7a2c"));
-}
-
 void fill_in_steps(QPainter& painter, const QRectF& area, std::span<const QColor> colours) {
     const qreal width = area.width() / static_cast<qreal>(colours.size());
     qreal left = area.left();
@@ -97,7 +92,7 @@ void fill_in_steps(QPainter& painter, const QRectF& area, std::span<const QColor
 void draw_colour_bars(QPainter& painter) {
     const std::vector<QColor> colours = {"#f2f2f2", "#e8d31c", "#1fc4cc", "#22b84a",
                                          "#c93ac0", "#d8302c", "#2a3fd0"};
-    fill_in_steps(painter, band(4, 7), colours);
+    fill_in_steps(painter, band(3.25, field_top), colours);
 }
 
 /// Steps of grey from black at the rims to white in the middle.
@@ -105,12 +100,12 @@ void draw_grey_steps(QPainter& painter) {
     std::vector<QColor> colours;
     for (const int brightness : {12, 60, 108, 156, 204, 252, 204, 156, 108, 60, 12})
         colours.emplace_back(brightness, brightness, brightness);
-    fill_in_steps(painter, band(10, 11.5), colours);
+    fill_in_steps(painter, band(11, 12.25), colours);
 }
 
 /// Upright stripes that grow wider from the middle to both rims.
 void draw_gratings(QPainter& painter) {
-    const QRectF area = band(8, 10);
+    const QRectF area = band(field_end, 11);
     painter.fillRect(area, QColor("#f4f5f6"));
     qreal distance = -1;
     for (const int width : {2, 3, 4, 6, 9}) {
@@ -124,26 +119,17 @@ void draw_gratings(QPainter& painter) {
     }
 }
 
-void draw_centre_cross(QPainter& painter) {
-    const QRectF area = band(7, 8);
-    painter.fillRect(area, QColor("#101214"));
-    painter.setPen(QPen(QColor("#f4f5f6"), 2));
-    painter.drawLine(QLineF(area.left(), centre.y(), area.right(), centre.y()));
-    for (int column = 3; column < columns - 2; ++column)
-        painter.drawLine(QLineF(column * square, area.top(), column * square, area.bottom()));
-}
-
 void draw_name(QPainter& painter) {
-    const QRectF area = band(2.5, 4);
+    const QRectF area = band(2, 3.25);
     painter.fillRect(area, QColor("#101214"));
     painter.setPen(QColor("#f4f5f6"));
-    draw_spread_text(painter, "LOOKFAR", area.adjusted(78, 0, -78, 0), 28);
+    draw_spread_text(painter, "LOOKFAR", area.adjusted(84, 0, -84, 0), 28);
 }
 
 void draw_caps(QPainter& painter) {
-    painter.fillRect(band(1, 2.5), QColor("#f4f5f6"));
+    painter.fillRect(band(1, 2), QColor("#f4f5f6"));
     const std::vector<QColor> colours = {"#e8b31c", "#d8502c", "#e8b31c"};
-    fill_in_steps(painter, band(11.5, 14), colours);
+    fill_in_steps(painter, band(12.25, 14), colours);
 }
 
 void draw_circle(QPainter& painter) {
@@ -154,13 +140,22 @@ void draw_circle(QPainter& painter) {
     draw_caps(painter);
     draw_name(painter);
     draw_colour_bars(painter);
-    draw_centre_cross(painter);
     draw_gratings(painter);
     draw_grey_steps(painter);
     painter.restore();
     painter.setPen(QPen(QColor("#f4f5f6"), 3));
     painter.setBrush(Qt::NoBrush);
     painter.drawPath(circle);
+}
+
+/// The error's two lines stand on it, whatever the shape of the screen that the card is stretched
+/// over. It reaches from edge to edge, since a long line does.
+void draw_field(QPainter& painter) {
+    const QRectF field(0, field_top * square, card.width(), (field_end - field_top) * square);
+    painter.fillRect(field, QColor("#f4f5f6"));
+    painter.setPen(QPen(QColor("#101214"), 3));
+    painter.drawLine(field.topLeft(), field.topRight());
+    painter.drawLine(field.bottomLeft(), field.bottomRight());
 }
 
 } // namespace
@@ -170,11 +165,11 @@ QImage draw_test_card() {
     image.fill(QColor("#7d8288"));
     QPainter painter(&image);
     draw_grid(painter);
-    draw_side_bars(painter);
     draw_frame(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     draw_corner_marks(painter);
     draw_circle(painter);
+    draw_field(painter);
     return image;
 }
 

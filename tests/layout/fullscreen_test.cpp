@@ -1,8 +1,10 @@
 #include "support/started.h"
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <set>
+#include <string>
 
 namespace lookfar::testing {
 namespace {
@@ -23,6 +25,18 @@ struct Fullscreen : Started<2> {
         EXPECT_EQ(Form2->Line1.Visible, is_open);
         EXPECT_TRUE(Form2->Command1.Visible && Form2->Combo1.Visible);
         EXPECT_TRUE(Form2->Shape1.Visible && Form2->Shape2.Visible);
+    }
+    /// Of the rows of the test card that a label stands on. There is some room around it, since a
+    /// desktop's letters are higher than the scripted ones.
+    int darkest_byte_behind(const Label& label) {
+        constexpr float room = 150;
+        const Picture& card = *Form2->TestBild.Picture.get();
+        const float rows_per_twip = static_cast<float>(card.height()) / Form2->Height;
+        const auto first = static_cast<std::size_t>((label.Top - room) * rows_per_twip);
+        const auto last =
+            static_cast<std::size_t>((label.Top + label.Height + room) * rows_per_twip);
+        const auto stride = static_cast<std::size_t>(card.stride());
+        return std::ranges::min(card.bytes().subspan(first * stride, (last + 1 - first) * stride));
     }
     void expect_arrow(Colour text, Colour ground) {
         EXPECT_EQ(Form2->Command1.ForeColor, text);
@@ -91,6 +105,26 @@ TEST_F(Fullscreen, CentresTheErrorLinesWithTheSizeOfTheirCaptions) {
     enter();
     EXPECT_EQ(Form2->Label2.bounds(), (Bounds{6277.5F, 4912.5F, 2805, 765}));
     EXPECT_EQ(Form2->Label3.bounds(), (Bounds{6847.5F, 5827.5F, 1665, 345}));
+}
+
+TEST_F(Fullscreen, ShowsAnErrorOnALightAndQuietFieldOfTheTestCardOnEveryScreen) {
+    const Failure failure(7, "Failed to connect to 127.0.0.1 port 8194 after 0 ms: No connection");
+    for (const auto& [width, height] :
+         {Size{800, 600}, Size{1024, 768}, Size{1280, 720}, Size{1280, 800}, Size{1920, 1080},
+          Size{2560, 1080}, Size{3840, 2160}, Size{720, 1280}, Size{1080, 1920}}) {
+        platform.metrics.size = {width * twips_per_pixel, height * twips_per_pixel};
+        enter();
+        refresh_with(failure);
+        // The lines stand where the last texts were centred until the window is entered again.
+        for (int entry = 0; entry < 2; ++entry) {
+            for (const Label* label : {&Form2->Label2, &Form2->Label3})
+                EXPECT_GE(darkest_byte_behind(*label), 230) << label->Caption.get() << height;
+            leave();
+            enter();
+        }
+        leave();
+        refresh_with(picture_file(16, 16));
+    }
 }
 
 TEST_F(Fullscreen, OpensAndClosesThePanelOnTheArrowAndFindsItAsItWasLeft) {
