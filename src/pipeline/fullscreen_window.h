@@ -61,7 +61,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
                   .Sizing = LabelSizing::to_caption_in_window,
-                  .HasHalo = true,
+                  .HasRim = true,
                   .Announcement = Announcement::polite}};
     // Title banner: strip behind the status line.
     Shape Shape6{*this,
@@ -94,7 +94,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = 0x000000C0,
                   .Font = {.Name = "Arial", .Size = 14.25F, .Bold = true, .Italic = true},
                   .Sizing = LabelSizing::to_caption_in_window,
-                  .HasHalo = true,
+                  .HasRim = true,
                   .Announcement = Announcement::assertive}};
     // Blinking error number.
     Label Label2{*this,
@@ -106,7 +106,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
                   .Sizing = LabelSizing::to_caption_in_window,
-                  .HasHalo = true}};
+                  .HasRim = true}};
     // State cell: title of the camera that the last refresh looked up.
     Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false}};
     // Control panel: line along the bar.
@@ -119,7 +119,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 20.25F, .Italic = true},
                   .Sizing = LabelSizing::to_caption_in_window,
-                  .HasHalo = true}};
+                  .HasRim = true}};
     // Control panel: bar.
     Shape Shape2{*this,
                  {.At = {4800, -120, 4215, 615},

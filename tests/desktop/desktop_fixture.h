@@ -99,4 +99,13 @@ inline QRect lit_rectangle(const QImage& image) {
     return lit;
 }
 
+/// How many pixels have exactly that colour.
+inline int count_of(const QColor& colour, const QImage& image) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == colour ? 1 : 0;
+    return count;
+}
+
 } // namespace lookfar::desktop

@@ -4,6 +4,7 @@
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
 #include "desktop/style/glyphs.h"
+#include "desktop/style/rimmed_text.h"
 #include "desktop/style/texts.h"
 #include "desktop/style/wrapped_text.h"
 #include "runtime/controls/images.h"
@@ -81,10 +82,15 @@ void ControlPainter::draw_caption(const Label& label, const QRect& box) {
     }
     const PainterState state(painter_);
     painter_.setFont(screen_font(label.Font));
-    if (label.HasHalo)
-        draw_halo(label, box, caption);
+    const auto draw_at = [&](const QPoint& offset) {
+        draw_text(label, box.translated(offset), caption);
+    };
+    if (label.HasRim) {
+        draw_rimmed(painter_, colour, draw_at);
+        return;
+    }
     painter_.setPen(colour);
-    draw_text(label, box, caption);
+    draw_at({});
 }
 
 /// The colours of a link are meant for a light ground, and the window's may be dark.
@@ -103,16 +109,6 @@ void ControlPainter::draw_text(const Label& label, const QRect& box, const QStri
     const PainterState state(painter_);
     painter_.setClipRect(box, Qt::IntersectClip);
     WrappedText(text, painter_.font(), alignment, box.width()).draw(painter_, box.topLeft());
-}
-
-/// The text in a light colour, moved by a pixel to every side.
-void ControlPainter::draw_halo(const Label& label, const QRect& box, const QString& text) {
-    constexpr int opacity = 110;
-    painter_.setPen(QColor(255, 255, 255, opacity));
-    for (const int right : {-1, 0, 1})
-        for (const int down : {-1, 0, 1})
-            if (right != 0 || down != 0)
-                draw_text(label, box.translated(right, down), text);
 }
 
 void ControlPainter::visit(Image& image) {

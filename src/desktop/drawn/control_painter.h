@@ -34,7 +34,6 @@ class ControlPainter : public DrawnControlVisitor {
     void draw_caption(const Label& label, const QRect& box);
     QColor caption_colour(const Label& label) const;
     void draw_text(const Label& label, const QRect& box, const QString& text);
-    void draw_halo(const Label& label, const QRect& box, const QString& text);
     void draw_rectangle(const Shape& shape);
     void draw_ellipse(const Shape& shape);
     void draw_picture(const Control& control, const PictureReference& picture, const QRect& target);

@@ -13,7 +13,7 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// Whole pixels, with one more around for smooth edges, halos and the overhang of slanted
+/// Whole pixels, with one more around for smooth edges, rims and the overhang of slanted
 /// letters.
 QRect painted_area(const DrawnControl& drawn) {
     return drawn.area.toAlignedRect().adjusted(-1, -1, 1, 1);

@@ -2,6 +2,7 @@
 
 #include <QPalette>
 
+#include <algorithm>
 #include <cmath>
 
 namespace lookfar::desktop {
@@ -36,11 +37,6 @@ double luminance(const QColor& colour) {
            0.0722 * linear(colour.blueF());
 }
 
-/// By the same guidelines: 1 for equal colours, 21 for black on white.
-double contrast(const QColor& lighter, const QColor& darker) {
-    return (luminance(lighter) + 0.05) / (luminance(darker) + 0.05);
-}
-
 } // namespace
 
 short bits_per_pixel(int colour_bits) {
@@ -54,6 +50,15 @@ QColor screen_colour(Colour value, const QPalette& palette) {
     if ((value & system_colour_bit) != 0)
         return palette.color(role_of(value));
     return {channel(value, 0), channel(value, 8), channel(value, 16)};
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor rim_colour(const QColor& text) {
+    return contrast(text, Qt::white) > contrast(text, Qt::black) ? Qt::white : Qt::black;
 }
 
 QColor readable_on(const QColor& ground, const QColor& colour) {

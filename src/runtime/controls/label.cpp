@@ -20,7 +20,7 @@ Label::Label(Form& owner, const LabelDesign& design)
       Border(design.Border),
       Font(design.Font),
       Sizing(design.Sizing),
-      HasHalo(design.HasHalo),
+      HasRim(design.HasRim),
       TabIndex(design.TabIndex),
       ToolTipText(design.ToolTipText),
       Role(design.Role),

@@ -35,8 +35,8 @@ struct LabelDesign {
     Colour ForeColor = colour::button_text;
     lookfar::Font Font = {};
     LabelSizing Sizing = LabelSizing::as_designed;
-    /// Whether a thin light rim sets the text off from whatever picture lies behind it.
-    bool HasHalo = false;
+    /// Whether a thin rim, light or dark, sets the text off from whatever lies behind it.
+    bool HasRim = false;
     int TabIndex = 0;
     std::string ToolTipText = {};
     LabelRole Role = LabelRole::text;
@@ -64,7 +64,7 @@ class Label : public BoxControl, public MouseEvents {
     const LabelBorder Border;
     const lookfar::Font Font;
     const LabelSizing Sizing;
-    const bool HasHalo;
+    const bool HasRim;
     const int TabIndex;
     const std::string ToolTipText;
     const LabelRole Role;

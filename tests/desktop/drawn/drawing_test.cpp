@@ -8,6 +8,7 @@
 #include "support/pictures.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace lookfar::desktop {
@@ -203,6 +204,24 @@ TEST_F(DrawingTest, ALinkCanBeReadOnALightAndOnADarkGround) {
     };
     EXPECT_EQ(bluest_of(QColor(240, 240, 240)), QColor(0, 0, 128));
     EXPECT_GT(bluest_of(QColor(40, 40, 40)).lightness(), 150);
+}
+
+TEST_F(DrawingTest, ADarkTextIsSetOffByALightRimAndALightTextByADarkOne) {
+    using Case = std::tuple<Colour, Colour, QColor>;
+    for (const auto& [text, ground, rim] :
+         {Case(colour::black, 0x00C00000, Qt::white), Case(colour::black, 0x00808080, Qt::white),
+          Case(0x000000C0, 0x00202020, Qt::white), Case(colour::white, 0x0000C0C0, Qt::black),
+          Case(0x0000FFFF, colour::white, Qt::black)}) {
+        Form form(runtime, {.Client = {3000, 1500}, .BackColor = ground});
+        const Label label(form, {.Caption = "Rim",
+                                 .At = {150, 150, 2700, 1200},
+                                 .Back = BackStyle::transparent,
+                                 .ForeColor = text,
+                                 .Font = {.Name = "Arial", .Size = 12, .Bold = true},
+                                 .HasRim = true});
+        show(form);
+        EXPECT_GT(count_of(rim, pixels(form)), 60) << std::hex << text;
+    }
 }
 
 TEST(ScreenDepth, IsThatOfWholePixels) {
