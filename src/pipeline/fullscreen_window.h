@@ -37,6 +37,7 @@ class FullscreenWindow : public Form {
                      .BackColor = 0x000000C0,
                      .ForeColor = colour::white,
                      .Font = {.Name = "Arial", .Bold = true},
+                     .IsFlat = true,
                      .AccessibleName = "Camera"}};
     // The current picture, the one that the filter changes.
     PictureBox Picture1{*this, {.At = {720, 120, 375, 375}, .Visible = false}};

@@ -1,6 +1,7 @@
 #include "desktop/native/native_lists.h"
 
 #include "desktop/input/user_actions.h"
+#include "desktop/native/drop_down.h"
 #include "desktop/native/list_model.h"
 #include "desktop/native/list_view.h"
 #include "desktop/native/owned_by_qt.h"
@@ -11,7 +12,6 @@
 
 #include <QComboBox>
 #include <QLabel>
-#include <QListView>
 
 #include <utility>
 
@@ -61,15 +61,11 @@ void synchronise_list_box(ListView& view, ListModel& model, const ListBox& contr
 } // namespace
 
 NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& window) {
-    QComboBox& box = *owned_by_qt<QComboBox>(&window);
+    QComboBox& box =
+        control.IsFlat ? *owned_by_qt<FlatDropDown>(window) : *owned_by_qt<DropDown>(window);
     TiedWidget<QWidget> widget(box);
     ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &box);
-    QListView& list = *owned_by_qt<QListView>();
-    list.setUniformItemSizes(true);
-    box.setView(&list);
     box.setModel(&model);
-    // Without this the box measures every entry.
-    box.setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box.setFont(screen_font(control.Font));
     add_hidden_label(box, shown_text(control.AccessibleName));
     QObject::connect(&box, &QComboBox::activated, widget.tie(),

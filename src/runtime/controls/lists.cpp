@@ -69,6 +69,7 @@ ComboBox::ComboBox(Form& owner, const ComboBoxDesign& design)
       BackColor(*this, design.BackColor),
       ForeColor(design.ForeColor),
       Font(design.Font),
+      IsFlat(design.IsFlat),
       TabIndex(design.TabIndex),
       AccessibleName(design.AccessibleName) {}
 

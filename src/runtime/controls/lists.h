@@ -69,6 +69,9 @@ struct ComboBoxDesign {
     Colour BackColor = colour::window_background;
     Colour ForeColor = colour::window_text;
     lookfar::Font Font = {};
+    /// Whether the box and its list are painted flat in the colours that they have, whatever the
+    /// look of the desktop, with a thin rim that sets their texts off.
+    bool IsFlat = false;
     int TabIndex = 0;
     std::string AccessibleName = {};
 };
@@ -83,6 +86,7 @@ class ComboBox : public ListControl {
     Property<Colour> BackColor;
     const Colour ForeColor;
     const lookfar::Font Font;
+    const bool IsFlat;
     const int TabIndex;
     const std::string AccessibleName;
 };

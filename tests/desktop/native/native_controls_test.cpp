@@ -33,10 +33,22 @@ class NativeControlsTest : public DesktopTest {
         show(form);
     }
 
+    QImage image_of(ComboBox& box, short selected) {
+        box.ListIndex = selected;
+        let_loop_come_round();
+        return widget(box).grab().toImage();
+    }
+
     Form form{runtime, {.Caption = "Test", .Client = {6000, 5000}}};
     CheckBox Check1{form, {.Caption = "&Tick me", .At = {100, 1500, 2000, 300}}};
     UpDown UpDown1{form, {.At = {100, 2000, 300, 300}, .Value = 9, .Min = 1, .Max = 10}};
     ComboBox Combo1{form, {.At = {100, 2500, 2000, 315}, .AccessibleName = "Camera"}};
+    ComboBox Flat{form,
+                  {.At = {100, 3000, 2000, 315},
+                   .BackColor = 0x0000C0C0,
+                   .ForeColor = colour::white,
+                   .Font = {.Name = "Arial", .Bold = true},
+                   .IsFlat = true}};
     ListBox List1{form, {.At = {3000, 100, 2000, 1500}}};
     TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3}};
     TextBox Text2{form, {.At = {100, 400, 1500, 300}}};
@@ -242,6 +254,41 @@ TEST_F(NativeControlsTest, ALongStatusTextIsCutAndWholeInItsTooltip) {
     auto& label = widget<QLabel>(StatusBar1);
     EXPECT_LT(label.fontMetrics().horizontalAdvance(label.text()), label.width());
     EXPECT_TRUE(label.toolTip().contains(QString::fromStdString(text)));
+}
+
+TEST_F(NativeControlsTest, ATextThatIsCutEndsInAnEllipsisInADropDownList) {
+    constexpr QRect above_the_dots(100, 4, 8, 6);
+    for (ComboBox* const box : {&Combo1, &Flat}) {
+        box->AddItem("a wide and deep and high and long and broad one");
+        const QImage blank = image_of(*box, -1);
+        const QImage image = image_of(*box, static_cast<short>(box->ListCount() - 1));
+        EXPECT_NE(image, blank);
+        EXPECT_EQ(image.copy(above_the_dots), blank.copy(above_the_dots));
+    }
+}
+
+TEST_F(NativeControlsTest, AFlatDropDownListHasItsOwnGroundAndARimAroundItsTexts) {
+    constexpr QColor ground(192, 192, 0);
+    for (int entry = 0; entry < 2; ++entry)
+        Flat.AddItem("a wide and deep and high and long and broad one");
+    auto& box = widget<QComboBox>(Flat);
+    widget(Text1).setFocus();
+    const QImage closed = image_of(Flat, 0);
+    box.setFocus();
+    EXPECT_GT(count_of(Qt::white, image_of(Flat, 0)), count_of(Qt::white, closed) + 200);
+    box.showPopup();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(box.view()->window()));
+    const auto entry = [&](int row) {
+        const QRect place = box.view()->visualRect(box.model()->index(row, 0));
+        return box.view()->viewport()->grab(place).toImage();
+    };
+    for (const QImage& image : {closed, entry(1)}) {
+        EXPECT_LE(image.width(), closed.width());
+        EXPECT_GT(count_of(ground, image), image.width() * image.height() / 3);
+        EXPECT_GT(count_of(Qt::white, image), 30);
+        EXPECT_GT(count_of(Qt::black, image), count_of(Qt::white, image));
+    }
+    EXPECT_EQ(count_of(ground, entry(0)), 0) << "the current one";
 }
 
 } // namespace
