@@ -27,8 +27,13 @@ void StatusText::synchronise(const StatusBar& control) {
 
 void StatusText::show_text(const QString& text) {
     const int room = contentsRect().width() - 2 * text_indent;
-    setText(fontMetrics().elidedText(text, Qt::ElideRight, room));
-    setToolTip(text.isEmpty() ? text : Qt::convertFromPlainText(text));
+    const QString shown = fontMetrics().elidedText(text, Qt::ElideRight, room);
+    setText(shown);
+    // Markup, lest a title that looks like some be taken for it. Assistive technology would read a
+    // tooltip as the description where there is no other.
+    const bool is_cut = shown != text;
+    setToolTip(is_cut ? Qt::convertFromPlainText(text) : QString());
+    setAccessibleDescription(is_cut ? text : QString());
     setAccessibleName(text);
 }
 

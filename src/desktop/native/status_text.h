@@ -7,8 +7,8 @@
 
 namespace lookfar::desktop {
 
-/// A text in a sunken bar, cut at its width with an ellipsis. The tooltip and the accessible name
-/// are the whole text.
+/// A text in a sunken bar, cut at its width with an ellipsis; the tooltip is then the whole text.
+/// The accessible name always is.
 class StatusText : public QLabel {
   public:
     explicit StatusText(QWidget& window);

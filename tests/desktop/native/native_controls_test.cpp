@@ -247,13 +247,19 @@ TEST_F(NativeControlsTest, APressOnAWidgetIsNoneOnTheWindow) {
     EXPECT_EQ(presses, 0);
 }
 
-TEST_F(NativeControlsTest, ALongStatusTextIsCutAndWholeInItsTooltip) {
-    const std::string text(60, 'w');
-    StatusBar1.Text = text;
-    let_loop_come_round();
+TEST_F(NativeControlsTest, AStatusTextIsWholeInTooltipAndDescriptionWhereItIsCut) {
     auto& label = widget<QLabel>(StatusBar1);
-    EXPECT_LT(label.fontMetrics().horizontalAdvance(label.text()), label.width());
-    EXPECT_TRUE(label.toolTip().contains(QString::fromStdString(text)));
+    const QString text = "<b>&amp;";
+    const QString too_long = text + QString(60, 'w');
+    for (const QString& whole : {too_long, text}) {
+        StatusBar1.Text = whole.toStdString();
+        let_loop_come_round();
+        EXPECT_LT(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+        const QString told = whole == too_long ? whole : QString();
+        EXPECT_EQ(label.toolTip(), told.isEmpty() ? told : Qt::convertFromPlainText(told));
+        const auto* const readable = QAccessible::queryAccessibleInterface(&label);
+        EXPECT_EQ(readable->text(QAccessible::Description), told);
+    }
 }
 
 TEST_F(NativeControlsTest, ATextThatIsCutEndsInAnEllipsisInADropDownList) {
