@@ -47,6 +47,7 @@ class DesktopPlatform : public Platform {
     void forget(Element& element) override;
     void bring_forward(Form& form) override;
     void set_focus(Control& control) override;
+    void show_hint(Control& control, const std::string& text) override;
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,
                    std::optional<float> wrap_width) const override;

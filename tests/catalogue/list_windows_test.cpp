@@ -228,6 +228,8 @@ TEST_F(ListWindows, LeaveTheEditorByItsTwoButtonsOnly) {
     Form4->Text1.Text = "";
     save("", "http://new.example/");
     EXPECT_TRUE(Form4->Visible) << "without a title there is nothing to save";
+    EXPECT_EQ(platform.hints,
+              (decltype(platform.hints){{&Form4->Text1, "A camera needs a title."}}));
     Form4->Command2.Click.raise();
     EXPECT_FALSE(Form4->Visible);
     EXPECT_EQ(content_of("Cams.inf"), list);

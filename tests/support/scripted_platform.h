@@ -10,6 +10,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -64,6 +65,7 @@ class ScriptedPlatform : public Platform {
     std::vector<const Form*> brought_forward;
     std::set<const Element*> changed_elements;
     const Control* focus = nullptr;
+    std::vector<std::pair<const Control*, std::string>> hints;
     /// How often the wake handler was called.
     int wake_ups = 0;
 
@@ -90,6 +92,9 @@ class ScriptedPlatform : public Platform {
     void forget(Element& element) override { changed_elements.erase(&element); }
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }
     void set_focus(Control& control) override { focus = &control; }
+    void show_hint(Control& control, const std::string& text) override {
+        hints.emplace_back(&control, text);
+    }
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,
                    std::optional<float> wrap_width) const override;

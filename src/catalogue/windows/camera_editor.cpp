@@ -39,8 +39,10 @@ CameraEditor::CameraEditor(Program& program)
 void CameraEditor::Command1_Click() {
     attempt([this] { Text1.SetFocus(); });
     // A blank title line would break the file's pairs.
-    if (Text1.Text == "")
+    if (Text1.Text == "") {
+        Text1.ShowHint("A camera needs a title.");
         return;
+    }
     try {
         if (catalogue::save_camera(runtime.files(), what_is_saved()) ==
             catalogue::SaveOutcome::refused)

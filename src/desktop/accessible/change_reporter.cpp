@@ -2,6 +2,7 @@
 
 #include "desktop/accessible/announcement.h"
 #include "desktop/accessible/window_interface.h"
+#include "desktop/native/hint.h"
 #include "desktop/native/status_text.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
@@ -35,6 +36,10 @@ void ChangeReporter::control_shown(WindowView& window, Control& control) {
         report_status_text(*status_text, control);
     else if (QAccessible::isActive())
         report_drawn_control(window, control);
+}
+
+void ChangeReporter::hint_shown(Hint& hint) {
+    announce(*QAccessible::queryAccessibleInterface(&hint), hint.text(), Announcement::assertive);
 }
 
 void ChangeReporter::report_drawn_control(WindowView& window, Control& control) {

@@ -11,10 +11,11 @@ namespace lookfar::desktop {
 class StatusText;
 
 /// Tells assistive technology of changes in the labels and pictures that windows draw themselves.
-/// Announces new texts of labels that ask for it, and of the status bar.
+/// Announces new texts of labels that ask for it, and of the status bar, and hints.
 class ChangeReporter : public WindowObserver {
   public:
     void control_shown(WindowView& window, Control& control) override;
+    void hint_shown(Hint& hint) override;
     void element_forgotten(const Element& element) override { reported_.erase(&element); }
 
   private:

@@ -7,6 +7,7 @@ class Element;
 
 namespace lookfar::desktop {
 
+class Hint;
 class WindowView;
 
 /// Is told what becomes of the controls of all windows.
@@ -16,6 +17,8 @@ class WindowObserver {
 
     /// The window, which is visible or about to be shown, has taken over what the control says.
     virtual void control_shown(WindowView& window, Control& control) = 0;
+    /// A hint has come up.
+    virtual void hint_shown(Hint& hint) = 0;
     /// The element is about to go.
     virtual void element_forgotten(const Element& element) = 0;
 };

@@ -1,5 +1,7 @@
 #include "desktop/window/window_view.h"
 
+#include "desktop/native/hint.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/popup_menus.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"
@@ -106,6 +108,13 @@ void WindowView::release() {
     form_ = nullptr;
     menu_.reset();
     natives_.clear();
+}
+
+void WindowView::show_hint(const Control& control, const QString& text) {
+    QWidget* const widget = natives_.widget_of(control);
+    if (!widget)
+        return;
+    windows_.observer().hint_shown(*owned_by_qt<Hint>(text, *widget, *this));
 }
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {

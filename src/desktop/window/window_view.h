@@ -55,6 +55,8 @@ class WindowView : public QWidget {
 
     /// Gives the keyboard to a control, now or when the window comes up.
     void set_focus(const Control& control) { natives_.set_focus(control); }
+    /// Shows a text below a native control until its user goes on, and tells of it.
+    void show_hint(const Control& control, const QString& text);
     /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere.
     void pop_up(const PopupMenu& menu, const MenuItem* default_entry);
 

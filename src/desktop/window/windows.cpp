@@ -1,6 +1,7 @@
 #include "desktop/window/windows.h"
 
 #include "desktop/native/owned_by_qt.h"
+#include "desktop/style/texts.h"
 #include "desktop/window/window_observer.h"
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
@@ -113,6 +114,12 @@ void Windows::set_focus(Control& control) {
     synchronise();
     if (WindowView* const view = view_of(control.form))
         view->set_focus(control);
+}
+
+void Windows::show_hint(Control& control, const std::string& text) {
+    synchronise();
+    if (WindowView* const view = view_of(control.form))
+        view->show_hint(control, shown_text(text));
 }
 
 void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {

@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QObject>
 
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -52,6 +53,7 @@ class Windows {
 
     void bring_forward(Form& form);
     void set_focus(Control& control);
+    void show_hint(Control& control, const std::string& text);
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry);
 
     /// The screen on which the main window stands, or stood when it was hidden; the primary one as

@@ -83,6 +83,23 @@ TEST_F(CameraList, GetsACameraThatIsTypedOnTheKeyboard) {
     EXPECT_TRUE(comes_to_show(picture(), colour::green));
 }
 
+TEST_F(CameraList, TellsThatACameraNeedsATitleUntilOneIsTyped) {
+    constexpr const char* hint = "A camera needs a title.";
+    const std::string label = std::string("label '") + hint;
+    open_editor("Add...");
+    hands.press(Key::enter);
+    EXPECT_TRUE(comes_to_read(title::editor, label));
+    EXPECT_TRUE(comes_true([&] { return reader.was_told(hint, Politeness::interrupts); }));
+    hands.press(Key::tab);
+    EXPECT_TRUE(stops_reading(title::editor, label));
+    click(title::editor, "push button 'Ok'");
+    EXPECT_TRUE(comes_to_read(title::editor, label));
+    hands.type("x");
+    EXPECT_TRUE(stops_reading(title::editor, label));
+    click(title::editor, "push button 'Cancel'");
+    EXPECT_TRUE(goes(title::editor));
+}
+
 TEST_F(CameraList, StaysAsItIsWhenTheEditorIsCancelled) {
     const std::string before = file();
     pick("Tower");
