@@ -23,6 +23,8 @@ constexpr const char* all_else = ",multipart/x-mixed-replace;q=0.5,*/*;q=0.1";
 constexpr const char* no_proxy = "";
 /// The library's word for those that it unpacks.
 constexpr const char* all_encodings = "";
+/// Eight times what the library takes at once by itself.
+constexpr long most_bytes_at_once = 131072;
 
 /// The library ends a transfer with the same number where a single header line is too long for it.
 Failure header_too_large() {
@@ -134,6 +136,7 @@ void CurlExchange::set_limits() {
 
 void CurlExchange::set_receiver() {
     set(CURLOPT_ERRORBUFFER, error_text_.data());
+    set(CURLOPT_BUFFERSIZE, most_bytes_at_once);
     set(CURLOPT_HEADERFUNCTION, &CurlExchange::receive_header);
     set(CURLOPT_HEADERDATA, this);
     set(CURLOPT_WRITEFUNCTION, &CurlExchange::receive_body);

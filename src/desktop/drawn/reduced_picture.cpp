@@ -3,6 +3,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -11,13 +13,17 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// Up to this factor the sums over a square fit into their types, and the rounding of the
-/// reciprocal moves an average by less than a half.
-constexpr int largest_factor = 16;
+/// From this factor on a pixel may begin and end with a whole pixel of the picture: it lies by an
+/// eighth of its length at most beside its place.
+constexpr int least_coarse_factor = 4;
+
+/// Up to this factor the sums of a column's bytes fit into their type.
+constexpr int largest_factor = 256;
+
+using ColumnSums = std::vector<std::uint16_t>;
 
 /// Adds up, column by column, the bytes of some rows of the picture.
-void add_rows(std::span<const std::uint8_t> rows, std::size_t stride,
-              std::vector<std::uint16_t>& sums) {
+void add_rows(std::span<const std::uint8_t> rows, std::size_t stride, ColumnSums& sums) {
     std::ranges::fill(sums, std::uint16_t{0});
     for (; !rows.empty(); rows = rows.subspan(stride))
         for (std::size_t index = 0; index < sums.size(); ++index)
@@ -27,28 +33,44 @@ void add_rows(std::span<const std::uint8_t> rows, std::size_t stride,
 /// Multiplies by the reciprocal, which is quicker than to divide every colour of every pixel.
 class Average {
   public:
-    explicit Average(unsigned count) : share_((one + count / 2) / count) {}
+    explicit Average(int count) : share_((one + count / 2) / count) {}
 
-    int of(unsigned sum) const { return static_cast<int>((sum * share_ + one / 2) / one); }
+    int of(std::int64_t sum) const { return static_cast<int>((sum * share_ + one / 2) / one); }
 
   private:
-    static constexpr unsigned one = 65536;
-    unsigned share_;
+    static constexpr std::int64_t one = std::int64_t{1} << 32U;
+    std::int64_t share_;
 };
 
-void average_columns(std::span<const std::uint16_t> sums, unsigned factor, std::span<QRgb> pixels) {
-    const Average average(factor * factor);
-    auto sum = sums.begin();
-    for (QRgb& pixel : pixels) {
-        unsigned red = 0;
-        unsigned green = 0;
-        unsigned blue = 0;
-        for (unsigned column = 0; column < factor; ++column, sum += bytes_per_pixel) {
-            red += sum[0];
-            green += sum[1];
-            blue += sum[2];
-        }
-        pixel = qRgb(average.of(red), average.of(green), average.of(blue));
+/// Where each of some pixels begins, in whole pixels of the picture, and where the last one ends.
+std::vector<int> places(int pixels, int pictures_pixels) {
+    std::vector<int> places;
+    for (long long pixel = 0; pixel <= pixels; ++pixel)
+        places.push_back(static_cast<int>(pixel * pictures_pixels / pixels));
+    return places;
+}
+
+QRgb average_colour(const std::uint16_t* sum, int columns, const Average& average) {
+    unsigned red = 0;
+    unsigned green = 0;
+    unsigned blue = 0;
+    for (int column = 0; column < columns; ++column, sum += bytes_per_pixel) {
+        red += sum[0];
+        green += sum[1];
+        blue += sum[2];
+    }
+    return qRgb(average.of(red), average.of(green), average.of(blue));
+}
+
+void average_columns(const ColumnSums& sums, const std::vector<int>& places, int rows,
+                     std::span<QRgb> pixels) {
+    const auto fewest = static_cast<int>(sums.size() / bytes_per_pixel / pixels.size());
+    const std::array averages{Average(rows * fewest), Average(rows * (fewest + 1))};
+    for (std::size_t index = 0; index < pixels.size(); ++index) {
+        const int columns = places[index + 1] - places[index];
+        pixels[index] =
+            average_colour(sums.data() + std::ptrdiff_t{places[index]} * bytes_per_pixel, columns,
+                           columns == fewest ? averages.front() : averages.back());
     }
 }
 
@@ -56,11 +78,16 @@ std::span<QRgb> pixels_of_row(QImage& image, int row) {
     return {reinterpret_cast<QRgb*>(image.scanLine(row)), static_cast<std::size_t>(image.width())};
 }
 
-} // namespace
+/// Whether squares of whole pixels make each pixel of the size.
+bool can_be_reduced_to(const QSize& size, const QSize& picture) {
+    const int factor = std::min(picture.width() / size.width(), picture.height() / size.height());
+    const int longest = std::max(picture.width() / size.width(), picture.height() / size.height());
+    const bool is_exact = size * factor == picture;
+    return longest < largest_factor && (factor >= least_coarse_factor || (is_exact && factor > 1));
+}
 
-int reduction_for(const Picture& picture, const QSize& size) {
-    if (size.isEmpty())
-        return 1;
+/// The largest factor that divides both sides of the picture and leaves it as large as the size.
+int dividing_factor(const QSize& size, const QSize& picture) {
     int factor = std::min(
         {picture.width() / size.width(), picture.height() / size.height(), largest_factor});
     while (factor > 1 && (picture.width() % factor != 0 || picture.height() % factor != 0))
@@ -68,26 +95,39 @@ int reduction_for(const Picture& picture, const QSize& size) {
     return std::max(factor, 1);
 }
 
+} // namespace
+
 QImage wrapped(const Picture& picture) {
     return {picture.bytes().data(), picture.width(), picture.height(), picture.stride(),
             QImage::Format_RGB888};
 }
 
-void reduce(const Picture& picture, int factor, QImage& image) {
-    const QSize size(picture.width() / factor, picture.height() / factor);
+QSize reduced_size(const Picture& picture, const QSize& size) {
+    const QSize natural(picture.width(), picture.height());
+    if (size.isEmpty())
+        return natural;
+    return can_be_reduced_to(size, natural) ? size : natural / dividing_factor(size, natural);
+}
+
+void reduce(const Picture& picture, const QSize& size, QImage& image) {
     if (image.size() != size || image.format() != QImage::Format_RGB32)
         image = QImage(size, QImage::Format_RGB32);
-    if (factor == 1) {
+    if (size == QSize(picture.width(), picture.height())) {
         QPainter(&image).drawImage(QPoint(), wrapped(picture));
         return;
     }
     const auto stride = static_cast<std::size_t>(picture.stride());
-    const std::size_t step = stride * static_cast<std::size_t>(factor);
-    std::vector<std::uint16_t> sums(static_cast<std::size_t>(picture.width()) * bytes_per_pixel);
-    std::span<const std::uint8_t> rows = picture.bytes();
-    for (int row = 0; row < image.height(); ++row, rows = rows.subspan(step)) {
-        add_rows(rows.first(step), stride, sums);
-        average_columns(sums, static_cast<unsigned>(factor), pixels_of_row(image, row));
+    const std::vector<int> rows = places(size.height(), picture.height());
+    const std::vector<int> columns = places(size.width(), picture.width());
+    ColumnSums sums(static_cast<std::size_t>(picture.width()) * bytes_per_pixel);
+    std::span<const std::uint8_t> bytes = picture.bytes();
+    for (int row = 0; row < size.height(); ++row) {
+        const int count =
+            rows[static_cast<std::size_t>(row) + 1] - rows[static_cast<std::size_t>(row)];
+        const std::size_t step = stride * static_cast<std::size_t>(count);
+        add_rows(bytes.first(step), stride, sums);
+        average_columns(sums, columns, count, pixels_of_row(image, row));
+        bytes = bytes.subspan(step);
     }
 }
 

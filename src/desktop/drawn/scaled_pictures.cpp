@@ -34,20 +34,20 @@ const QImage& ScaledPictures::picture_for(const Element& control, const PictureR
     return entry.image;
 }
 
-/// A large picture is reduced before it is scaled: scaling works on four bytes a pixel, and to turn
-/// the whole picture into these takes longer than the scaling itself.
+/// A large picture is reduced before it is scaled: scaling works on four bytes a pixel and on
+/// several threads, and to turn the whole picture into these and to wake the others takes longer
+/// than the scaling itself.
 void ScaledPictures::prepare(Entry& entry) {
     const Picture& picture = *entry.picture;
-    const QSize natural(picture.width(), picture.height());
-    const int factor = reduction_for(picture, entry.size);
+    const QSize reduced = reduced_size(picture, entry.size);
     if (!picture.opacity().empty()) {
         entry.image = smoothly_scaled(with_opacity(picture), entry.size);
-    } else if (natural == entry.size) {
+    } else if (entry.size == QSize(picture.width(), picture.height())) {
         entry.image = wrapped(picture);
-    } else if (natural == entry.size * factor) {
-        reduce(picture, factor, entry.image);
+    } else if (entry.size == reduced) {
+        reduce(picture, reduced, entry.image);
     } else {
-        reduce(picture, factor, entry.reduced);
+        reduce(picture, reduced, entry.reduced);
         entry.image = smoothly_scaled(entry.reduced, entry.size);
     }
 }

@@ -1,7 +1,6 @@
 #include "runtime/controls/inet.h"
 
 #include "runtime/form.h"
-#include "runtime/pictures/picture_formats.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
@@ -63,7 +62,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
         {.url = url,
          .timeout = std::chrono::seconds(RequestTimeout),
          .uses_proxies = AccessType != direct_access,
-         .media_types = readable_media_types(),
+         .media_types = runtime.pictures().media_types(),
          .decode = runtime.pictures().decoder_ahead()},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
     runtime.platform().wait_until([this] { return outcome_.has_value(); });

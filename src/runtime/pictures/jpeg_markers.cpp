@@ -21,10 +21,6 @@ bool has_no_length(std::uint8_t marker) {
            (marker >= first_restart && marker <= start_of_image);
 }
 
-bool starts_jpeg(std::span<const std::uint8_t> bytes) {
-    return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
-}
-
 /// The place of the next marker's prefix, or the end of the bytes. Within the compressed data
 /// only a prefix tells anything, and few bytes are one: the standard search leaps over the rest.
 std::size_t next_prefix(std::span<const std::uint8_t> bytes, std::size_t from) {
@@ -77,6 +73,10 @@ bool has_end_marker(std::span<const std::uint8_t> bytes) {
 }
 
 } // namespace
+
+bool starts_jpeg(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
+}
 
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
     return starts_jpeg(bytes) && !has_end_marker(bytes);

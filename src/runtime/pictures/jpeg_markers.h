@@ -7,6 +7,9 @@
 
 namespace lookfar {
 
+/// Whether the bytes begin as a JPEG does.
+bool starts_jpeg(std::span<const std::uint8_t> bytes);
+
 /// Whether the bytes are a JPEG picture that breaks off before its end marker. Decoders make up the
 /// part that is missing and report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);

@@ -29,10 +29,23 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 
 } // namespace
 
-PictureReference PictureLoader::load(Disk& disk, const std::string& path) const {
-    if (!last_body_ || !begins_with(*disk.open(path, OpenMode::read), last_body_->bytes))
+void PictureLoader::remember(DecodedBodyReference body) {
+    last_body_ = std::move(body);
+    good_state_.reset();
+}
+
+PictureReference PictureLoader::load(Disk& disk, const std::string& path) {
+    if (!last_body_ || !is_good(*disk.open(path, OpenMode::read)))
         throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
     return std::make_shared<Picture>(pixels_or_failure(*last_body_), memory_);
+}
+
+bool PictureLoader::is_good(DiskFile& file) {
+    // Taken before the bytes are read: one that is written meanwhile is read again next time.
+    const FileState state = file.state();
+    if (state != good_state_ && begins_with(file, last_body_->bytes))
+        good_state_ = state;
+    return state == good_state_;
 }
 
 } // namespace lookfar

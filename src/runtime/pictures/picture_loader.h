@@ -2,7 +2,9 @@
 
 #include "runtime/files/disk.h"
 #include "runtime/pictures/decoded_body.h"
+#include "runtime/pictures/picture_formats.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -11,19 +13,26 @@ namespace lookfar {
 /// Makes picture objects of what the last transfer has brought and decoded.
 class PictureLoader {
   public:
+    /// The media types of the pictures that can be decoded, as a list for an Accept header.
+    const std::string& media_types() const { return media_types_; }
     /// Decodes the body of the next answer ahead, on the thread of its transfer.
     BodyDecoder decoder_ahead() const { return body_decoder(memory_, last_body_); }
     /// Keeps the body of an answer in mind, with what was decoded from it.
-    void remember(DecodedBodyReference body) { last_body_ = std::move(body); }
+    void remember(DecodedBodyReference body);
 
     /// A picture object of its own, out of a file that begins with the body kept in mind, whatever
     /// follows there. Throws that body's failure where it is no picture, one of the kind
     /// `file_in_use` where the file begins otherwise, and another one where it can't be read.
-    PictureReference load(Disk& disk, const std::string& path) const;
+    PictureReference load(Disk& disk, const std::string& path);
 
   private:
+    bool is_good(DiskFile& file);
+
+    std::string media_types_ = readable_media_types();
     PixelMemory memory_;
     DecodedBodyReference last_body_;
+    /// In this state a file began with the last body, and need not be read again.
+    std::optional<FileState> good_state_;
 };
 
 } // namespace lookfar

@@ -113,7 +113,7 @@ TEST(Pictures, LoseThePngTextsAndNothingElse) {
     }
 }
 
-PictureReference load(const PictureLoader& loader, const Bytes& file) {
+PictureReference load(PictureLoader& loader, const Bytes& file) {
     const TemporaryFolder folder;
     write_file("picture", {file.begin(), file.end()});
     return loader.load(*make_posix_disk(), "picture");
