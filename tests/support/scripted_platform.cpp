@@ -89,14 +89,17 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
         answer = {.outcome = Failure(timed_out, "Timeout was reached"), .after = request.timeout};
     const auto is_wanted = std::make_shared<bool>(true);
     after(answer.after, [is_wanted, outcome = std::move(answer.outcome),
-                         decode = std::move(request.decode), done = std::move(done)] {
+                         decode = std::move(request.decode), done = std::move(done)]() mutable {
         if (!std::exchange(*is_wanted, false))
             return;
-        if (const auto* const body = std::get_if<Bytes>(&outcome))
-            done(decode(*body, body->empty() ? "The camera's answer holds no bytes."
-                                             : "The camera's answer is not a picture."));
-        else
-            done(std::get<Failure>(outcome));
+        if (const auto* const failure = std::get_if<Failure>(&outcome)) {
+            done(*failure);
+            return;
+        }
+        auto& body = std::get<Bytes>(outcome);
+        const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
+                                                   : "The camera's answer is not a picture.";
+        done(decode(std::move(body), complaint));
     });
     return std::make_unique<ScriptedTransfer>(is_wanted, abandoned_transfers);
 }
