@@ -38,6 +38,7 @@ MainWindow::MainWindow(Program& program)
     LKF_About.Click.connect(this, &MainWindow::LKF_About_Click);
 
     Resize.connect(this, &MainWindow::Form_Resize);
+    ScreenChange.connect(this, &MainWindow::Form_ScreenChange);
     ImagNT1.DblClick.connect(this, &MainWindow::ImagNT1_DblClick);
     Label4.DblClick.connect(this, &MainWindow::Label4_DblClick);
     GoToFull.Click.connect(this, &MainWindow::GoToFull_Click);

@@ -238,6 +238,7 @@ class MainWindow : public Form {
 
     // The switch to the fullscreen window.
     void Form_Resize();
+    void Form_ScreenChange();
     void Ueberpruefen();
     void draw_colour_scheme();
 

@@ -17,6 +17,13 @@ void MainWindow::Form_Resize() {
     draw_colour_scheme();
 }
 
+/// A picture is fitted to the fullscreen window when it is fetched, so that window has its size
+/// before the next entry.
+void MainWindow::Form_ScreenChange() {
+    Form2->Width = runtime.Screen().Width;
+    Form2->Height = runtime.Screen().Height;
+}
+
 void FullscreenWindow::centre_error_lines() {
     Label2.Left = Width / 2 - Label2.Width / 2;
     Label2.Top = Height / 2 - Label2.Height / 2 - (Label3.Height + 120);

@@ -73,6 +73,8 @@ class Form : public Element, public MouseEvents {
 
     Event<> Initialize;
     Event<> Load;
+    /// The user has moved the window to another screen.
+    Event<> ScreenChange;
     Event<> Resize;
     /// With a flag that a handler sets to keep the window, and the reason of the request.
     Event<short&, short> QueryUnload;

@@ -52,8 +52,8 @@ TEST_F(Fullscreen, IsLaidOutFromTheStartAndMovesWithItsEdges) {
     form.Label5.Caption = "";
     // Nothing is clamped, and a layout leaves nothing behind to the next one.
     for (const auto& [x, y] : {Size{42240, 20880}, Size{-15060, -11370}, Size{0, 0}}) {
-        form.Height = 11520 + y;
-        form.Width = 15360 + x;
+        platform.metrics.size = {15360 + x, 11520 + y};
+        Form1->ScreenChange.raise();
         EXPECT_EQ(form.TestBild.bounds(), (Bounds{0, 0, 15360 + x, 11520 + y}));
         EXPECT_EQ(form.Shape3.bounds(), (Bounds{13905 + x, 10185 + y, 1095, 975}));
         EXPECT_EQ(form.Shape4.bounds(), (Bounds{480, 10185 + y, 14050 + x, 555}));

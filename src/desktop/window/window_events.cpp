@@ -73,6 +73,17 @@ void WindowView::moveEvent(QMoveEvent* event) {
         frame_.follow_move();
 }
 
+void WindowView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const auto size = frame_.size_by_screen();
+    if (!size || is_leaving())
+        return;
+    windows_.actions().deliver(*form_, [this, size] {
+        form_->Width = size->Width;
+        form_->Height = size->Height;
+    });
+}
+
 void WindowView::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     coming_up_.stop();

@@ -151,6 +151,14 @@ std::optional<WindowState> WindowFrame::state_by_user() const {
     return window_state_of(window_.windowState());
 }
 
+std::optional<Size> WindowFrame::size_by_screen() const {
+    const QSize size = window_.size();
+    const bool fills_screen = window_.isFullScreen() && size == window_.screen()->size();
+    if (!fills_screen || size == client_size())
+        return std::nullopt;
+    return Size{.Width = to_twips(size.width()), .Height = to_twips(size.height())};
+}
+
 QPoint WindowFrame::position() const {
     return {to_whole_pixels(form_.Left), to_whole_pixels(form_.Top)};
 }

@@ -37,6 +37,9 @@ class WindowFrame {
     void follow_move();
     /// The state that the user has given the window; nothing while it is in the form's state.
     std::optional<WindowState> state_by_user() const;
+    /// The size that a window over the whole screen has got with another screen, or with another
+    /// size of the screen; nothing while it has the form's size.
+    std::optional<Size> size_by_screen() const;
 
   private:
     void take_screen(QScreen& screen);

@@ -10,6 +10,8 @@
 #include "runtime/form.h"
 
 #include <QLineEdit>
+#include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -55,10 +57,21 @@ void WindowView::come_up() {
         synchronise_control(*control);
     if (isVisible())
         return;
+    follow_screen();
     canvas_.prepare(*this);
     coming_up_.start();
     show();
     natives_.restore_focus();
+}
+
+void WindowView::follow_screen() {
+    if (windowHandle())
+        return;
+    createWinId();
+    connect(windowHandle(), &QWindow::screenChanged, this, [this] {
+        if (form_)
+            windows_.actions().deliver(*form_, [this] { form_->ScreenChange.raise(); });
+    });
 }
 
 bool WindowView::is_main_window() const {

@@ -77,6 +77,7 @@ class WindowView : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -86,6 +87,7 @@ class WindowView : public QWidget {
 
   private:
     void come_up();
+    void follow_screen();
     void synchronise_control(Control& control);
     void take_pointer();
     void show_tool_tip(const QPoint& place, const QPointF& point);

@@ -45,10 +45,13 @@ TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
     Form main(runtime, {.Client = {3000, 1500}, .IsMainWindow = true});
     show(main);
     EXPECT_EQ(runtime.Screen().Width, 7500.0F);
+    int changes = 0;
+    main.ScreenChange.connect([&] { ++changes; });
     window(main).move(550, 60);
     ASSERT_TRUE(comes_true([&] { return main.Left == 750.0F && main.Top == 900.0F; }));
     EXPECT_EQ(runtime.Screen().Width, 6000.0F);
     EXPECT_EQ(runtime.Screen().Height, 9000.0F);
+    EXPECT_EQ(changes, 1);
 
     Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
     main.Hide();
