@@ -39,6 +39,8 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);
     coming_up_.callOnTimeout([this] { windows_.synchronise_later(); });
+    update_.setSingleShot(true);
+    update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
 }
 
 void WindowView::synchronise_window() {
@@ -92,14 +94,14 @@ void WindowView::synchronise(Control& control) {
 }
 
 void WindowView::synchronise_control(Control& control) {
-    update(drawn_.synchronise(control));
+    update_soon(drawn_.synchronise(control));
     natives_.synchronise(control);
     windows_.observer().control_shown(*this, control);
 }
 
 void WindowView::take_edited_pictures() {
     if (follows_)
-        update(drawn_.take_edited_pictures());
+        update_soon(drawn_.take_edited_pictures());
 }
 
 void WindowView::take_pointer() {
@@ -110,6 +112,12 @@ void WindowView::take_pointer() {
     setCursor(pointer);
     for (auto* const entry : findChildren<QLineEdit*>())
         entry->setCursor(is_busy ? Qt::WaitCursor : Qt::IBeamCursor);
+}
+
+void WindowView::update_soon(const QRegion& region) {
+    to_update_ += region;
+    if (!to_update_.isEmpty())
+        update_.start();
 }
 
 void WindowView::forget(const Element& element) {

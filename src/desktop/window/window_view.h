@@ -90,6 +90,9 @@ class WindowView : public QWidget {
     void follow_screen();
     void synchronise_control(Control& control);
     void take_pointer();
+    /// Has a region painted again once the message loop has answered what waits for an answer.
+    /// Handlers take long where a picture is large, and so does the painting.
+    void update_soon(const QRegion& region);
     void show_tool_tip(const QPoint& place, const QPointF& point);
 
     /// Nothing once the form is gone.
@@ -105,6 +108,8 @@ class WindowView : public QWidget {
     bool follows_ = false;
     /// Runs from the moment when the window is shown until it is painted.
     QTimer coming_up_;
+    QTimer update_;
+    QRegion to_update_;
 };
 
 } // namespace lookfar::desktop
