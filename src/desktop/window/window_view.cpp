@@ -39,7 +39,10 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);
     coming_up_.callOnTimeout([this] { windows_.synchronise_later(); });
+    // Ticks of a millisecond that the changes ask for come first.
+    constexpr std::chrono::milliseconds behind_the_ticks(3);
     update_.setSingleShot(true);
+    update_.setInterval(behind_the_ticks);
     update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
 }
 

@@ -90,8 +90,9 @@ class WindowView : public QWidget {
     void follow_screen();
     void synchronise_control(Control& control);
     void take_pointer();
-    /// Has a region painted again once the message loop has answered what waits for an answer.
-    /// Handlers take long where a picture is large, and so does the painting.
+    /// Has a region painted again a moment later. The ticks that follow a change come before that,
+    /// and so does what the system asks meanwhile: where a picture is large, handlers take long,
+    /// and the painting too.
     void update_soon(const QRegion& region);
     void show_tool_tip(const QPoint& place, const QPointF& point);
 
