@@ -18,6 +18,17 @@ void fake(std::uint8_t type, std::uint8_t detail, const QPoint& point = {}) {
     xcb_test_fake_input(x_server(), type, detail, XCB_CURRENT_TIME, XCB_NONE,
                         static_cast<std::int16_t>(point.x()), static_cast<std::int16_t>(point.y()),
                         0);
+}
+
+void fake_click(const QPoint& point, MouseButton button) {
+    fake(XCB_MOTION_NOTIFY, 0, point);
+    fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
+    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
+}
+
+/// What belongs together goes out in one piece: on a busy machine the parts of a double click would
+/// else come too far from each other.
+void send() {
     xcb_flush(x_server());
 }
 
@@ -27,17 +38,18 @@ Hands::Hands() : keys_(xcb_key_symbols_alloc(x_server()), xcb_key_symbols_free) 
 
 void Hands::point_at(const QPoint& point) {
     fake(XCB_MOTION_NOTIFY, 0, point);
+    send();
 }
 
 void Hands::click(const QPoint& point, MouseButton button) {
-    point_at(point);
-    fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(button));
-    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(button));
+    fake_click(point, button);
+    send();
 }
 
 void Hands::double_click(const QPoint& point) {
-    click(point);
-    click(point);
+    fake_click(point, MouseButton::left);
+    fake_click(point, MouseButton::left);
+    send();
 }
 
 void Hands::press(Key key, Key held) {
@@ -47,6 +59,7 @@ void Hands::press(Key key, Key held) {
     fake(XCB_KEY_RELEASE, code_of(key));
     if (held != Key::none)
         fake(XCB_KEY_RELEASE, code_of(held));
+    send();
 }
 
 void Hands::type(std::string_view text) {
