@@ -230,8 +230,11 @@ TEST_F(ListWindows, LeaveTheEditorByItsTwoButtonsOnly) {
     EXPECT_TRUE(Form4->Visible) << "without a title there is nothing to save";
     EXPECT_EQ(platform.hints,
               (decltype(platform.hints){{&Form4->Text1, "A camera needs a title."}}));
+    Form4->Text1.Text = "typed";
+    platform.focus = nullptr;
     Form4->Command2.Click.raise();
     EXPECT_FALSE(Form4->Visible);
+    EXPECT_EQ(platform.focus, &Form4->Text1) << "where the next one begins";
     EXPECT_EQ(content_of("Cams.inf"), list);
     EXPECT_EQ(Form4->Text2.Text.get(), "http://new.example/");
     EXPECT_TRUE(platform.untrapped.empty());

@@ -113,10 +113,10 @@ std::vector<Element> DrivenTest::elements(const std::string& title) const {
 
 std::optional<Element> DrivenTest::look_for(const std::string& title,
                                             std::string_view beginning) const {
-    const auto all = elements(title);
-    const auto found = std::ranges::find_if(
-        all, [&](const Element& element) { return element.description().starts_with(beginning); });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+    for (const Element& element : elements(title))
+        if (element.description().starts_with(beginning))
+            return element;
+    return std::nullopt;
 }
 
 Element DrivenTest::find(const std::string& title, std::string_view beginning) const {
@@ -128,10 +128,10 @@ Element DrivenTest::find(const std::string& title, std::string_view beginning) c
 }
 
 std::optional<Element> DrivenTest::active_window() const {
-    const auto all = windows();
-    const auto found =
-        std::ranges::find_if(all, [](const Element& window) { return window.is(State::active); });
-    return found == all.end() ? std::nullopt : std::optional(*found);
+    for (const Element& window : windows())
+        if (window.is(State::active))
+            return window;
+    return std::nullopt;
 }
 
 bool DrivenTest::comes_up(const std::string& title) const {

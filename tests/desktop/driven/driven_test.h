@@ -35,7 +35,6 @@ inline constexpr const char* list_window = "Skyglass list";
 inline constexpr const char* editor = "Skyglass";
 inline constexpr const char* about_window = "About Lookfar 2.2.2002";
 inline constexpr const char* removal_question = "Remove Skyglass";
-inline constexpr const char* overwrite_question = "Lookfar";
 } // namespace title
 
 namespace colour {
