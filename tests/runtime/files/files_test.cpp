@@ -79,24 +79,6 @@ TEST_F(Files, RefuseNumbersThatAreOpenOrAreNot) {
     EXPECT_EQ(content_of("lines"), "a") << "a file that is read is not written";
 }
 
-TEST_F(Files, WriteLinesWithBothLineEndCharacters) {
-    files.OpenForOutput(2, "lines");
-    files.Print(2, "a");
-    files.Print(2, "");
-    files.Close(2);
-    EXPECT_EQ(content_of("lines"), "a\r\n\r\n");
-    EXPECT_EQ(disk.operations.back(), "sync lines") << "the lines are on the disk after the close";
-}
-
-TEST_F(Files, WriteBytesOverTheStartAndKeepTheTail) {
-    const std::string old = std::string(200'000, 'x') + "y";
-    write_file("bytes", old);
-    files.OpenForBinary(1, "bytes");
-    files.Put(1, Bytes{'a', 'b', 'c'});
-    files.Close(1);
-    EXPECT_EQ(content_of("bytes"), "abc" + old.substr(3));
-}
-
 TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
     for (const char* operation : {"open-create copy", "write copy", "sync copy"}) {
         write_file("list", "old");
