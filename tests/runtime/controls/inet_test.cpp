@@ -25,28 +25,6 @@ struct Transfers : ::testing::Test {
     }
 };
 
-TEST_F(Transfers, GiveTheBodyOrTheFailure) {
-    using std::chrono::milliseconds;
-    platform.cameras = {{"good", {.outcome = Bytes{1, 2, 3}}},
-                        {"empty", {.outcome = Bytes{}}},
-                        {"broken", {.outcome = Failure(56, "reset")}},
-                        {"slow", {.outcome = Bytes{1}, .after = milliseconds(2001)}}};
-    EXPECT_EQ(Inet1.OpenURL("good", DataType::icByteArray), (Bytes{1, 2, 3}));
-    EXPECT_EQ(number_of("empty"), 35765);
-    EXPECT_EQ(number_of("broken"), 56);
-    EXPECT_EQ(number_of("slow"), 28) << "the whole wait is bounded by the time-out";
-    EXPECT_EQ(number_of("good"), 0) << "a failure leaves nothing behind";
-}
-
-TEST_F(Transfers, RefuseASecondOneAtOnceAndLeaveTheRunningOneAlone) {
-    platform.cameras["good"] = {.outcome = Bytes{7}};
-    int second = 0;
-    platform.after(std::chrono::milliseconds(50), [&] { second = number_of("good"); });
-    EXPECT_EQ(Inet1.OpenURL("good", DataType::icByteArray), Bytes{7});
-    EXPECT_EQ(second, 35764);
-    EXPECT_EQ(platform.requests.size(), 1U);
-}
-
 TEST_F(Transfers, AskProxiesUnlessTheAccessIsDirect) {
     EXPECT_EQ(Inet1.AccessType, 0);
     for (const short access : {short{0}, short{1}, short{2}}) {
@@ -56,9 +34,15 @@ TEST_F(Transfers, AskProxiesUnlessTheAccessIsDirect) {
     }
 }
 
-TEST_F(Transfers, EndWithAFailureWhenTheyAreCancelled) {
-    platform.cameras["good"] = {.outcome = Bytes{7}};
-    platform.after(std::chrono::milliseconds(50), [&] { Inet1.Cancel(); });
+TEST_F(Transfers, FailWhereTheyTakeTooLongOrComeSecondOrAreCancelled) {
+    using std::chrono::milliseconds;
+    platform.cameras = {{"good", {.outcome = Bytes{7}}},
+                        {"slow", {.outcome = Bytes{7}, .after = milliseconds(2001)}}};
+    EXPECT_EQ(number_of("slow"), 28) << "the whole wait is bounded by the time-out";
+    platform.after(milliseconds(50), [&] {
+        EXPECT_EQ(number_of("good"), 35764) << "only one at a time";
+        Inet1.Cancel();
+    });
     EXPECT_EQ(number_of("good"), 35766);
     EXPECT_EQ(platform.abandoned_transfers, 1);
     EXPECT_EQ(number_of("good"), 0);
