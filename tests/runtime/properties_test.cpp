@@ -85,12 +85,6 @@ TEST_F(Properties, KeepTheOldValueWhereTheyRefuseTheNewOne) {
     }
 }
 
-TEST_F(Properties, TellThePlatformThatTheElementChanged) {
-    form.Label1.ForeColor = colour::white;
-    EXPECT_TRUE(platform.changed_elements.contains(&form.Label1));
-    EXPECT_FALSE(platform.changed_elements.contains(&form.Text1));
-}
-
 TEST_F(Properties, ALabelTakesItsSizeAsItsRuleSays) {
     // A character is 82.5 twips wide, a line is 165 high.
     const struct {

@@ -8,7 +8,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <utility>
 #include <variant>
@@ -63,7 +62,6 @@ class ScriptedPlatform : public Platform {
     std::vector<const PopupMenu*> menus;
     const MenuItem* default_menu_entry = nullptr;
     std::vector<const Form*> brought_forward;
-    std::set<const Element*> changed_elements;
     const Control* focus = nullptr;
     std::vector<std::pair<const Control*, std::string>> hints;
     /// How often the wake handler was called.
@@ -88,8 +86,8 @@ class ScriptedPlatform : public Platform {
     void open_link(const std::string& address) override { links.push_back(address); }
     RemoteAccessService* remote_access() override { return remote_access_service; }
     MessageBoxAnswer ask(const MessageBox& box) override;
-    void changed(Element& element) override { changed_elements.insert(&element); }
-    void forget(Element& element) override { changed_elements.erase(&element); }
+    void changed(Element& /*element*/) override {}
+    void forget(Element& /*element*/) override {}
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }
     void set_focus(Control& control) override { focus = &control; }
     void show_hint(Control& control, const std::string& text) override {
