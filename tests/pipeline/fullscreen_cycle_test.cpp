@@ -12,9 +12,9 @@ std::vector<std::uint8_t> bytes_of(const Image& image) {
     return {bytes.begin(), bytes.end()};
 }
 
-/// A started program whose cameras answer with detail in the fewest rows that a filter changes.
+/// A started program whose cameras answer with detail that a filter changes.
 struct Pipeline : Started<2> {
-    Bytes answer = detailed_jpeg(64, 4);
+    Bytes answer = detailed_jpeg(64, 48);
     std::vector<std::uint8_t> raw;
 
     Pipeline() {
@@ -24,7 +24,7 @@ struct Pipeline : Started<2> {
     std::vector<std::uint8_t> filtered(int times) const {
         auto bytes = raw;
         for (int pass = 0; pass < times; ++pass)
-            blur(bytes, bytes, 4, 192);
+            blur(bytes, bytes, 48, 192);
         return bytes;
     }
     void let_run(milliseconds duration = milliseconds(50)) { platform.run_for(duration); }
