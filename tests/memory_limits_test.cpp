@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <fstream>
 #include <functional>
+#include <malloc.h>
 #include <optional>
 #include <string>
 #include <sys/resource.h>
@@ -28,6 +29,8 @@ std::size_t bytes_in_use() {
 class MemoryLimit {
   public:
     explicit MemoryLimit(std::size_t bytes) {
+        // What was freed before would be used first.
+        ::malloc_trim(0);
         ::getrlimit(RLIMIT_AS, &old_);
         const rlimit limited{.rlim_cur = bytes_in_use() + bytes, .rlim_max = old_.rlim_max};
         ::setrlimit(RLIMIT_AS, &limited);
