@@ -33,13 +33,13 @@ void add_rows(std::span<const std::uint8_t> rows, std::size_t stride, ColumnSums
 /// Multiplies by the reciprocal, which is quicker than to divide every colour of every pixel.
 class Average {
   public:
-    explicit Average(int count) : share_((one + count / 2) / count) {}
+    explicit Average(unsigned count) : share_((one + count / 2) / count) {}
 
-    int of(std::int64_t sum) const { return static_cast<int>((sum * share_ + one / 2) / one); }
+    int of(std::uint64_t sum) const { return static_cast<int>((sum * share_ + one / 2) / one); }
 
   private:
-    static constexpr std::int64_t one = std::int64_t{1} << 32U;
-    std::int64_t share_;
+    static constexpr std::uint64_t one = std::uint64_t{1} << 32U;
+    std::uint64_t share_;
 };
 
 /// Where each of some pixels begins, in whole pixels of the picture, and where the last one ends.
@@ -50,27 +50,39 @@ std::vector<int> places(int pixels, int pictures_pixels) {
     return places;
 }
 
-QRgb average_colour(const std::uint16_t* sum, int columns, const Average& average) {
+struct PixelSum {
+    void add(const std::uint16_t* column) {
+        red += column[0];
+        green += column[1];
+        blue += column[2];
+    }
+    QRgb averaged(const Average& average) const {
+        return qRgb(average.of(red), average.of(green), average.of(blue));
+    }
+
     unsigned red = 0;
     unsigned green = 0;
     unsigned blue = 0;
-    for (int column = 0; column < columns; ++column, sum += bytes_per_pixel) {
-        red += sum[0];
-        green += sum[1];
-        blue += sum[2];
-    }
-    return qRgb(average.of(red), average.of(green), average.of(blue));
-}
+};
 
-void average_columns(const ColumnSums& sums, const std::vector<int>& places, int rows,
+/// The places of two pixels may lie one column further apart than those of others. That column is
+/// added by itself: a loop of one length is the quicker one.
+void average_columns(const ColumnSums& sums, const std::vector<int>& places, unsigned rows,
                      std::span<QRgb> pixels) {
     const auto fewest = static_cast<int>(sums.size() / bytes_per_pixel / pixels.size());
-    const std::array averages{Average(rows * fewest), Average(rows * (fewest + 1))};
+    const Average of_fewest(rows * static_cast<unsigned>(fewest));
+    const Average of_one_more(rows * (static_cast<unsigned>(fewest) + 1));
+    const std::uint16_t* next = sums.data();
     for (std::size_t index = 0; index < pixels.size(); ++index) {
-        const int columns = places[index + 1] - places[index];
-        pixels[index] =
-            average_colour(sums.data() + std::ptrdiff_t{places[index]} * bytes_per_pixel, columns,
-                           columns == fewest ? averages.front() : averages.back());
+        PixelSum sum;
+        for (int column = 0; column < fewest; ++column, next += bytes_per_pixel)
+            sum.add(next);
+        const bool has_one_more = places[index + 1] - places[index] > fewest;
+        if (has_one_more) {
+            sum.add(next);
+            next += bytes_per_pixel;
+        }
+        pixels[index] = sum.averaged(has_one_more ? of_one_more : of_fewest);
     }
 }
 
@@ -126,7 +138,7 @@ void reduce(const Picture& picture, const QSize& size, QImage& image) {
             rows[static_cast<std::size_t>(row) + 1] - rows[static_cast<std::size_t>(row)];
         const std::size_t step = stride * static_cast<std::size_t>(count);
         add_rows(bytes.first(step), stride, sums);
-        average_columns(sums, columns, count, pixels_of_row(image, row));
+        average_columns(sums, columns, static_cast<unsigned>(count), pixels_of_row(image, row));
         bytes = bytes.subspan(step);
     }
 }
