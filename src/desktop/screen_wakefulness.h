@@ -17,6 +17,8 @@ namespace lookfar::desktop {
 class ScreenWakefulness : public QObject {
   public:
     ScreenWakefulness() = default;
+    ScreenWakefulness(const ScreenWakefulness&) = delete;
+    ScreenWakefulness& operator=(const ScreenWakefulness&) = delete;
     ~ScreenWakefulness() override { end(); }
 
     /// Gives back what was granted, before the process ends: returns once the bus has it, or after

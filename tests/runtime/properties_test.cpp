@@ -89,9 +89,9 @@ TEST_F(Properties, ALabelTakesItsSizeAsItsRuleSays) {
     // A character is 82.5 twips wide, a line is 165 high.
     const struct {
         Label& label;
-        std::size_t length;
+        std::size_t length = 0;
         Bounds bounds;
-        bool wraps;
+        bool wraps = false;
     } cases[] = {
         {form.Label1, 15, {100, 100, 1237.5F, 165}, false},
         {form.Label1, 100, {100, 100, 2900, 3 * 165}, true},

@@ -130,7 +130,7 @@ TEST_F(DrawingTest, ShapesFillTheirForms) {
                             .FillColor = colour::white});
     show(form);
     const struct {
-        const char* where;
+        const char* where = "";
         QPoint point;
         unsigned colour = 0;
     } cases[] = {

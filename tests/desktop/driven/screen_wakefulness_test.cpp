@@ -18,6 +18,8 @@ class Desktop : public QDBusVirtualObject {
         QDBusConnection::sessionBus().registerVirtualObject(path, this, QDBusConnection::SubPath);
         QDBusConnection::sessionBus().registerService(service_);
     }
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
     ~Desktop() override { QDBusConnection::sessionBus().unregisterService(service_); }
 
     /// Each call: the last part of its path, what it calls, and the numbers that it hands over.

@@ -36,6 +36,8 @@ struct TwoScreens {
                               "xrandr --setmonitor right 400/1x600/1+500+0 none"),
                   0);
     }
+    TwoScreens(const TwoScreens&) = delete;
+    TwoScreens& operator=(const TwoScreens&) = delete;
     ~TwoScreens() { EXPECT_EQ(std::system("xrandr --delmonitor left --delmonitor right"), 0); }
 };
 
