@@ -1,5 +1,6 @@
 #include "desktop/drawn/control_painter.h"
 
+#include "desktop/drawn/reduced_picture.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
@@ -47,7 +48,7 @@ QRect picture_rectangle(const Image& image) {
 }
 
 QSize size_in_pixels(const PictureReference& picture) {
-    return picture ? QSize(picture->width(), picture->height()) : QSize();
+    return picture ? natural_size(*picture) : QSize();
 }
 
 QRectF centred_square(const QRectF& box) {

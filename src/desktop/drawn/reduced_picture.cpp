@@ -3,7 +3,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -109,13 +108,17 @@ int dividing_factor(const QSize& size, const QSize& picture) {
 
 } // namespace
 
+QSize natural_size(const Picture& picture) {
+    return {picture.width(), picture.height()};
+}
+
 QImage wrapped(const Picture& picture) {
     return {picture.bytes().data(), picture.width(), picture.height(), picture.stride(),
             QImage::Format_RGB888};
 }
 
 QSize reduced_size(const Picture& picture, const QSize& size) {
-    const QSize natural(picture.width(), picture.height());
+    const QSize natural = natural_size(picture);
     if (size.isEmpty())
         return natural;
     return can_be_reduced_to(size, natural) ? size : natural / dividing_factor(size, natural);
@@ -124,7 +127,7 @@ QSize reduced_size(const Picture& picture, const QSize& size) {
 void reduce(const Picture& picture, const QSize& size, QImage& image) {
     if (image.size() != size || image.format() != QImage::Format_RGB32)
         image = QImage(size, QImage::Format_RGB32);
-    if (size == QSize(picture.width(), picture.height())) {
+    if (size == natural_size(picture)) {
         QPainter(&image).drawImage(QPoint(), wrapped(picture));
         return;
     }

@@ -7,6 +7,9 @@
 
 namespace lookfar::desktop {
 
+/// The picture's own size, in pixels.
+QSize natural_size(const Picture& picture);
+
 /// An image on the picture's own bytes, which must outlive it. The opacity is left out.
 QImage wrapped(const Picture& picture);
 

@@ -42,7 +42,7 @@ void ScaledPictures::prepare(Entry& entry) {
     const QSize reduced = reduced_size(picture, entry.size);
     if (!picture.opacity().empty()) {
         entry.image = smoothly_scaled(with_opacity(picture), entry.size);
-    } else if (entry.size == QSize(picture.width(), picture.height())) {
+    } else if (entry.size == natural_size(picture)) {
         entry.image = wrapped(picture);
     } else if (entry.size == reduced) {
         reduce(picture, reduced, entry.image);

@@ -27,9 +27,8 @@ class NarrowEntry : public QStyledItemDelegate {
 };
 
 void draw_text(QPainter& painter, const QRect& room, const QString& text, const QColor& colour) {
-    const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, room.width());
     draw_rimmed(painter, colour, [&](const QPoint& offset) {
-        painter.drawText(room.translated(offset), Qt::AlignVCenter | Qt::TextSingleLine, shown);
+        painter.drawText(room.translated(offset), Qt::AlignVCenter | Qt::TextSingleLine, text);
     });
 }
 
@@ -61,8 +60,11 @@ class FlatEntry : public NarrowEntry {
                           is_current ? rim_colour(text) : option.palette.color(QPalette::Base));
         if (is_current)
             draw_frame(*painter, option.rect, text);
-        draw_text(*painter, option.rect.adjusted(text_margin, 0, -text_margin, 0),
-                  index.data().toString(), text);
+        const QRect room = option.rect.adjusted(text_margin, 0, -text_margin, 0);
+        draw_text(
+            *painter, room,
+            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, room.width()),
+            text);
         painter->restore();
     }
 };
