@@ -52,15 +52,14 @@ void DrawnControls::forget(const Element& element) {
     pictures_.drop(element);
 }
 
-void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalette& palette) {
-    painter.setClipRegion(region);
-    painter.fillRect(region.boundingRect(), screen_colour(form_.BackColor, palette));
+void DrawnControls::paint(QPainter& painter, const QRect& area, const QPalette& palette) {
+    painter.fillRect(area, screen_colour(form_.BackColor, palette));
     ControlPainter control_painter(painter, palette, pictures_);
     for (Control* const control : std::views::reverse(form_.controls())) {
         if (!control->Visible)
             continue;
         const auto drawn = drawn_control(*control);
-        if (drawn && region.intersects(painted_area(*drawn)))
+        if (drawn && painted_area(*drawn).intersects(area))
             control->accept(control_painter);
     }
 }

@@ -38,8 +38,8 @@ class DrawnControls {
     /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
-    /// Draws the part of the window that lies in the region, back to front.
-    void paint(QPainter& painter, const QRegion& region, const QPalette& palette);
+    /// Draws what lies in the area, back to front; to be clipped to it by the painter.
+    void paint(QPainter& painter, const QRect& area, const QPalette& palette);
 
     /// The frontmost visible control under the point that takes the mouse.
     std::optional<DrawnControl> mouse_target(const QPointF& point) const;

@@ -8,22 +8,38 @@
 
 namespace lookfar::desktop {
 
+namespace {
+
+void draw_outline(QPainter& painter, const QWidget& window) {
+    painter.setPen(window.palette().color(QPalette::Dark));
+    painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace
+
 void WindowCanvas::prepare(const QWidget& window) {
     draw(window, window.rect());
 }
 
+/// Rectangle by rectangle: to paint pictures within a region of another shape, Qt goes span by span
+/// and wakes its threads, which takes longer than the painting.
 void WindowCanvas::paint(QWidget& window, const QRegion& region) {
     draw(window, region);
-    QPainter(&window).drawImage(QPoint(), image_);
+    QPainter painter(&window);
+    for (const QRect& area : region) {
+        painter.setClipRect(area);
+        painter.drawImage(QPoint(), image_);
+    }
 }
 
 void WindowCanvas::draw(const QWidget& window, const QRegion& region) {
     fit(window);
     QPainter painter(&image_);
-    drawn_.paint(painter, region, window.palette());
-    if (is_bare_dialog(form_)) {
-        painter.setPen(window.palette().color(QPalette::Dark));
-        painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
+    for (const QRect& area : region) {
+        painter.setClipRect(area);
+        drawn_.paint(painter, area, window.palette());
+        if (is_bare_dialog(form_))
+            draw_outline(painter, window);
     }
 }
 

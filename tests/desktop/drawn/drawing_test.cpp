@@ -86,6 +86,24 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     EXPECT_EQ(pictures.prepared(), first + 2);
 }
 
+TEST_F(DrawingTest, WhatChangesAtOnceInSeveralPlacesIsPaintedInEach) {
+    Form form(runtime, {.Client = {3000, 3000},
+                        .Border = FormBorder::fixed_dialog,
+                        .ControlBox = false,
+                        .BackColor = colour::black});
+    Label left(form, {.At = {0, 0, 600, 600}, .BackColor = colour::black});
+    Label right(form, {.At = {2400, 2400, 600, 600}, .BackColor = colour::black});
+    show(form);
+    ASSERT_TRUE(comes_true([&] { return on_screen(form, 100, 100) == 0x000000U; }));
+    left.BackColor = colour::white;
+    right.BackColor = colour::white;
+    EXPECT_TRUE(comes_true([&] { return on_screen(form, 180, 180) == 0xFFFFFFU; }));
+    EXPECT_EQ(on_screen(form, 20, 20), 0xFFFFFFU);
+    const unsigned outline = window(form).palette().color(QPalette::Dark).rgb() & 0xFFFFFFU;
+    for (const int corner : {0, 199})
+        EXPECT_EQ(on_screen(form, corner, corner), outline);
+}
+
 TEST_F(DrawingTest, APictureOfItsNaturalSizeIsShownPixelByPixel) {
     const auto file = lookfar::testing::detailed_jpeg(321, 241);
     const QImage picture = QImage::fromData(file.data(), static_cast<int>(file.size()));
