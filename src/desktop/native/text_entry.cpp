@@ -9,11 +9,13 @@
 #include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <utility>
 
@@ -27,6 +29,12 @@ std::pair<int, int> selection_of(const QLineEdit& entry) {
     if (entry.hasSelectedText())
         return {entry.selectionStart(), entry.selectionLength()};
     return {entry.cursorPosition(), 0};
+}
+
+/// What the user does with an entry that has the keyboard.
+bool is_use(QEvent::Type type) {
+    return type == QEvent::FocusIn || type == QEvent::KeyPress ||
+           type == QEvent::MouseButtonPress || type == QEvent::InputMethod;
 }
 
 /// Selects the text if a handler has written it into the box that has the keyboard, so that the
@@ -73,6 +81,11 @@ TextEntry::TextEntry(const TextBox& control, QWidget& window) : QLineEdit(&windo
     setFont(screen_font(control.Font));
     setAccessibleName(shown_text(control.AccessibleName));
     set_palette_colour(*this, QPalette::Base, screen_colour(control.BackColor, palette()));
+    constexpr std::chrono::seconds until_caret_rests(10);
+    constexpr int never = 0;
+    caret_rest_.setSingleShot(true);
+    caret_rest_.setInterval(until_caret_rests);
+    caret_rest_.callOnTimeout([] { QApplication::setCursorFlashTime(never); });
 }
 
 void TextEntry::synchronise(const TextBox& control) {
@@ -102,6 +115,20 @@ void TextEntry::take_selection(const TextBox& control) {
         setSelection(start, count);
     else
         setCursorPosition(start);
+}
+
+bool TextEntry::event(QEvent* event) {
+    if (is_use(event->type()))
+        blink_for_a_while();
+    else if (event->type() == QEvent::FocusOut)
+        caret_rest_.stop();
+    return QLineEdit::event(event);
+}
+
+void TextEntry::blink_for_a_while() {
+    constexpr int as_the_desktop_does = -1;
+    QApplication::setCursorFlashTime(as_the_desktop_does);
+    caret_rest_.start();
 }
 
 void TextEntry::focusInEvent(QFocusEvent* event) {

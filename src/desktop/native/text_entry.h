@@ -4,10 +4,12 @@
 #include "runtime/controls/text_box.h"
 
 #include <QLineEdit>
+#include <QTimer>
 
 namespace lookfar::desktop {
 
-/// The native widget of a text box.
+/// The native widget of a text box. Its caret stands still once its user has done nothing for ten
+/// seconds: a caret that blinks wakes a program at rest twice a second.
 class TextEntry : public QLineEdit {
     Q_OBJECT
 
@@ -24,6 +26,7 @@ class TextEntry : public QLineEdit {
     void key_pressed(KeyCode code, short shift);
 
   protected:
+    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -33,7 +36,9 @@ class TextEntry : public QLineEdit {
   private:
     void take_length_limit(const TextBox& control, int text_length);
     void take_selection(const TextBox& control);
+    void blink_for_a_while();
 
+    QTimer caret_rest_{this};
     /// Whether the press that brought the keyboard is still held, and a handler has selected text:
     /// the rest of that click then leaves the selection as it is.
     bool click_keeps_selection_ = false;

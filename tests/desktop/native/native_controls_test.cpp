@@ -14,6 +14,7 @@
 #include <QListView>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 
 #include <array>
@@ -126,6 +127,27 @@ TEST_F(NativeControlsTest, AClickIntoTheBoxKeepsTheSelectionThatGotFocusMade) {
     QTest::mouseClick(&entry, Qt::LeftButton, {}, inside);
     EXPECT_FALSE(entry.hasSelectedText());
     EXPECT_EQ(Text1.SelLength, 0);
+}
+
+TEST_F(NativeControlsTest, TheCaretRestsUntilTheNextUse) {
+    const int desktops = QApplication::cursorFlashTime();
+    ASSERT_GT(desktops, 0);
+    auto& entry = widget<QLineEdit>(Text1);
+    const auto let_caret_rest = [&] {
+        auto* const timer = entry.findChild<QTimer*>();
+        ASSERT_TRUE(timer && timer->isActive());
+        timer->start(0);
+        platform.wait_until([timer] { return !timer->isActive(); });
+        EXPECT_EQ(QApplication::cursorFlashTime(), 0);
+    };
+    Text1.SetFocus();
+    let_caret_rest();
+    QTest::keyClick(&entry, Qt::Key_1);
+    EXPECT_EQ(QApplication::cursorFlashTime(), desktops);
+    let_caret_rest();
+    Text2.SetFocus();
+    EXPECT_EQ(QApplication::cursorFlashTime(), desktops);
+    EXPECT_FALSE(entry.findChild<QTimer*>()->isActive()) << "another entry has the caret";
 }
 
 TEST_F(NativeControlsTest, BytesAreShownAsUtf8OrElseAsWindows1252) {
