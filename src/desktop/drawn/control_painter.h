@@ -14,8 +14,8 @@ class Control;
 
 namespace lookfar::desktop {
 
-/// Draws the controls that are not native widgets. The painter's device must be an image without
-/// an alpha channel: shapes that merge with what lies behind need that.
+/// Draws the controls that are not native widgets. What lies behind them must be opaque: shapes
+/// merge with it bit by bit.
 class ControlPainter : public DrawnControlVisitor {
   public:
     using DrawnControlVisitor::visit;

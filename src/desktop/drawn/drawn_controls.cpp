@@ -52,7 +52,17 @@ void DrawnControls::forget(const Element& element) {
     pictures_.drop(element);
 }
 
-void DrawnControls::paint(QPainter& painter, const QRect& area, const QPalette& palette) {
+/// Rectangle by rectangle: within a region of another shape Qt paints a picture span by span and
+/// wakes its threads, which takes longer than the painting.
+void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalette& palette) {
+    for (const QRect& area : region) {
+        painter.setClipRect(area);
+        paint_area(painter, area, palette);
+    }
+    painter.setClipping(false);
+}
+
+void DrawnControls::paint_area(QPainter& painter, const QRect& area, const QPalette& palette) {
     painter.fillRect(area, screen_colour(form_.BackColor, palette));
     ControlPainter control_painter(painter, palette, pictures_);
     for (Control* const control : std::views::reverse(form_.controls())) {

@@ -38,8 +38,9 @@ class DrawnControls {
     /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
-    /// Draws what lies in the area, back to front; to be clipped to it by the painter.
-    void paint(QPainter& painter, const QRect& area, const QPalette& palette);
+    /// Draws the part of the window that lies in the region, back to front. The painter is left
+    /// without a clip.
+    void paint(QPainter& painter, const QRegion& region, const QPalette& palette);
 
     /// The frontmost visible control under the point that takes the mouse.
     std::optional<DrawnControl> mouse_target(const QPointF& point) const;
@@ -53,6 +54,7 @@ class DrawnControls {
     ScaledPictures& pictures() { return pictures_; }
 
   private:
+    void paint_area(QPainter& painter, const QRect& area, const QPalette& palette);
     std::optional<DrawnControl>
     frontmost_at(const QPointF& point,
                  const std::function<bool(const DrawnControl&)>& is_wanted) const;

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QToolTip>
 
 namespace lookfar::desktop {
@@ -44,7 +45,12 @@ void WindowView::show_tool_tip(const QPoint& place, const QPointF& point) {
 }
 
 void WindowView::paintEvent(QPaintEvent* event) {
-    canvas_.paint(*this, event->region());
+    QPainter painter(this);
+    drawn_.paint(painter, event->region(), palette());
+    if (is_bare_dialog(*form_)) {
+        painter.setPen(palette().color(QPalette::Dark));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
     if (!coming_up_.isActive())
         return;
     coming_up_.stop();
@@ -87,7 +93,7 @@ void WindowView::resizeEvent(QResizeEvent* event) {
 void WindowView::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     coming_up_.stop();
-    canvas_.drop();
+    drawn_.pictures().drop_all();
 }
 
 void WindowView::keyPressEvent(QKeyEvent* event) {

@@ -9,7 +9,9 @@
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
+#include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 
@@ -25,12 +27,11 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
       windows_(windows),
       drawn_(form),
       mouse_(form, drawn_, windows.actions()),
-      canvas_(form, drawn_),
       frame_(form, *this),
       natives_(form, windows.actions(), *this) {
     setFont(screen_font({}));
     setMouseTracking(true);
-    // The canvas fills every pixel.
+    // The drawn controls fill every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(shown_text(form.AccessibleName));
     if (form.HasIcon)
@@ -63,10 +64,18 @@ void WindowView::come_up() {
     if (isVisible())
         return;
     follow_screen();
-    canvas_.prepare(*this);
+    prepare_pictures();
     coming_up_.start();
     show();
     natives_.restore_focus();
+}
+
+/// Everything is drawn, onto a single pixel, and of that only the pictures take time.
+void WindowView::prepare_pictures() {
+    QImage pixel(1, 1, QImage::Format_RGB32);
+    pixel.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&pixel);
+    drawn_.paint(painter, rect(), palette());
 }
 
 void WindowView::follow_screen() {

@@ -3,7 +3,6 @@
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
 #include "desktop/window/native_children.h"
-#include "desktop/window/window_canvas.h"
 #include "desktop/window/window_frame.h"
 
 #include <QIcon>
@@ -89,6 +88,8 @@ class WindowView : public QWidget {
     void come_up();
     void follow_screen();
     void synchronise_control(Control& control);
+    /// Scales the pictures ahead of the first paint event.
+    void prepare_pictures();
     void take_pointer();
     /// Has a region painted again a moment later. The ticks that follow a change come before that,
     /// and so does what the system asks meanwhile: where a picture is large, handlers take long,
@@ -101,7 +102,6 @@ class WindowView : public QWidget {
     Windows& windows_;
     DrawnControls drawn_;
     MouseRouter mouse_;
-    WindowCanvas canvas_;
     WindowFrame frame_;
     NativeChildren natives_;
     std::optional<TiedWidget<QMenu>> menu_;
