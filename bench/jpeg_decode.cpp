@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <ranges>
 #include <stdexcept>
 
 #include <turbojpeg.h>
@@ -56,9 +57,8 @@ File content_of(const std::string& path) {
 
 double decode_milliseconds(const std::vector<std::string>& files) {
     Decoder decoder;
-    std::vector<File> contents;
-    for (const std::string& file : files)
-        contents.push_back(content_of(file));
+    const auto reading = files | std::views::transform(content_of);
+    const std::vector<File> contents(reading.begin(), reading.end());
     const auto decode_all = [&] {
         for (const File& content : contents)
             decoder.decode(content);

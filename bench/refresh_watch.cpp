@@ -67,7 +67,7 @@ class Refreshes {
     using Pixels = std::vector<std::uint8_t>;
 
     template <class Value>
-    static bool has_changed(Value& known, Value now) {
+    static bool has_changed(Value& known, const Value& now) {
         return std::exchange(known, now) != now;
     }
 

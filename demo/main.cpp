@@ -59,7 +59,8 @@ void serve(const Options& options, const sigset_t& stop_signals) {
     if (!options.list_file.empty())
         write_list(server, options.list_file);
     std::cout << "lookfar-cameras: " << cameras().size() << " cameras on port " << server.port()
-              << std::endl;
+              << '\n'
+              << std::flush;
     int received = 0;
     sigwait(&stop_signals, &received);
 }

@@ -25,8 +25,10 @@ Shape trapezoid(double middle, double top, double upper_half, double bottom, dou
 void paint_windows(Stage& stage, const QRectF& wall, int columns, int rows, unsigned seed) {
     const QSizeF cell(wall.width() / columns, wall.height() / rows);
     for (int window = 0; window < columns * rows; ++window) {
-        const QPointF corner(wall.x() + (window % columns + 0.25) * cell.width(),
-                             wall.y() + (window / columns + 0.22) * cell.height());
+        const int column = window % columns;
+        const int row = window / columns;
+        const QPointF corner(wall.x() + (column + 0.25) * cell.width(),
+                             wall.y() + (row + 0.22) * cell.height());
         const QRectF pane(corner, QSizeF(cell.width() * 0.5, cell.height() * 0.56));
         const bool is_lit = is_window_lit(stage, seed, static_cast<unsigned>(window));
         stage.painter().fillRect(pane, is_lit ? QColor(0xFFD98A) : lit(0x4A5A6C, stage.light()));

@@ -29,7 +29,7 @@ Shape flank(QPointF summit, double foot, unsigned seed) {
 
 Shape between(const Shape& first, const Shape& second) {
     Shape outline = first;
-    std::reverse_copy(second.begin(), second.end(), std::back_inserter(outline));
+    std::ranges::reverse_copy(second, std::back_inserter(outline));
     return outline;
 }
 
