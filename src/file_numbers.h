@@ -1,7 +1,5 @@
 #pragma once
 
-namespace lookfar {
-
 /// The numbers under which handlers open their files.
 ///
 /// The list and the picture file share a number and never collide: each is opened, used and closed
@@ -9,10 +7,8 @@ namespace lookfar {
 /// is overwritten, which runs the loop while the list is open. No picture file is opened under it:
 /// a fetch that began before waits until the question is answered, and a refresh that comes
 /// meanwhile fails as it opens the list, before it fetches anything.
-namespace file_number {
+namespace lookfar::file_number {
 inline constexpr int list = 1;
 inline constexpr int list_copy = 2;
 inline constexpr int picture = 1;
-} // namespace file_number
-
-} // namespace lookfar
+} // namespace lookfar::file_number

@@ -144,22 +144,24 @@ SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
             lock.take();
         return *answer;
     };
-    std::optional<SaveOutcome> outcome;
+    SaveOutcome outcome = SaveOutcome::done;
+    bool is_copy_made = false;
     const auto make_copy = [&](const std::string& copy_path) {
         const FileCloser list_closer(files, file_number::list);
         const FileCloser copy_closer(files, file_number::list_copy);
         EditorCopy copy(files, asking_once);
         outcome = copy.make(copy_path);
+        is_copy_made = true;
         const bool is_whole = outcome == SaveOutcome::done && !copy.has_lost_input();
         return is_whole ? CopyOutcome::whole : CopyOutcome::abandoned;
     };
     try {
         change_list(files, make_copy);
     } catch (const Failure& failure) {
-        if (!outcome || failure.Kind == FailureKind::file_in_use)
+        if (!is_copy_made || failure.Kind == FailureKind::file_in_use)
             throw;
     }
-    return *outcome;
+    return outcome;
 }
 
 } // namespace lookfar::catalogue

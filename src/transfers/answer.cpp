@@ -29,7 +29,7 @@ std::string final_url(CURL* handle) {
 }
 
 /// A host that can't be asked with a long text would refuse every request from then on.
-std::string if_short(std::string validator) {
+std::string if_short(const std::string& validator) {
     constexpr std::size_t longest = 512;
     return validator.size() <= longest ? validator : std::string();
 }

@@ -71,8 +71,8 @@ std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
 }
 
 Failure CurlExchange::failure(CURLcode code) const {
-    if (body_.refusal())
-        return *body_.refusal();
+    if (const auto& refusal = body_.refusal())
+        return *refusal;
     if (code == CURLE_FILESIZE_EXCEEDED)
         return AnswerBody::too_large();
     if (is_head_too_large_ || (code == CURLE_OUT_OF_MEMORY && is_reading_head()))

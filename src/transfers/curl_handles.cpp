@@ -1,5 +1,7 @@
 #include "transfers/curl_handles.h"
 
+#include <tuple>
+
 namespace lookfar {
 
 Failure failure_of(CURLcode code) {
@@ -40,7 +42,7 @@ void append(HeaderLines& lines, const std::string& line) {
     curl_slist* const all = curl_slist_append(lines.get(), line.c_str());
     if (!all)
         throw failure_of(CURLE_OUT_OF_MEMORY);
-    static_cast<void>(lines.release());
+    std::ignore = lines.release();
     lines.reset(all);
 }
 

@@ -54,7 +54,7 @@ bool FirstPart::take_step(std::string_view body) {
     case Stage::header:
         return pass_header_line(body);
     default:
-        return length_ ? end_by_length(body) : end_by_delimiter(body);
+        return length_ ? end_by_length(body, *length_) : end_by_delimiter(body);
     }
 }
 
@@ -82,10 +82,10 @@ bool FirstPart::pass_header_line(std::string_view body) {
     return true;
 }
 
-bool FirstPart::end_by_length(std::string_view body) {
-    if (body.size() - begin_ < *length_)
+bool FirstPart::end_by_length(std::string_view body, std::size_t length) {
+    if (body.size() - begin_ < length)
         return false;
-    end_at(begin_ + *length_, begin_ + *length_);
+    end_at(begin_ + length, begin_ + length);
     return true;
 }
 

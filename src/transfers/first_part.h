@@ -35,7 +35,7 @@ class FirstPart {
     bool take_step(std::string_view body);
     bool pass_line_before(std::string_view body);
     bool pass_header_line(std::string_view body);
-    bool end_by_length(std::string_view body);
+    bool end_by_length(std::string_view body, std::size_t length);
     bool end_by_delimiter(std::string_view body);
     void end_at(std::size_t end, std::size_t next);
     std::optional<std::string_view> next_line(std::string_view body);

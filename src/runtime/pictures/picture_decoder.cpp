@@ -115,9 +115,8 @@ class Reader {
 };
 
 QImage oriented(const QImage& image, QImageIOHandler::Transformations orientation) {
-    const QImage mirrored =
-        image.mirrored(orientation.testFlag(QImageIOHandler::TransformationMirror),
-                       orientation.testFlag(QImageIOHandler::TransformationFlip));
+    QImage mirrored = image.mirrored(orientation.testFlag(QImageIOHandler::TransformationMirror),
+                                     orientation.testFlag(QImageIOHandler::TransformationFlip));
     if (!orientation.testFlag(QImageIOHandler::TransformationRotate90))
         return mirrored;
     constexpr double quarter_turn = 90;

@@ -31,7 +31,7 @@ std::string readable_media_types() {
     const QList<QByteArray> readable = QImageReader::supportedImageFormats();
     std::string types;
     for (const std::string_view format : picture_formats)
-        if (readable.contains(QByteArray(format.data(), std::ssize(format))))
+        if (readable.contains(QByteArrayView(format)))
             types.append(types.empty() ? "" : ",").append("image/").append(format);
     return types;
 }
