@@ -153,7 +153,8 @@ TEST_F(ListChange, IsMadeWhereTheListLies) {
 
 TEST_F(ListChange, LeavesAListAloneThatItCantReadWhole) {
     const std::string long_line(NumberedFiles::longest_line + 1, 'x');
-    for (const std::string& list : {long_line, old_list + long_line + "\r\n" + old_list}) {
+    const std::string lists[] = {long_line, old_list + long_line + "\r\n" + old_list};
+    for (const std::string& list : lists) {
         replace_list(list);
         EXPECT_EQ(failure_of(&ListChange::remove), FailureKind::too_large);
         EXPECT_EQ(failure_of(&ListChange::save), std::nullopt);

@@ -43,19 +43,17 @@ std::string with_camera(const std::string& list, const Change& change) {
     Lines lines = lines_of(list);
     if (lines.empty())
         lines.emplace_back();
+    const std::string title = change.replaced_title.value_or("new");
     Lines copy;
     bool is_placed = false;
     for (std::size_t index = 0; index < lines.size(); ++index) {
-        const std::string& line = lines[index];
-        const bool is_replaced = change.replaced_title
-                                     ? !line.empty() && line == *change.replaced_title
-                                     : !is_placed && line == "new";
-        if (is_replaced && !change.replaced_title && !change.may_overwrite)
-            return list;
-        copy.push_back(is_replaced ? "new" : line);
-        if (!is_replaced)
+        if (lines[index] != title || (is_placed && !change.replaced_title)) {
+            copy.push_back(lines[index]);
             continue;
-        copy.emplace_back("unew");
+        }
+        if (!change.may_overwrite)
+            return list;
+        copy.insert(copy.end(), {"new", "unew"});
         is_placed = true;
         ++index;
     }

@@ -52,7 +52,7 @@ TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
          "PICTURE"},
         {plain, "cut\r\n\r\nPICTURE\r\ncut\r\n", "PICTURE"},
         {plain, "cut\r\n\r\ncut\r\n\r\nPICTURE\r\ncut\r\n", "PICTURE"},
-        {"Multipart/X-Mixed-Replace; charset=\"a;b\" ; Boundary = \"c;u=t\" ; x",
+        {R"(Multipart/X-Mixed-Replace; charset="a;b" ; Boundary = "c;u=t" ; x)",
          "--c;u=t\r\n\r\nPICTURE\r\n--c;u=t\r\n", "PICTURE"},
         {"multipart/x-mixed-replace", "--\r\n--cut\r\n\r\nPICTURE" + next, "PICTURE"},
         // What is a delimiter, and what is not.
@@ -68,7 +68,7 @@ TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
         {plain, "", "?"},
     };
     for (const auto& [content_type, body, part] : cases) {
-        SCOPED_TRACE(content_type + ": " + body);
+        SCOPED_TRACE(::testing::Message() << content_type << ": " << body);
         FirstPart bytewise = reader_of(content_type);
         std::string last;
         for (std::size_t size = 0; size <= body.size(); ++size) {

@@ -53,7 +53,7 @@ TEST_F(Files, EndALineAtCarriageReturnWithOrWithoutLineFeed) {
         {"a\r\rb\r\n\r\n", {"a", "", "b", ""}},
         {" \xFF\xFE \t\r\n", {" \xFF\xFE \t"}},
         {long_line + "\r\n" + long_line, {long_line, long_line}}};
-    for (const std::size_t longest_read : {65536, 5}) {
+    for (const std::size_t longest_read : {65536U, 5U}) {
         disk.longest_read = longest_read;
         for (const auto& [content, lines] : cases)
             EXPECT_EQ(lines_of(content), lines) << content.substr(0, 20);
@@ -149,7 +149,7 @@ TEST_F(Files, AreNeverWrittenThroughALinkThatBearsTheirName) {
 }
 
 TEST_F(Files, KeepModeAndOwnerAndLinkOfTheFileThatTheyReplace) {
-    for (const mode_t mode : {0600, 0640, 0644, 0444}) {
+    for (const mode_t mode : {0600U, 0640U, 0644U, 0444U}) {
         write_file("target", "old");
         ::chmod("target", mode);
         // Only an administrator may do this; a user's file is the user's own.

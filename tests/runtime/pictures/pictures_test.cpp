@@ -69,8 +69,8 @@ TEST(Pictures, ArePaddedWithZerosInMemoryThatIsUsedAgain) {
     const PixelMemory memory;
     const std::uint8_t* used = nullptr;
     {
-        const auto buffer = memory.take(16 * 3);
-        std::fill_n(buffer.get(), 16 * 3, std::uint8_t{0xEE});
+        const auto buffer = memory.take(48);
+        std::fill_n(buffer.get(), 48, std::uint8_t{0xEE});
         used = buffer.get();
     }
     for (const char* format : {"jpg", "png"}) {
