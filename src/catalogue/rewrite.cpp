@@ -116,6 +116,20 @@ class EditorCopy {
     bool has_lost_input_ = false;
 };
 
+/// The question, which goes out once however often the copy is made. The lock is not held
+/// meanwhile, so that no other program waits for the user; it is taken again for a yes.
+std::function<bool()> asked_once(const std::function<bool()>& question, ListLock& lock) {
+    return [&question, &lock, answer = std::optional<bool>()]() mutable {
+        if (answer)
+            return *answer;
+        lock.release();
+        answer = question();
+        if (*answer)
+            lock.take();
+        return *answer;
+    };
+}
+
 } // namespace
 
 void remove_cameras(NumberedFiles& files, const std::string& title) {
@@ -134,16 +148,7 @@ void remove_cameras(NumberedFiles& files, const std::string& title) {
 SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
     ListLock lock(files.disk());
     Save asking_once = save;
-    std::optional<bool> answer;
-    asking_once.may_overwrite = [&] {
-        if (answer)
-            return *answer;
-        lock.release();
-        answer = save.may_overwrite();
-        if (*answer)
-            lock.take();
-        return *answer;
-    };
+    asking_once.may_overwrite = asked_once(save.may_overwrite, lock);
     SaveOutcome outcome = SaveOutcome::done;
     bool is_copy_made = false;
     const auto make_copy = [&](const std::string& copy_path) {
