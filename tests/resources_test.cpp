@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace lookfar::testing {
 namespace {
@@ -28,11 +29,9 @@ TEST(Resources, HoldTheIconInEverySizeWithTransparentCorners) {
 
 TEST(Resources, HoldTheTestCardAndTheSplashPicture) {
     const Pixels card = decode_pixels(resources::test_card());
-    EXPECT_EQ(card.width, 540);
-    EXPECT_EQ(card.height, 405);
+    EXPECT_EQ(std::pair(card.width, card.height), std::pair(540, 405));
     const Pixels splash = decode_pixels(resources::splash());
-    EXPECT_EQ(splash.width, 320);
-    EXPECT_EQ(splash.height, 240);
+    EXPECT_EQ(std::pair(splash.width, splash.height), std::pair(320, 240));
     const auto row_of_the_text = splash.bytes.get() + std::ptrdiff_t{176} * splash.stride;
     EXPECT_EQ(std::count(row_of_the_text, row_of_the_text + 960, 255), 960);
 }

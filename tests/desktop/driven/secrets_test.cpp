@@ -11,16 +11,12 @@ class Secrets : public DrivenTest {
     void SetUp() override {
         const std::string place = "127.0.0.1:" + std::to_string(cameras->port()) + "/locked";
         lookfar::testing::write_file("Cams.inf", "Gate\r\nhttp://guest:secret@" + place + "\r\n");
-        install(colour::red);
+        const auto answer = std::get<demo::Answer>(showing(colour::red)({}));
+        cameras->answer("/locked", demo::locked_by_basic(answer));
         program.setProcessChannelMode(QProcess::MergedChannels);
         launch();
         ASSERT_TRUE(comes_up(title::main_window));
         fill_in(title::main_window, "Seconds until Refresh", "1");
-    }
-
-    void install(const QColor& colour) {
-        const auto answer = std::get<demo::Answer>(showing(colour)({}));
-        cameras->answer("/locked", demo::locked_by_basic(answer));
     }
 
     void expect_none_shown() {

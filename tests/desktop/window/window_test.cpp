@@ -51,8 +51,7 @@ TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
     main.ScreenChange.connect([&] { ++changes; });
     window(main).move(550, 60);
     ASSERT_TRUE(comes_true([&] { return main.Left == 750.0F && main.Top == 900.0F; }));
-    EXPECT_EQ(runtime.Screen().Width, 6000.0F);
-    EXPECT_EQ(runtime.Screen().Height, 9000.0F);
+    EXPECT_EQ(runtime.Screen(), (Size{6000, 9000}));
     EXPECT_EQ(changes, 1);
 
     Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});

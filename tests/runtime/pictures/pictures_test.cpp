@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace lookfar::testing {
 namespace {
@@ -55,24 +56,19 @@ Bytes with_scans(int count) {
 
 TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
     const Picture picture(decode_pixels(picture_file(5, 3, 0x102030, "png")));
-    EXPECT_EQ(picture.width(), 5);
-    EXPECT_EQ(picture.height(), 3);
+    EXPECT_EQ(std::pair(picture.width(), picture.height()), std::pair(5, 3));
     EXPECT_EQ(picture.stride(), 16);
     ASSERT_EQ(picture.bytes().size(), 48U);
-    EXPECT_EQ(picture.bytes()[16], 0x10);
-    EXPECT_EQ(picture.bytes()[17], 0x20);
-    EXPECT_EQ(picture.bytes()[18], 0x30);
+    EXPECT_TRUE(std::ranges::equal(picture.bytes().subspan(16, 3), Bytes{0x10, 0x20, 0x30}));
     EXPECT_TRUE(picture.opacity().empty());
 }
 
 TEST(Pictures, ArePaddedWithZerosInMemoryThatIsUsedAgain) {
     const PixelMemory memory;
-    const std::uint8_t* used = nullptr;
-    {
-        const auto buffer = memory.take(48);
-        std::fill_n(buffer.get(), 48, std::uint8_t{0xEE});
-        used = buffer.get();
-    }
+    auto buffer = memory.take(48);
+    std::fill_n(buffer.get(), 48, std::uint8_t{0xEE});
+    const std::uint8_t* const used = buffer.get();
+    buffer.reset();
     for (const char* format : {"jpg", "png"}) {
         const Pixels pixels = decode_pixels(picture_file(5, 3, 0x102030, format), memory);
         EXPECT_EQ(pixels.bytes.get(), used) << format;
@@ -83,12 +79,9 @@ TEST(Pictures, ArePaddedWithZerosInMemoryThatIsUsedAgain) {
 
 TEST(Pictures, KeepNoMoreIdleMemoryThanTheyMay) {
     const PixelMemory memory;
-    const std::uint8_t* used = nullptr;
-    {
-        const auto buffer = memory.take(PixelMemory::most_idle_bytes + 1);
-        const auto small = memory.take(100);
-        used = small.get();
-    }
+    auto large = memory.take(PixelMemory::most_idle_bytes + 1);
+    const std::uint8_t* const used = memory.take(100).get();
+    large.reset();
     EXPECT_EQ(memory.take(60).get(), used) << "one that fits well is used again";
 }
 
@@ -120,11 +113,14 @@ PictureReference load(PictureLoader& loader, const Bytes& file) {
 
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     PictureLoader loader;
-    const Bytes body = picture_file(40, 30);
-    loader.remember(loader.decoder_ahead()(body, ""));
-    Bytes file = body;
-    const Bytes tail = detailed_jpeg(64, 64);
-    file.insert(file.end(), tail.begin(), tail.end());
+    Bytes file = picture_file(40, 30);
+    const auto decoded = loader.decoder_ahead()(file, "");
+    loader.remember(decoded);
+    EXPECT_EQ(loader.decoder_ahead()(file, ""), decoded) << "equal bytes";
+    EXPECT_NE(loader.decoder_ahead()(picture_file(41, 30), ""), decoded);
+    const Bytes tail = detailed_jpeg(100, 100);
+    file.insert(file.end(), tail.begin() + 500, tail.end());
+    EXPECT_EQ(decode_pixels(file).width, 40) << "a picture ends where it ends";
     const auto first = load(loader, file);
     const auto second = load(loader, file);
     EXPECT_NE(first, second);
@@ -141,14 +137,6 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     }
     EXPECT_EQ(load(loader, file)->bytes()[0], raw);
     EXPECT_THROW(load(loader, picture_file(41, 30)), Failure) << "another program's picture";
-}
-
-TEST(Pictures, OfEqualBodiesAreDecodedOnce) {
-    PictureLoader loader;
-    const auto body = loader.decoder_ahead()(picture_file(40, 30), "");
-    loader.remember(body);
-    EXPECT_EQ(loader.decoder_ahead()(picture_file(40, 30), ""), body);
-    EXPECT_NE(loader.decoder_ahead()(picture_file(41, 30), ""), body);
 }
 
 TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
@@ -174,15 +162,7 @@ TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
 }
 
 TEST(Pictures, AreOfTheMediaTypesThatAreTold) {
-    const std::string types = readable_media_types();
-    EXPECT_TRUE(types.starts_with("image/jpeg,image/gif,image/png,image/bmp")) << types;
-}
-
-TEST(Pictures, EndWhereTheyEndWhateverFollows) {
-    Bytes file = picture_file(40, 30);
-    const Bytes tail = detailed_jpeg(100, 100);
-    file.insert(file.end(), tail.begin() + 500, tail.end());
-    EXPECT_EQ(decode_pixels(file).width, 40);
+    EXPECT_EQ(readable_media_types().find("image/jpeg,image/gif,image/png,image/bmp"), 0U);
 }
 
 TEST(Pictures, LieAsTheirOrientationMarkSays) {
@@ -204,8 +184,7 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
         marked.insert(marked.begin() + behind_start_marker, segment.begin(), segment.end());
         *std::ranges::find(marked, std::uint8_t{'?'}) = mark;
         const Picture picture(decode_pixels(marked));
-        EXPECT_EQ(picture.width(), width) << int{mark};
-        ASSERT_EQ(picture.height(), 48 - width) << int{mark};
+        ASSERT_EQ(std::pair(picture.width(), picture.height()), std::pair(width, 48 - width));
         EXPECT_GT(picture.bytes()[static_cast<std::size_t>(row * picture.stride() + column * 3)],
                   200)
             << int{mark};
@@ -218,8 +197,7 @@ TEST(Pictures, AreDecodedUpToTheLargestSize) {
     static_assert(1LL * width * height == most_pixels);
     for (const char* format : {"jpg", "png"}) {
         const Pixels pixels = decode_pixels(picture_file(width, height, 0x336699, format));
-        EXPECT_EQ(pixels.width, width) << format;
-        EXPECT_EQ(pixels.height, height) << format;
+        EXPECT_EQ(std::pair(pixels.width, pixels.height), std::pair(width, height)) << format;
     }
     EXPECT_NE(refusal_of(picture_file(width, height + 1)), "none");
 }
@@ -236,6 +214,9 @@ TEST(Pictures, AreRefusedWithAReason) {
     const Bytes network = picture_file(64, 64, 0x336699, "png");
     Bytes wrecked = picture_file(40, 30, 0x336699, "png");
     std::fill(wrecked.end() - 40, wrecked.end(), std::uint8_t{0});
+    const auto cut = [](const Bytes& file, std::ptrdiff_t missing) {
+        return Bytes(file.begin(), file.end() - missing);
+    };
     const struct {
         const char* name;
         Bytes bytes;
@@ -245,12 +226,10 @@ TEST(Pictures, AreRefusedWithAReason) {
         {"a page", bytes_of("<html><body>404</body></html>"), "not a picture"},
         {"a drawing", bytes_of("<svg xmlns='http://www.w3.org/2000/svg'/>"), "not a picture"},
         {"a huge picture", claiming_size(60000), too_large},
-        {"half a JPEG",
-         {whole.begin(), whole.begin() + static_cast<long>(whole.size() / 2)},
-         "ends too early"},
-        {"half a BMP", {bitmap.begin(), bitmap.begin() + std::ssize(bitmap) / 2}, "ends too early"},
-        {"a BMP without its last byte", {bitmap.begin(), bitmap.end() - 1}, "ends too early"},
-        {"a PNG cut in its pixels", {network.begin(), network.end() - 40}, ""},
+        {"half a JPEG", cut(whole, std::ssize(whole) / 2), "ends too early"},
+        {"half a BMP", cut(bitmap, std::ssize(bitmap) / 2), "ends too early"},
+        {"a BMP without its last byte", cut(bitmap, 1), "ends too early"},
+        {"a PNG cut in its pixels", cut(network, 40), ""},
         {"a JPEG of a hundred scans", with_scans(100), "too many scans"},
         {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, ""},
         {"a wrecked PNG", wrecked, "can't be decoded"},
