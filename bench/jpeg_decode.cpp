@@ -3,11 +3,11 @@
 #include "median.h"
 #include "processor_time.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <memory>
-#include <ranges>
 #include <stdexcept>
 
 #include <turbojpeg.h>
@@ -57,8 +57,8 @@ File content_of(const std::string& path) {
 
 double decode_milliseconds(const std::vector<std::string>& files) {
     Decoder decoder;
-    const auto reading = files | std::views::transform(content_of);
-    const std::vector<File> contents(reading.begin(), reading.end());
+    std::vector<File> contents(files.size());
+    std::ranges::transform(files, contents.begin(), content_of);
     const auto decode_all = [&] {
         for (const File& content : contents)
             decoder.decode(content);

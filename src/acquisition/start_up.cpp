@@ -13,8 +13,7 @@ namespace lookfar {
 void MainWindow::Form_Load() {
     warn_of_colour_depth();
     runtime.random().Randomize(runtime.SecondsSinceMidnight());
-    Form2->Width = runtime.Screen().Width;
-    Form2->Height = runtime.Screen().Height;
+    Form2->take_screen_size();
     try {
         fill_selector_lists();
         draw_first_camera();

@@ -8,8 +8,7 @@ void MainWindow::Form_Resize() {
         return;
     Form2->Left = 0;
     Form2->Top = 0;
-    Form2->Width = runtime.Screen().Width;
-    Form2->Height = runtime.Screen().Height;
+    Form2->take_screen_size();
     Hide();
     Form2->centre_error_lines();
     Form2->Show();
@@ -20,8 +19,12 @@ void MainWindow::Form_Resize() {
 /// A picture is fitted to the fullscreen window when it is fetched, so that window has its size
 /// before the next entry.
 void MainWindow::Form_ScreenChange() {
-    Form2->Width = runtime.Screen().Width;
-    Form2->Height = runtime.Screen().Height;
+    Form2->take_screen_size();
+}
+
+void FullscreenWindow::take_screen_size() {
+    Width = runtime.Screen().Width;
+    Height = runtime.Screen().Height;
 }
 
 void FullscreenWindow::centre_error_lines() {

@@ -163,6 +163,8 @@ class FullscreenWindow : public Form {
     void open_panel();
     void close_panel();
 
+    /// Makes the window as large as the screen.
+    void take_screen_size();
     /// Puts the error number and description into the middle of the window.
     void centre_error_lines();
 

@@ -34,11 +34,6 @@ class PainterState {
     QPainter& painter_;
 };
 
-/// The rectangle whose outline, one pixel thick, ends at the edges of the box.
-QRect outline_of(const QRect& box) {
-    return box.adjusted(0, 0, -1, -1);
-}
-
 /// A picture that is far longer than wide, or the other way round, may be scaled to less than a
 /// pixel; a line of it is shown all the same.
 QRect picture_rectangle(const Image& image) {

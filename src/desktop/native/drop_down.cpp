@@ -2,6 +2,7 @@
 
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/style/colours.h"
+#include "desktop/style/geometry.h"
 #include "desktop/style/rimmed_text.h"
 
 #include <QListView>
@@ -43,7 +44,7 @@ void draw_arrow_down(QPainter& painter, const QPoint& middle, const QColor& colo
 
 void draw_frame(QPainter& painter, const QRect& box, const QColor& colour) {
     painter.setPen(colour);
-    painter.drawRect(box.adjusted(0, 0, -1, -1));
+    painter.drawRect(outline_of(box));
 }
 
 class FlatEntry : public NarrowEntry {

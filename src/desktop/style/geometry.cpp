@@ -38,4 +38,8 @@ QRect pixel_rectangle(const Bounds& bounds) {
     return {top_left, QSize(beyond.x() - top_left.x(), beyond.y() - top_left.y())};
 }
 
+QRect outline_of(const QRect& box) {
+    return box.adjusted(0, 0, -1, -1);
+}
+
 } // namespace lookfar::desktop

@@ -20,5 +20,7 @@ Qt::Alignment horizontal_alignment(Alignment alignment);
 QRectF exact_rectangle(const Bounds& bounds);
 /// The same with every edge on the nearest whole pixel.
 QRect pixel_rectangle(const Bounds& bounds);
+/// The rectangle whose outline, one pixel thick, ends at the edges of the box.
+QRect outline_of(const QRect& box);
 
 } // namespace lookfar::desktop

@@ -1,3 +1,4 @@
+#include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
@@ -49,7 +50,7 @@ void WindowView::paintEvent(QPaintEvent* event) {
     drawn_.paint(painter, event->region(), palette());
     if (is_bare_dialog(*form_)) {
         painter.setPen(palette().color(QPalette::Dark));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(outline_of(rect()));
     }
     if (!coming_up_.isActive())
         return;
