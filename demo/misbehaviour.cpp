@@ -85,6 +85,8 @@ std::map<std::string, Responder> misbehaving_connections(std::chrono::millisecon
         {"/not-http", sending("220 ready when you are\r\n\x01\x02\x03")},
         {"/cut-short", sending(announcing(body.size(), body.substr(0, body.size() / 2)))},
         {"/long-length", sending(announcing(body.size() + 1000, body))},
+        {"/bad-chunk", sending("HTTP/1.1 200 OK\r\nTransfer-Encoding: "
+                               "chunked\r\n\r\n4\r\n\xFF\xD8\xFF\xE0\r\nx\r\n")},
         {"/short-length", sending(announcing(body.size() - body.size() / 4, body))},
         {"/broken-promise", sending(announcing(body.size(), body, "\r\nConnection: keep-alive"))},
         {"/long-header", sending(announcing(body.size(), body, header_of_length(10'000'000)))},

@@ -21,7 +21,7 @@ const char* fault_of(CURLUcode code) {
     case CURLUE_OUT_OF_MEMORY: // The library's answer to a name that IDNA refuses.
         return "The host name in the address is not a valid one.";
     default:
-        return curl_url_strerror(code);
+        return "The address is not a valid one.";
     }
 }
 

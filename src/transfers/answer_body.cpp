@@ -1,26 +1,22 @@
 #include "transfers/answer_body.h"
 
-#include "transfers/curl_handles.h"
+#include "transfers/exchange_failures.h"
 
 #include <new>
 #include <utility>
 
 namespace lookfar {
 
-Failure AnswerBody::too_large() {
-    return Failure(CURLE_FILESIZE_EXCEEDED, "The answer is larger than 64 MiB.");
-}
-
 bool AnswerBody::append(std::span<const char> bytes, std::string_view content_type) {
     if (bytes.size() > largest - bytes_.size())
-        return refuse(too_large());
+        return refuse(answer_too_large());
     try {
         if (bytes_.empty())
             begin(content_type);
         bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
         is_whole_part_ = first_part_ && first_part_->is_whole_in(bytes_);
     } catch (const std::bad_alloc&) {
-        return refuse(failure_of(CURLE_OUT_OF_MEMORY));
+        return refuse(too_little_memory_for_answer());
     }
     return !is_whole_part_;
 }

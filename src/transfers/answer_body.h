@@ -17,8 +17,6 @@ class AnswerBody {
   public:
     /// In bytes, with all parts of a multipart answer.
     static constexpr std::size_t largest = std::size_t{64} * 1024 * 1024;
-    /// What ends an answer that is larger.
-    static Failure too_large();
 
     /// Takes bytes behind those before. False where no more are wanted: the first part is whole, or
     /// the answer is refused.

@@ -1,13 +1,11 @@
 #include "transfers/curl_exchange.h"
 
-#include "runtime/text.h"
 #include "transfers/curl_transfers.h"
 
 #include <algorithm>
 #include <climits>
 #include <cstdint>
 #include <cstdlib>
-#include <new>
 #include <string>
 #include <utility>
 
@@ -25,16 +23,6 @@ constexpr const char* no_proxy = "";
 constexpr const char* all_encodings = "";
 /// Eight times what the library takes at once by itself.
 constexpr long most_bytes_at_once = 131072;
-
-/// The library ends a transfer with the same number where a single header line is too long for it.
-Failure header_too_large() {
-    return Failure(CURLE_OUT_OF_MEMORY, "The answer's header is too large.");
-}
-
-Failure packed_beyond_reading() {
-    return Failure(CURLE_BAD_CONTENT_ENCODING,
-                   "The camera's answer is compressed in a way that can't be unpacked.");
-}
 
 /// The library takes zero as "no limit" and refuses what does not fit an int.
 long timeout_milliseconds(std::chrono::milliseconds timeout) {
@@ -73,20 +61,14 @@ std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
 Failure CurlExchange::failure(CURLcode code) const {
     if (const auto& refusal = body_.refusal())
         return *refusal;
-    if (code == CURLE_FILESIZE_EXCEEDED)
-        return AnswerBody::too_large();
-    if (is_head_too_large_ || (code == CURLE_OUT_OF_MEMORY && is_reading_head()))
-        return header_too_large();
-    // The library fails to write what it can't unpack.
-    if (code == CURLE_BAD_CONTENT_ENCODING || code == CURLE_WRITE_ERROR)
-        return packed_beyond_reading();
-    if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_URL_MALFORMAT)
-        return Failure(code, is_reading_head()
-                                 ? "The camera's answer is not HTTP."
-                                 : "The camera redirects to no address of http or https.");
-    if (error_text_.front() != '\0')
-        return Failure(code, as_utf8(error_text_.data()));
-    return failure_of(code);
+    if (is_head_too_large_)
+        return answer_head_too_large();
+    long tunnel_status = 0;
+    curl_easy_getinfo(easy_.get(), CURLINFO_HTTP_CONNECTCODE, &tunnel_status);
+    return failure_of({.code = code,
+                       .stage = stage_,
+                       .tunnel_status = tunnel_status,
+                       .words = error_text_.data()});
 }
 
 template <class Value>
@@ -137,10 +119,17 @@ void CurlExchange::set_limits() {
 void CurlExchange::set_receiver() {
     set(CURLOPT_ERRORBUFFER, error_text_.data());
     set(CURLOPT_BUFFERSIZE, most_bytes_at_once);
+    set(CURLOPT_PREREQFUNCTION, &CurlExchange::begin_request);
+    set(CURLOPT_PREREQDATA, this);
     set(CURLOPT_HEADERFUNCTION, &CurlExchange::receive_header);
     set(CURLOPT_HEADERDATA, this);
     set(CURLOPT_WRITEFUNCTION, &CurlExchange::receive_body);
     set(CURLOPT_WRITEDATA, this);
+}
+
+int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
+    static_cast<CurlExchange*>(exchange)->stage_ = ExchangeStage::reading_head;
+    return CURL_PREREQFUNC_OK;
 }
 
 // The library ends the transfer if fewer bytes are taken than it gives.
@@ -154,7 +143,8 @@ std::size_t CurlExchange::receive_body(char* data, std::size_t, std::size_t size
 }
 
 bool CurlExchange::count_header(std::string_view line) {
-    is_head_complete_ = line == "\r\n" || line == "\n";
+    const bool is_last = line == "\r\n" || line == "\n";
+    stage_ = is_last ? ExchangeStage::reading_body : ExchangeStage::reading_head;
     header_size_ += line.size();
     is_head_too_large_ = header_size_ > CurlTransfers::largest_header;
     return !is_head_too_large_;
@@ -164,13 +154,6 @@ bool CurlExchange::append_body(std::span<const char> part) {
     const char* content_type = nullptr;
     curl_easy_getinfo(easy_.get(), CURLINFO_CONTENT_TYPE, &content_type);
     return body_.append(part, content_type ? content_type : "");
-}
-
-/// Whether the host was asked and has not sent the whole head of its answer.
-bool CurlExchange::is_reading_head() const {
-    long asked_bytes = 0;
-    curl_easy_getinfo(easy_.get(), CURLINFO_REQUEST_SIZE, &asked_bytes);
-    return asked_bytes > 0 && !is_head_complete_;
 }
 
 } // namespace lookfar

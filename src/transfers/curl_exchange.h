@@ -5,6 +5,7 @@
 #include "transfers/answer.h"
 #include "transfers/answer_body.h"
 #include "transfers/curl_handles.h"
+#include "transfers/exchange_failures.h"
 #include "transfers/last_answer.h"
 
 #include <array>
@@ -55,11 +56,11 @@ class CurlExchange {
     void set_limits();
     void set_receiver();
 
+    static int begin_request(void* exchange, char*, char*, int, int);
     static std::size_t receive_header(char* data, std::size_t, std::size_t size, void* exchange);
     static std::size_t receive_body(char* data, std::size_t, std::size_t size, void* exchange);
     bool count_header(std::string_view line);
     bool append_body(std::span<const char> part);
-    bool is_reading_head() const;
     Failure failure(CURLcode code) const;
 
     CURLM* multi_;
@@ -68,7 +69,7 @@ class CurlExchange {
     KnownAnswerReference known_;
     AnswerBody body_;
     std::size_t header_size_ = 0;
-    bool is_head_complete_ = false;
+    ExchangeStage stage_ = ExchangeStage::connecting;
     bool is_head_too_large_ = false;
     std::array<char, CURL_ERROR_SIZE> error_text_{};
     HeaderLines header_lines_;

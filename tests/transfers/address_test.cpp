@@ -56,7 +56,7 @@ TEST_F(Addresses, AreAskedForThroughAProxyUnlessThatIsNotWanted) {
     TransferRequest request = request_for("http://no-such-host.invalid/a");
     EXPECT_EQ(text_from(request), "by proxy");
     request.uses_proxies = false;
-    EXPECT_EQ(text_from(request), "failure 6: Could not resolve host: no-such-host.invalid");
+    EXPECT_EQ(text_from(request), "failure 6: The host name of the camera isn't known.");
 }
 
 TEST_F(Addresses, GiveTheirUserNameAndPasswordApart) {

@@ -41,7 +41,7 @@ TEST_F(Secrets, ShowInNoWindowAndNoLogWhetherTheyOpenTheCameraOrNot) {
     EXPECT_TRUE(comes_to_read(title::fullscreen_window, refused));
     expect_none_shown();
     cameras.reset();
-    EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label 'Failed to connect"));
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label 'The camera can't be reached."));
     expect_none_shown();
     const std::string log = program.readAll().toStdString();
     EXPECT_EQ(log.find("secret"), std::string::npos) << log;
