@@ -39,19 +39,18 @@ QDBusMessage request_to_portal() {
     return request;
 }
 
-/// What gives back the grant that an answer holds: the number that the screen saver gave it, or the
-/// path of the portal's object; nothing for a refusal. It goes to the very process that answered,
-/// since the number may mean another program's grant to one that has taken its place.
-std::optional<QDBusMessage> release_of(const QDBusMessage& answer) {
+/// What gives back the grant that the service's answer holds: the number that the screen saver gave
+/// it, or the path of the portal's object; nothing for a refusal.
+std::optional<QDBusMessage> release_of(const QString& service, const QDBusMessage& answer) {
     const QString grant = answer.signature();
     if (grant == QStringLiteral("u"))
         return QDBusMessage::createMethodCall(
-                   answer.service(), QStringLiteral("/org/freedesktop/ScreenSaver"),
+                   service, QStringLiteral("/org/freedesktop/ScreenSaver"),
                    QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("UnInhibit"))
                << answer.arguments().constFirst();
     if (grant == QStringLiteral("o"))
         return QDBusMessage::createMethodCall(
-            answer.service(), answer.arguments().constFirst().value<QDBusObjectPath>().path(),
+            service, answer.arguments().constFirst().value<QDBusObjectPath>().path(),
             QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close"));
     return std::nullopt;
 }
@@ -74,6 +73,12 @@ bool covers_screen(const QWidget* window) {
 }
 
 } // namespace
+
+ScreenWakefulness::ScreenWakefulness() {
+    connect(&grantor_, &QDBusServiceWatcher::serviceUnregistered, this,
+            [this] { release_.reset(); });
+    connect(&grantor_, &QDBusServiceWatcher::serviceRegistered, this, [this] { settle(); });
+}
 
 bool ScreenWakefulness::eventFilter(QObject* watched, QEvent* event) {
     if (may_cover_or_bare_screen(event->type()))
@@ -105,19 +110,19 @@ void ScreenWakefulness::ask(QList<QDBusMessage> requests) {
         return;
     const QDBusMessage request = requests.takeFirst();
     auto& call = *owned_by_qt<QDBusPendingCallWatcher>(bus.asyncCall(request), this);
-    connect(&call, &QDBusPendingCallWatcher::finished, this, [this, &call, requests] {
+    connect(&call, &QDBusPendingCallWatcher::finished, this, [this, &call, request, requests] {
         call.deleteLater();
-        take_answer(call.reply(), requests);
+        release_ = release_of(request.service(), call.reply());
+        if (release_)
+            keep_grant_of(request.service());
+        else
+            ask(requests);
     });
 }
 
-void ScreenWakefulness::take_answer(const QDBusMessage& answer,
-                                    const QList<QDBusMessage>& other_requests) {
-    release_ = release_of(answer);
-    if (!release_) {
-        ask(other_requests);
-        return;
-    }
+void ScreenWakefulness::keep_grant_of(const QString& service) {
+    grantor_.setConnection(QDBusConnection::sessionBus());
+    grantor_.setWatchedServices({service});
     is_asking_ = false;
     settle();
 }

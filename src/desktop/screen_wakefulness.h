@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QDBusServiceWatcher>
 #include <QList>
 #include <QObject>
 
@@ -13,10 +14,11 @@ namespace lookfar::desktop {
 ///
 /// It asks the screen saver over the session's bus, or the desktop's portal where there is no
 /// screen saver. Where neither grants the wish the screen does as it likes, and nothing is said. No
-/// answer is waited for.
+/// answer is waited for. A service that takes the place of the one that granted the wish is asked
+/// anew: the grant was the old one's, and its number may mean another program's to the new one.
 class ScreenWakefulness : public QObject {
   public:
-    ScreenWakefulness() = default;
+    ScreenWakefulness();
     ScreenWakefulness(const ScreenWakefulness&) = delete;
     ScreenWakefulness& operator=(const ScreenWakefulness&) = delete;
     ~ScreenWakefulness() override { end(); }
@@ -33,12 +35,14 @@ class ScreenWakefulness : public QObject {
     void settle();
     /// Makes the first of the requests, and the others where that is refused.
     void ask(QList<QDBusMessage> requests);
-    void take_answer(const QDBusMessage& answer, const QList<QDBusMessage>& other_requests);
+    void keep_grant_of(const QString& service);
 
     bool is_wanted_ = false;
     bool is_asking_ = false;
     /// Gives back what was granted; nothing where nothing was.
     std::optional<QDBusMessage> release_;
+    /// Watches the service that granted the wish last.
+    QDBusServiceWatcher grantor_;
 };
 
 } // namespace lookfar::desktop
