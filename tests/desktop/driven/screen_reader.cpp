@@ -26,6 +26,13 @@ std::string taken(gchar* text) {
     return own ? own.get() : std::string();
 }
 
+/// The words of the bus, but for the role whose name depends on its version.
+std::string role_of(AtspiAccessible* accessible) {
+    return atspi_accessible_get_role(accessible, nullptr) == ATSPI_ROLE_PUSH_BUTTON
+               ? "push button"
+               : taken(atspi_accessible_get_role_name(accessible, nullptr));
+}
+
 /// The address that is in force now. The library would rather take one that an earlier session
 /// left on the X server.
 QByteArray accessibility_bus_address() {
@@ -48,7 +55,7 @@ std::string Element::name() const {
 }
 
 std::string Element::description() const {
-    const auto role = taken(atspi_accessible_get_role_name(accessible_.get(), nullptr));
+    const std::string role = role_of(accessible_.get());
     const auto field = owned(atspi_accessible_get_text_iface(accessible_.get()));
     const std::string content =
         field && role == "text"

@@ -28,7 +28,7 @@ class Element {
 
     std::string name() const;
     /// Role and name, and what an input field holds, as in "push button 'Ok'" or
-    /// "text 'Seconds' holding '10'". The bus has its own words for the roles.
+    /// "text 'Seconds' holding '10'".
     std::string description() const;
 
     bool is(State state) const;
