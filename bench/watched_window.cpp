@@ -1,10 +1,8 @@
 #include "watched_window.h"
 
 #include <array>
-#include <cstdlib>
 #include <cstring>
 #include <poll.h>
-#include <span>
 #include <stdexcept>
 
 namespace lookfar::bench {
@@ -12,26 +10,16 @@ namespace lookfar::bench {
 namespace {
 
 constexpr int longest_wait = 10'000;
-constexpr std::uint16_t side = 20;
-
-struct Freed {
-    // The X library gives its replies away as memory to free.
-    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc,cppcoreguidelines-owning-memory)
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-template <class Type>
-using Reply = std::unique_ptr<Type, Freed>;
+constexpr int side = 20;
 
 } // namespace
 
 WatchedWindow::WatchedWindow(xcb_window_t window)
-    : connection_(xcb_connect(nullptr, nullptr)), window_(window) {
-    if (xcb_connection_has_error(connection_.get()) != 0)
-        throw std::runtime_error("There is no X server.");
-    root_ = xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data->root;
-    protocols_ = atom("WM_PROTOCOLS");
-    ping_ = atom("_NET_WM_PING");
+    : connection_(connect_to_x_server()),
+      window_(window),
+      root_(root_window(*connection_)),
+      protocols_(atom("WM_PROTOCOLS")),
+      ping_(atom("_NET_WM_PING")) {
     // Toolkits differ in whom of those that watch the root window they answer.
     constexpr std::uint32_t answers =
         XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
@@ -54,17 +42,7 @@ std::vector<std::uint8_t> WatchedWindow::pixels() const {
         xcb_get_geometry_reply(connection_.get(), size_question, nullptr));
     if (!size)
         throw std::runtime_error("The window is gone.");
-    const auto question =
-        xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window_,
-                      static_cast<std::int16_t>(size->width / 2),
-                      static_cast<std::int16_t>(size->height * 3 / 5), side, side, ~0U);
-    const Reply<xcb_get_image_reply_t> image(
-        xcb_get_image_reply(connection_.get(), question, nullptr));
-    if (!image)
-        throw std::runtime_error("The window can't be seen.");
-    const std::span bytes(xcb_get_image_data(image.get()),
-                          static_cast<std::size_t>(xcb_get_image_data_length(image.get())));
-    return {bytes.begin(), bytes.end()};
+    return pixels_of_square(*connection_, window_, size->width / 2, size->height * 3 / 5, side);
 }
 
 void WatchedWindow::ping() {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "x_server.h"
+
 #include <cstdint>
-#include <memory>
 #include <string_view>
 #include <vector>
-#include <xcb/xcb.h>
 
 namespace lookfar::bench {
 
@@ -21,15 +21,11 @@ class WatchedWindow {
     void ping();
 
   private:
-    struct Disconnected {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
     xcb_atom_t atom(std::string_view name) const;
     bool is_answer(const xcb_generic_event_t& event) const;
     void wait_for_event() const;
 
-    std::unique_ptr<xcb_connection_t, Disconnected> connection_;
+    XConnection connection_;
     xcb_window_t window_;
     xcb_window_t root_;
     xcb_atom_t protocols_;
