@@ -68,11 +68,7 @@ class Reader {
   public:
     explicit Reader(std::span<const std::uint8_t> bytes) : content_(bytes), reader_(&content_) {
         raise_allocation_limit();
-        // To ask every plugin whether the content is its own takes long.
-        if (starts_jpeg(bytes))
-            reader_.setFormat("jpeg");
-        else
-            reader_.setDecideFormatFromContent(true);
+        choose_format(bytes);
         format_ = reader_.format().toStdString();
         if (!is_picture_format(format_))
             refuse("The camera's answer is not a picture.");
@@ -95,6 +91,17 @@ class Reader {
     }
 
   private:
+    /// To ask every plugin whether the content is its own takes long, since each of them is loaded.
+    void choose_format(std::span<const std::uint8_t> bytes) {
+        const bool is_jpeg = starts_jpeg(bytes);
+        if (!is_jpeg && !starts_png(bytes)) {
+            reader_.setDecideFormatFromContent(true);
+            return;
+        }
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setFormat(is_jpeg ? "jpeg" : "png");
+    }
+
     /// Those of the reader's own format, and of the same with three bytes and the opacity.
     int bytes_for_each_pixel() const {
         constexpr int bits_per_byte = 8;

@@ -1,5 +1,7 @@
 #include "runtime/pictures/picture_loader.h"
 
+#include "runtime/pictures/picture_formats.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -28,6 +30,12 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 }
 
 } // namespace
+
+const std::string& PictureLoader::media_types() {
+    if (!media_types_)
+        media_types_ = readable_media_types();
+    return *media_types_;
+}
 
 void PictureLoader::remember(DecodedBodyReference body) {
     last_body_ = std::move(body);

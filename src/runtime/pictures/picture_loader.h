@@ -2,7 +2,6 @@
 
 #include "runtime/files/disk.h"
 #include "runtime/pictures/decoded_body.h"
-#include "runtime/pictures/picture_formats.h"
 
 #include <optional>
 #include <string>
@@ -14,7 +13,7 @@ namespace lookfar {
 class PictureLoader {
   public:
     /// The media types of the pictures that can be decoded, as a list for an Accept header.
-    const std::string& media_types() const { return media_types_; }
+    const std::string& media_types();
     /// Decodes the body of the next answer ahead, on the thread of its transfer.
     BodyDecoder decoder_ahead() const { return body_decoder(memory_, last_body_); }
     /// Keeps the body of an answer in mind, with what was decoded from it.
@@ -28,7 +27,8 @@ class PictureLoader {
   private:
     bool is_good(DiskFile& file);
 
-    std::string media_types_ = readable_media_types();
+    /// Nothing until they are asked for: all decoders are loaded for the answer.
+    std::optional<std::string> media_types_;
     PixelMemory memory_;
     DecodedBodyReference last_body_;
     /// In this state a file began with the last body, and need not be read again.
