@@ -17,7 +17,10 @@
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QDesktopServices>
+#include <QImageReader>
 #include <QPixmap>
 #include <QScreen>
 #include <QTime>
@@ -34,11 +37,20 @@ namespace lookfar {
 
 namespace {
 
+QImage decoded_png(std::span<const std::uint8_t> file) {
+    QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
+                                               static_cast<qsizetype>(file.size()));
+    QBuffer content(&bytes);
+    QImageReader reader(&content, "png");
+    // All plugins would be loaded to be asked.
+    reader.setAutoDetectImageFormat(false);
+    return reader.read();
+}
+
 QIcon icon_of(const std::vector<std::span<const std::uint8_t>>& files) {
     QIcon icon;
     for (const auto& file : files)
-        icon.addPixmap(
-            QPixmap::fromImage(QImage::fromData(file.data(), static_cast<int>(file.size()))));
+        icon.addPixmap(QPixmap::fromImage(decoded_png(file)));
     return icon;
 }
 
@@ -58,7 +70,7 @@ struct DesktopPlatform::Parts {
     Parts(int& argument_count, char** arguments,
           const std::vector<std::span<const std::uint8_t>>& icons)
         : application(argument_count, arguments),
-          windows(icon_of(icons), change_reporter),
+          windows([icons] { return icon_of(icons); }, change_reporter),
           input_synchroniser(windows) {
         prepare();
         application.installEventFilter(&input_synchroniser);

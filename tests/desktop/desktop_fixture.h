@@ -4,6 +4,7 @@
 #include "desktop/waiting.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
+#include "resources/resources.h"
 #include "runtime/controls/control.h"
 #include "runtime/form.h"
 #include "runtime/pictures/picture_decoder.h"
@@ -70,7 +71,7 @@ class DesktopTest : public testing::Test {
     int argument_count = 1;
     std::string name = "desktop_test";
     std::array<char*, 2> arguments{name.data(), nullptr};
-    DesktopPlatform platform{argument_count, arguments.data(), {}};
+    DesktopPlatform platform{argument_count, arguments.data(), resources::icons()};
     Runtime runtime{platform};
 };
 

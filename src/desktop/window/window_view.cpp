@@ -34,8 +34,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     // The drawn controls fill every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(shown_text(form.AccessibleName));
-    if (form.HasIcon)
-        setWindowIcon(icon);
+    take_icon(icon);
     constexpr std::chrono::seconds longest_coming_up(2);
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);
@@ -45,6 +44,11 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     update_.setSingleShot(true);
     update_.setInterval(behind_the_ticks);
     update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
+}
+
+void WindowView::take_icon(const QIcon& icon) {
+    if (form_ && form_->HasIcon)
+        setWindowIcon(icon);
 }
 
 void WindowView::synchronise_window() {

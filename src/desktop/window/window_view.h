@@ -33,6 +33,8 @@ class WindowView : public QWidget {
   public:
     WindowView(Form& form, Windows& windows, const QIcon& icon);
 
+    /// Takes the icon, if the form says that it has one.
+    void take_icon(const QIcon& icon);
     /// Takes over what the form itself says.
     void synchronise_window();
     /// Takes over what a control says.

@@ -16,8 +16,8 @@
 
 namespace lookfar::desktop {
 
-Windows::Windows(QIcon icon, WindowObserver& observer)
-    : icon_(std::move(icon)), observer_(observer) {}
+Windows::Windows(std::function<QIcon()> make_icon, WindowObserver& observer)
+    : make_icon_(std::move(make_icon)), observer_(observer) {}
 
 Windows::~Windows() {
     const UserActions::Suspension suspension(actions_);
@@ -64,16 +64,29 @@ void Windows::synchronise() {
         synchronise(*element);
     for (const auto& view : std::views::values(views_))
         view->take_edited_pictures();
+    if (is_any_coming_up())
+        return;
     hide_leaving();
+    take_icon();
+}
+
+bool Windows::is_any_coming_up() const {
+    return std::ranges::any_of(std::views::values(views_),
+                               [](const auto& view) { return view->is_coming_up(); });
 }
 
 void Windows::hide_leaving() {
-    const auto views = std::views::values(views_);
-    if (std::ranges::any_of(views, [](const auto& view) { return view->is_coming_up(); }))
-        return;
-    for (const auto& view : views)
+    for (const auto& view : std::views::values(views_))
         if (view->is_leaving())
             view->hide();
+}
+
+void Windows::take_icon() {
+    if (!make_icon_ || views_.empty())
+        return;
+    icon_ = std::exchange(make_icon_, nullptr)();
+    for (const auto& view : std::views::values(views_))
+        view->take_icon(icon_);
 }
 
 void Windows::synchronise(Element& element) {

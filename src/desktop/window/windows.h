@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QObject>
 
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -32,7 +33,8 @@ class WindowView;
 /// before a window paints, before the user's next action and after it.
 class Windows {
   public:
-    Windows(QIcon icon, WindowObserver& observer);
+    /// The icon is made once the first window is painted, since that takes long.
+    Windows(std::function<QIcon()> make_icon, WindowObserver& observer);
     Windows(const Windows&) = delete;
     Windows& operator=(const Windows&) = delete;
     ~Windows();
@@ -66,9 +68,13 @@ class Windows {
   private:
     void synchronise(Element& element);
     void synchronise_window(Form& form);
+    bool is_any_coming_up() const;
     void hide_leaving();
+    void take_icon();
     TiedWidget<WindowView> make_view(Form& form);
 
+    /// Nothing once the icon is made.
+    std::function<QIcon()> make_icon_;
     QIcon icon_;
     WindowObserver& observer_;
     UserActions actions_{[this] { synchronise(); }};

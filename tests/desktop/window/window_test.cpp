@@ -130,10 +130,9 @@ TEST_F(WindowTest, ComesBackAndForwardWhenItIsShownWhileItIsMinimised) {
 TEST_F(WindowTest, IsCentredWithItsFrame) {
     Form centred(runtime, {.Client = {3000, 1500}, .CentredOnScreen = true});
     show(centred);
-    const QRect screen = window(centred).screen()->geometry();
+    const QPoint centre = window(centred).screen()->geometry().center();
     EXPECT_TRUE(comes_true([&] {
-        const QPoint off = window(centred).frameGeometry().center() - screen.center();
-        return off.manhattanLength() <= 1;
+        return (window(centred).frameGeometry().center() - centre).manhattanLength() <= 1;
     }));
     EXPECT_GT(window(centred).frameGeometry().height(), 100) << "the window has a frame";
 }
@@ -156,6 +155,8 @@ TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
     QTest::mouseClick(&widget(form.Command1), Qt::LeftButton);
     EXPECT_EQ(clicks, 0);
     EXPECT_TRUE(comes_true([&] { return !window(form).isVisible(); }));
+    EXPECT_EQ(window(form).windowIcon().availableSizes().size(), 8);
+    EXPECT_EQ(window(successor).windowIcon().availableSizes().size(), 8);
     successor.Hide();
     let_loop_come_round();
     EXPECT_FALSE(window(successor).isVisible()) << "nobody comes after it";
