@@ -92,6 +92,7 @@ struct DesktopPlatform::Parts {
     /// Receives what is posted.
     QObject loop;
     std::unique_ptr<Disk> disk = make_posix_disk();
+    /// Nothing until the first transfer: to start the library takes time that the windows need.
     std::unique_ptr<CurlTransfers> transfers;
 };
 
@@ -105,8 +106,6 @@ DesktopPlatform::make_parts(int& argument_count, char** arguments,
 DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
                                  const std::vector<std::span<const std::uint8_t>>& icons)
     : parts_(make_parts(argument_count, arguments, icons)) {
-    parts_->transfers = std::make_unique<CurlTransfers>(
-        [this](std::function<void()> work) { post(std::move(work)); });
     parts_->wake_timer.setSingleShot(true);
     parts_->wake_timer.setTimerType(Qt::PreciseTimer);
     // Queued, so that what the user has done by then comes before the ticks. They may take long,
@@ -184,6 +183,9 @@ Disk& DesktopPlatform::disk() {
 
 std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest request,
                                                           TransferDone done) {
+    if (!parts_->transfers)
+        parts_->transfers = std::make_unique<CurlTransfers>(
+            [this](std::function<void()> work) { post(std::move(work)); });
     return parts_->transfers->start(std::move(request), std::move(done));
 }
 

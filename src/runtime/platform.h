@@ -64,7 +64,8 @@ class Platform {
 
     virtual ScreenMetrics screen() const = 0;
     virtual Disk& disk() = 0;
-    /// Starts a transfer and reports its outcome from the message loop.
+    /// Starts a transfer and reports its outcome from the message loop. Throws a Failure where none
+    /// can be started.
     virtual std::unique_ptr<Transfer> start_transfer(TransferRequest request,
                                                      TransferDone done) = 0;
 
