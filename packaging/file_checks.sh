@@ -130,7 +130,7 @@ check_manual_pages() {
 check_debian_rules() {
     echo "The rules of Debian"
     lintian --allow-root --display-info --pedantic --fail-on error,warning,info,pedantic \
-        --suppress-tags spelling-error-in-binary "$made"/*.dsc "$1"
+        --suppress-tags spelling-error-in-binary "$made"/*.dsc "$made"/*.deb
 }
 
 check_files() {
@@ -140,5 +140,5 @@ check_files() {
     check_appstream_data
     check_icons
     check_manual_pages
-    check_debian_rules "$1"
+    check_debian_rules
 }
