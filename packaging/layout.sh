@@ -10,10 +10,12 @@ icon_sizes=("${icon_sizes[@]#*-}")
 icon_sizes=("${icon_sizes[@]%.png}")
 menu_icon_size=512
 
-# What is made of the sources: the source package, which is unpacked and built there, and the binary
-# one.
+# What is made of the sources: the source package, which is unpacked and built there, the log of
+# that build, and the binary packages; and what a second build makes.
 made=$PWD/build/debian
 sources=$made/sources
+build_log=$made/build.log
+again=$made/again
 
 # The files that `cmake --install` lays out, and those of the binary package.
 work=$made/checked

@@ -91,8 +91,11 @@ install_test_packages() {
 install_packaging_packages() {
     install_missing_packages \
         appstream \
+        binutils \
+        blhc \
         debhelper \
         desktop-file-utils \
+        diffoscope-minimal \
         dpkg-dev \
         file \
         imagemagick \
