@@ -6,15 +6,24 @@
 #include "program.h"
 #include "runtime/message_box.h"
 
-#include <regex>
+#include <string>
+#include <string_view>
 
 namespace lookfar {
 
 namespace {
 
 /// A line end of the list file would part a record; it becomes a blank. A lone LF ends no line.
-std::string on_one_line(const std::string& text) {
-    return std::regex_replace(text, std::regex("\r\n?"), " ");
+std::string on_one_line(std::string_view text) {
+    std::string line;
+    char before = '\0';
+    for (const char character : text) {
+        const bool goes_on_with_line_end = before == '\r' && character == '\n';
+        if (!goes_on_with_line_end)
+            line += character == '\r' ? ' ' : character;
+        before = character;
+    }
+    return line;
 }
 
 } // namespace
@@ -56,14 +65,14 @@ void CameraEditor::Command1_Click() {
         [&] { catalogue::refill(runtime.files(), Form3->selector_lists()); },
         [&] { Form1->Combo1.ListIndex = 0; },
         [&] { Form2->Combo1.ListIndex = 0; },
-        [&] { Form3->List1.Text = on_one_line(Text1.Text); },
+        [&] { Form3->List1.Text = on_one_line(Text1.Text.get()); },
         [&] { Form3->Show(); },
     });
 }
 
 catalogue::Save CameraEditor::what_is_saved() {
     catalogue::Save save{
-        .camera = {.title = on_one_line(Text1.Text), .url = on_one_line(Text2.Text)},
+        .camera = {.title = on_one_line(Text1.Text.get()), .url = on_one_line(Text2.Text.get())},
         .replaced_title = std::nullopt,
         .may_overwrite = [this] { return may_overwrite(); },
         .lines_are_copied = [this] { Hide(); }};
