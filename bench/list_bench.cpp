@@ -71,7 +71,7 @@ struct Times {
     double removal = reading;
 
     void take_less(const Times& others) {
-        for (double Times::*const each :
+        for (double Times::* const each :
              {&Times::reading, &Times::copying, &Times::start_up, &Times::save, &Times::removal})
             this->*each = std::min(this->*each, others.*each);
     }

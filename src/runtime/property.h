@@ -55,17 +55,19 @@ class Property {
         owner_.changed();
     }
 
-    friend bool operator==(const Property& left,
-                           const Property& right) requires(!std::is_arithmetic_v<Value>) {
+    friend bool operator==(const Property& left, const Property& right)
+        requires(!std::is_arithmetic_v<Value>)
+    {
         return left.value_ == right.value_;
     }
-    friend bool operator==(const Property& left,
-                           const Value& right) requires(!std::is_arithmetic_v<Value>) {
+    friend bool operator==(const Property& left, const Value& right)
+        requires(!std::is_arithmetic_v<Value>)
+    {
         return left.value_ == right;
     }
-    friend std::string
-    operator+(const std::string& left,
-              const Property& right) requires std::is_same_v<Value, std::string> {
+    friend std::string operator+(const std::string& left, const Property& right)
+        requires std::is_same_v<Value, std::string>
+    {
         return left + right.value_;
     }
 
@@ -93,21 +95,24 @@ class DerivedProperty {
         return *this;
     }
 
-    friend bool operator==(const DerivedProperty& left,
-                           const Property<Value>& right) requires(!std::is_arithmetic_v<Value>) {
+    friend bool operator==(const DerivedProperty& left, const Property<Value>& right)
+        requires(!std::is_arithmetic_v<Value>)
+    {
         return left.get() == right.get();
     }
-    friend bool operator==(const DerivedProperty& left,
-                           const DerivedProperty& right) requires(!std::is_arithmetic_v<Value>) {
+    friend bool operator==(const DerivedProperty& left, const DerivedProperty& right)
+        requires(!std::is_arithmetic_v<Value>)
+    {
         return left.get() == right.get();
     }
-    friend bool operator==(const DerivedProperty& left,
-                           const Value& right) requires(!std::is_arithmetic_v<Value>) {
+    friend bool operator==(const DerivedProperty& left, const Value& right)
+        requires(!std::is_arithmetic_v<Value>)
+    {
         return left.get() == right;
     }
-    friend std::string
-    operator+(const std::string& left,
-              const DerivedProperty& right) requires std::is_same_v<Value, std::string> {
+    friend std::string operator+(const std::string& left, const DerivedProperty& right)
+        requires std::is_same_v<Value, std::string>
+    {
         return left + right.get();
     }
 

@@ -96,9 +96,7 @@ TEST_F(Fetch, WithoutRoomOnTheDiskSaysSoAndLeavesNoFileOpen) {
 TEST_F(Fetch, ShowsNoPictureOfAnotherProgramInTheSameFolder) {
     const Bytes theirs = detailed_jpeg(64, 48);
     const std::function<void()> works[] = {
-        [&] {
-            write_file("data.dat", {theirs.begin(), theirs.end()});
-        },
+        [&] { write_file("data.dat", {theirs.begin(), theirs.end()}); },
         [] { std::filesystem::remove("data.dat"); },
         [] { write_file("data.dat", ""); },
     };

@@ -49,7 +49,7 @@ std::string followed(std::string path) {
 }
 
 std::optional<struct stat> status_of(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path.c_str(), &status) == 0)
         return status;
     if (errno != ENOENT)

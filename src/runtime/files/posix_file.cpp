@@ -109,7 +109,7 @@ bool PosixFile::lock() const {
 }
 
 struct stat PosixFile::status() const {
-    struct stat status {};
+    struct stat status{};
     if (::fstat(descriptor_, &status) == -1)
         throw disk_failure(path_, errno);
     return status;

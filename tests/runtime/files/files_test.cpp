@@ -109,7 +109,7 @@ TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
 
 /// What the system says of the file itself, or of the link.
 struct stat status_of(const std::string& path) {
-    struct stat status {};
+    struct stat status{};
     EXPECT_EQ(::lstat(path.c_str(), &status), 0) << path;
     return status;
 }
