@@ -31,7 +31,7 @@ constexpr std::array sentences{
     Sentence{CURLE_COULDNT_CONNECT, "The camera can't be reached."},
     Sentence{CURLE_HTTP2, not_received},
     Sentence{CURLE_PARTIAL_FILE, "The camera's answer ends too early."},
-    Sentence{CURLE_OUT_OF_MEMORY, "There is too little memory for the camera's answer."},
+    Sentence{CURLE_OUT_OF_MEMORY, "There is not enough memory for the camera's answer."},
     Sentence{CURLE_OPERATION_TIMEDOUT, "The wait for the camera's picture has timed out."},
     Sentence{CURLE_SSL_CONNECT_ERROR, "No secure connection to the camera can be made."},
     Sentence{CURLE_TOO_MANY_REDIRECTS, "The camera redirects too many times."},
