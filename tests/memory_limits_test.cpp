@@ -29,8 +29,10 @@ std::size_t bytes_in_use() {
 class MemoryLimit {
   public:
     explicit MemoryLimit(std::size_t bytes) {
-        // What was freed before would be used first.
+        // What was freed before would be used first: by others in pieces, and in whole by the tests
+        // that ran in this process before.
         ::malloc_trim(0);
+        ::mallopt(M_MMAP_THRESHOLD, 1 << 17);
         ::getrlimit(RLIMIT_AS, &old_);
         const rlimit limited{.rlim_cur = bytes_in_use() + bytes, .rlim_max = old_.rlim_max};
         ::setrlimit(RLIMIT_AS, &limited);

@@ -29,7 +29,8 @@ class Window {
     bool is_loaded() const { return instance_ != nullptr; }
 
   private:
-    void load() {
+    /// Cold, since the compiler would else lay its code into every use of a window.
+    [[gnu::cold]] void load() {
         instance_ = make_();
         instance_->release_ = [this] { runtime_.retire(std::move(instance_)); };
         instance_->Initialize.raise();
