@@ -48,10 +48,30 @@ check_systems_without_dpkg() {
         $'There is no dpkg here, so nothing is installed; what is missing will be named.\nIt goes on.'
 }
 
+# Plays a command of apt's that another program keeps from its work at the first time, and that
+# fails for another reason at the third.
+be_apt() {
+    echo "once more" >>"$work/tries"
+    case $(wc -l <"$work/tries") in
+        1) echo "E: Could not get lock /var/lib/dpkg/lock-frontend." >&2 && return 100 ;;
+        2) echo "Done." ;;
+        *) echo "E: There is no such package." >&2 && return 100 ;;
+    esac
+}
+
+check_waiting_for_apt() {
+    rm -f "$work/tries"
+    expect_text "A busy apt" "$(when_apt_is_free be_apt 2>&1)" \
+        $'Another program is using apt; waiting until it is done.\nDone.'
+    expect_text "A failing apt" "$(when_apt_is_free be_apt 2>&1 || echo "It fails.")" \
+        $'E: There is no such package.\nIt fails.'
+}
+
 check_scripts() {
     check_shell_scripts
     echo "What the scripts say"
     check_help
     check_folder_of_run
     check_systems_without_dpkg
+    check_waiting_for_apt
 }

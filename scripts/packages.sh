@@ -20,7 +20,26 @@ can_install_packages() {
 run_apt_get() {
     local as_root=()
     ((EUID == 0)) || as_root=(sudo)
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get --quiet --yes "$@"
+    when_apt_is_free "${as_root[@]}" env LC_ALL=C DEBIAN_FRONTEND=noninteractive \
+        apt-get --quiet --yes "$@"
+}
+
+# Runs a command of apt. While another program has apt's locks it is tried again, for some minutes:
+# a fresh machine updates itself. (apt can wait by itself, but only for one of its locks.)
+when_apt_is_free() {
+    local longest_seconds=900 start=$SECONDS told=false errors status
+    while true; do
+        status=0
+        { errors=$("$@" 2>&1 >&3) || status=$?; } 3>&1
+        if ((status == 0 || SECONDS - start >= longest_seconds)) ||
+            [[ $errors != *"Could not get lock"* ]]; then
+            [[ -z $errors ]] || echo "$errors" >&2
+            return "$status"
+        fi
+        "$told" || echo "Another program is using apt; waiting until it is done." >&2
+        told=true
+        sleep 2
+    done
 }
 
 download_and_install() {
