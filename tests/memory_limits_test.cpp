@@ -29,8 +29,8 @@ std::size_t bytes_in_use() {
 class MemoryLimit {
   public:
     explicit MemoryLimit(std::size_t bytes) {
-        // What was freed before would be used first: by others in pieces, and in whole by the tests
-        // that ran in this process before.
+        // What this and other tests have freed would be used first. A fixed threshold keeps large
+        // blocks from being kept for that.
         ::malloc_trim(0);
         ::mallopt(M_MMAP_THRESHOLD, 1 << 17);
         ::getrlimit(RLIMIT_AS, &old_);
