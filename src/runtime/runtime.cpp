@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <utility>
 
 namespace lookfar {
@@ -117,6 +118,9 @@ void Runtime::deliver(const std::function<void()>& handler) {
         handler();
     } catch (const Failure& failure) {
         platform_.report_untrapped(failure);
+    } catch (const std::exception& other) {
+        // Too little memory, above all. The platform's own loop is not made for it to pass.
+        platform_.report_untrapped(Failure(0, other.what()));
     }
 }
 

@@ -62,8 +62,8 @@ class Runtime {
     /// The time of day as hh:mm:ss, on a 24-hour clock.
     std::string TimeOfDay() const;
 
-    /// Runs a handler for the message loop. A failure that the handler doesn't trap ends it, and
-    /// is reported to the platform.
+    /// Runs a handler for the message loop. A failure that the handler doesn't trap, or any other
+    /// exception, ends it and is reported to the platform.
     void deliver(const std::function<void()>& handler);
 
     /// Serves the ticks that follow what a handler has changed.

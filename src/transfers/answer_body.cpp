@@ -2,6 +2,7 @@
 
 #include "transfers/exchange_failures.h"
 
+#include <cstddef>
 #include <new>
 #include <utility>
 
@@ -27,10 +28,13 @@ void AnswerBody::begin(std::string_view content_type) {
 }
 
 Bytes AnswerBody::take() {
-    if (!first_part_)
-        return std::move(bytes_);
-    const auto part = first_part_->part_of(bytes_);
-    return {part.begin(), part.end()};
+    if (first_part_) {
+        const auto part = first_part_->part_of(bytes_);
+        const auto head = part.data() - bytes_.data();
+        bytes_.resize(static_cast<std::size_t>(head) + part.size());
+        bytes_.erase(bytes_.begin(), bytes_.begin() + head);
+    }
+    return std::move(bytes_);
 }
 
 bool AnswerBody::refuse(Failure failure) {

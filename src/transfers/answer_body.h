@@ -26,7 +26,8 @@ class AnswerBody {
     bool is_whole_part() const { return is_whole_part_; }
     const std::optional<Failure>& refusal() const { return refusal_; }
 
-    /// What has come of it, which is the whole body where the transfer has ended well.
+    /// What has come of it, which is the whole body where the transfer has ended well. Takes no
+    /// memory.
     Bytes take();
 
   private:

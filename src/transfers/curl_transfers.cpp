@@ -1,9 +1,11 @@
 #include "transfers/curl_transfers.h"
 
 #include "transfers/curl_exchange.h"
+#include "transfers/exchange_failures.h"
 
 #include <algorithm>
 #include <mutex>
+#include <new>
 #include <stop_token>
 #include <thread>
 #include <utility>
@@ -15,7 +17,7 @@ namespace {
 
 constexpr int longest_poll_milliseconds = 10'000;
 
-void report(TransferTicket& ticket) {
+void hand_over(TransferTicket& ticket) {
     if (const TransferDone done = std::exchange(ticket.done, nullptr))
         done(std::move(ticket.outcome));
 }
@@ -68,11 +70,21 @@ class CurlTransfers::Worker {
     }
 
     void start(const std::shared_ptr<TransferTicket>& ticket) {
-        try {
+        report_failure_of(ticket, [&] {
             running_.push_back(std::make_unique<CurlExchange>(
                 multi_.get(), ticket, last_answer_.known_at(ticket->request.url)));
+        });
+    }
+
+    /// Reports in the transfer's place what the step throws.
+    template <class Step>
+    void report_failure_of(const std::shared_ptr<TransferTicket>& ticket, const Step& step) {
+        try {
+            step();
         } catch (const Failure& failure) {
             post_report(ticket, failure);
+        } catch (const std::bad_alloc&) {
+            post_report(ticket, too_little_memory_for_answer());
         }
     }
 
@@ -93,17 +105,21 @@ class CurlTransfers::Worker {
             running_, [handle](const auto& exchange) { return exchange->is_on(handle); });
         const auto exchange = std::move(*found);
         running_.erase(found);
-        const auto& ticket = exchange->ticket();
-        if (auto end = exchange->take_answer(code); auto* const answer = std::get_if<Answer>(&end))
+        report_failure_of(exchange->ticket(), [&] { report(*exchange, code); });
+    }
+
+    void report(CurlExchange& exchange, CURLcode code) {
+        const auto& ticket = exchange.ticket();
+        if (auto end = exchange.take_answer(code); auto* const answer = std::get_if<Answer>(&end))
             post_report(ticket, last_answer_.outcome_of(std::move(*answer), ticket->request,
-                                                        exchange->known()));
+                                                        exchange.known()));
         else
             post_report(ticket, std::get<Failure>(end));
     }
 
     void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {
         ticket->outcome = std::move(outcome);
-        post_([ticket] { report(*ticket); });
+        post_([ticket] { hand_over(*ticket); });
     }
 
     const Post post_;

@@ -157,6 +157,8 @@ TEST_F(Properties, AnUntrappedFailureEndsOnlyItsHandler) {
     runtime.deliver([] { throw Failure(7, "untrapped"); });
     ASSERT_EQ(platform.untrapped.size(), 1U);
     EXPECT_EQ(platform.untrapped[0].Number, 7);
+    runtime.deliver([] { throw std::bad_alloc(); });
+    EXPECT_EQ(platform.untrapped.size(), 2U);
 }
 
 } // namespace

@@ -40,6 +40,16 @@ TEST_F(Transfers, SayInTheProgramsWordsWhyThereIsNoConnection) {
               "failure 56: The proxy does not connect to the camera (400).");
 }
 
+TEST_F(Transfers, FailWhereTheirBodyIsTooMuchForTheMemory) {
+    TransferRequest request = request_for(server.url("/hello"));
+    request.decode = [](const Bytes&, const std::string&) -> DecodedBodyReference {
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(text_from(request),
+              "failure 27: There is not enough memory for the camera's answer.");
+    EXPECT_EQ(text_at("/hello"), "hello");
+}
+
 TEST_F(Transfers, TellHostsWhoAsksAndForWhatOverOneConnection) {
     for (int count = 0; count < 3; ++count)
         EXPECT_EQ(text_at("/hello"), "hello");

@@ -21,7 +21,7 @@ struct DecodedBody {
 using DecodedBodyReference = std::shared_ptr<const DecodedBody>;
 
 /// Decodes a body on the thread of a transfer. Where the body is in no format of pictures that is
-/// read, its failure has the text of the complaint. Throws nothing.
+/// read, its failure has the text of the complaint. Throws nothing but std::bad_alloc.
 using BodyDecoder = std::function<DecodedBodyReference(Bytes body, const std::string& complaint)>;
 
 /// The decoder for the next answer. A body that equals the last one is not decoded again where that
