@@ -4,7 +4,8 @@
 
 # precompile_headers(NAME [LIBRARIES ...] HEADERS ...) compiles headers, which may need libraries.
 # A target takes them by: target_precompile_headers(TARGET REUSE_FROM NAME)
-# It has to define all that these libraries define, and may define more.
+# It has to be a library, too, since programs are compiled otherwise, and has to define all that these
+# libraries define.
 function(precompile_headers name)
     cmake_parse_arguments(PARSE_ARGV 1 argument "" "" "LIBRARIES;HEADERS")
     # A compiler is only run for a target with a source.
