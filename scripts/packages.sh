@@ -38,7 +38,7 @@ when_apt_is_free() {
         fi
         "$told" || echo "Another program is using apt; waiting until it is done." >&2
         told=true
-        sleep 2
+        sleep 5
     done
 }
 
