@@ -31,7 +31,8 @@ void check_order(const Picture& picture) {
 }
 
 void check(const Bytes& bytes) {
-    const DecodedBodyReference body = body_decoder(PixelMemory(), nullptr)(bytes, "no picture");
+    const DecodedBodyReference body =
+        decoded_body(bytes, [](auto file) { return decode_pixels(file); }, "no picture");
     if (const auto* const failure = std::get_if<Failure>(&body->picture)) {
         expect(failure->Kind == FailureKind::invalid_picture, "a refusal is that of a picture");
         expect(!failure->Description.empty(), "a refusal has a reason");

@@ -14,6 +14,8 @@
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
 #include "runtime/files/disk.h"
+#include "runtime/pictures/picture_decoder.h"
+#include "runtime/pictures/picture_formats.h"
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>
@@ -92,7 +94,8 @@ struct DesktopPlatform::Parts {
     /// Receives what is posted.
     QObject loop;
     std::unique_ptr<Disk> disk = make_posix_disk();
-    /// Nothing until the first transfer: to start the library takes time that the windows need.
+    /// Nothing until the first transfer: to start the library, and to load all decoders for the
+    /// media types, takes time that the windows need.
     std::unique_ptr<CurlTransfers> transfers;
 };
 
@@ -181,11 +184,19 @@ Disk& DesktopPlatform::disk() {
     return *parts_->disk;
 }
 
+std::unique_ptr<CurlTransfers> DesktopPlatform::make_transfers() {
+    return std::make_unique<CurlTransfers>(
+        [this](std::function<void()> work) { post(std::move(work)); },
+        [memory = PixelMemory()](std::span<const std::uint8_t> bytes) {
+            return decode_pixels(bytes, memory);
+        },
+        readable_media_types());
+}
+
 std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest request,
                                                           TransferDone done) {
     if (!parts_->transfers)
-        parts_->transfers = std::make_unique<CurlTransfers>(
-            [this](std::function<void()> work) { post(std::move(work)); });
+        parts_->transfers = make_transfers();
     return parts_->transfers->start(std::move(request), std::move(done));
 }
 

@@ -14,6 +14,8 @@ namespace desktop {
 class Windows;
 }
 
+class CurlTransfers;
+
 /// The desktop: native windows and widgets, the screen, the network and the disk of this machine.
 /// There is one in a process, on the main thread.
 class DesktopPlatform : public Platform {
@@ -66,6 +68,8 @@ class DesktopPlatform : public Platform {
     static std::unique_ptr<Parts>
     make_parts(int& argument_count, char** arguments,
                const std::vector<std::span<const std::uint8_t>>& icons);
+
+    std::unique_ptr<CurlTransfers> make_transfers();
 
     std::unique_ptr<Parts> parts_;
 };

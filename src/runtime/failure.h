@@ -26,6 +26,7 @@ enum class FailureKind {
     file_in_use = 70,
     incomplete_file = 75,
     invalid_property_value = 380,
+    unknown_picture_format = 461,
     invalid_picture = 481,
     transfer_busy = 35764,
     transfer_without_bytes = 35765,

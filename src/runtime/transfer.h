@@ -19,13 +19,9 @@ struct TransferRequest {
     /// Whether the proxies that the environment names are asked, for the hosts that it names them
     /// for.
     bool uses_proxies = true;
-    /// The media types of the pictures that are read, with commas between them.
-    std::string media_types;
-    /// What the body goes through as soon as it is whole, on the thread of the transfer.
-    BodyDecoder decode;
 };
 
-/// The body of the answer, whatever its HTTP status, or why there is none.
+/// The body of the answer, decoded, whatever its HTTP status, or why there is none.
 using TransferOutcome = std::variant<DecodedBodyReference, Failure>;
 using TransferDone = std::function<void(TransferOutcome)>;
 

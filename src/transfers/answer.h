@@ -13,6 +13,8 @@ namespace lookfar {
 struct Validators {
     std::string etag = {};
     std::string last_modified = {};
+
+    bool empty() const { return etag.empty() && last_modified.empty(); }
 };
 
 /// What a host has answered, behind all redirects.

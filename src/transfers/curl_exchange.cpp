@@ -32,14 +32,14 @@ long timeout_milliseconds(std::chrono::milliseconds timeout) {
 } // namespace
 
 CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
-                           KnownAnswerReference known)
+                           const std::string& media_types, KnownAnswerReference known)
     : multi_(multi),
       ticket_(std::move(ticket)),
       address_(address_of(ticket_->request.url)),
       known_(std::move(known)) {
     set_destination();
     set_trust();
-    set_manners();
+    set_manners(media_types);
     set_limits();
     set_receiver();
     if (curl_multi_add_handle(multi_, easy_.get()) != CURLM_OK)
@@ -97,9 +97,9 @@ void CurlExchange::set_trust() {
         set(CURLOPT_CAINFO, certificates);
 }
 
-void CurlExchange::set_manners() {
+void CurlExchange::set_manners(const std::string& media_types) {
     set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
-    append(header_lines_, "Accept: " + ticket_->request.media_types + all_else);
+    append(header_lines_, "Accept: " + media_types + all_else);
     for (const std::string& line : conditions(known_))
         append(header_lines_, line);
     set(CURLOPT_HTTPHEADER, header_lines_.get());

@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -32,8 +33,10 @@ struct TransferTicket {
 /// belongs to the worker.
 class CurlExchange {
   public:
-    /// Throws a Failure if the request cannot be started.
-    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket, KnownAnswerReference known);
+    /// Asks for pictures of these media types, with commas between them. Throws a Failure if the
+    /// request cannot be started.
+    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
+                 const std::string& media_types, KnownAnswerReference known);
     CurlExchange(const CurlExchange&) = delete;
     CurlExchange& operator=(const CurlExchange&) = delete;
     ~CurlExchange();
@@ -52,7 +55,7 @@ class CurlExchange {
     void set(CURLoption option, Value value);
     void set_destination();
     void set_trust();
-    void set_manners();
+    void set_manners(const std::string& media_types);
     void set_limits();
     void set_receiver();
 

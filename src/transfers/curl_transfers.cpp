@@ -27,7 +27,10 @@ void hand_over(TransferTicket& ticket) {
 /// The thread that moves all transfers forward.
 class CurlTransfers::Worker {
   public:
-    explicit Worker(Post post) : post_(std::move(post)) {
+    Worker(Post post, PictureDecoder decode, std::string media_types)
+        : post_(std::move(post)),
+          media_types_(std::move(media_types)),
+          last_answer_(std::move(decode)) {
         thread_ = std::jthread([this](const std::stop_token& stop) { run(stop); });
     }
 
@@ -72,7 +75,7 @@ class CurlTransfers::Worker {
     void start(const std::shared_ptr<TransferTicket>& ticket) {
         report_failure_of(ticket, [&] {
             running_.push_back(std::make_unique<CurlExchange>(
-                multi_.get(), ticket, last_answer_.known_at(ticket->request.url)));
+                multi_.get(), ticket, media_types_, last_answer_.known_at(ticket->request.url)));
         });
     }
 
@@ -111,7 +114,7 @@ class CurlTransfers::Worker {
     void report(CurlExchange& exchange, CURLcode code) {
         const auto& ticket = exchange.ticket();
         if (auto end = exchange.take_answer(code); auto* const answer = std::get_if<Answer>(&end))
-            post_report(ticket, last_answer_.outcome_of(std::move(*answer), ticket->request,
+            post_report(ticket, last_answer_.outcome_of(std::move(*answer), ticket->request.url,
                                                         exchange.known()));
         else
             post_report(ticket, std::get<Failure>(end));
@@ -123,6 +126,7 @@ class CurlTransfers::Worker {
     }
 
     const Post post_;
+    const std::string media_types_;
     const CurlLibrary library_;
     const MultiHandle multi_ = make_multi_handle();
     std::mutex mutex_;
@@ -151,7 +155,9 @@ class CurlTransfers::Handle : public Transfer {
     std::shared_ptr<TransferTicket> ticket_;
 };
 
-CurlTransfers::CurlTransfers(Post post) : worker_(std::make_shared<Worker>(std::move(post))) {}
+CurlTransfers::CurlTransfers(Post post, PictureDecoder decode, std::string media_types)
+    : worker_(
+          std::make_shared<Worker>(std::move(post), std::move(decode), std::move(media_types))) {}
 
 CurlTransfers::~CurlTransfers() = default;
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace lookfar {
 
@@ -31,8 +32,9 @@ class CurlTransfers {
     static constexpr std::size_t largest_header = std::size_t{256} * 1024;
     static constexpr long most_redirects = 10;
 
-    /// Throws a Failure if the transfer library cannot be started.
-    explicit CurlTransfers(Post post);
+    /// Decodes on the worker's thread. Hosts are told the media types of the pictures that are
+    /// read, with commas between them. Throws a Failure if the transfer library cannot be started.
+    CurlTransfers(Post post, PictureDecoder decode, std::string media_types);
     CurlTransfers(const CurlTransfers&) = delete;
     CurlTransfers& operator=(const CurlTransfers&) = delete;
     /// Abandons the transfers in progress and returns without waiting for any host.

@@ -12,11 +12,8 @@ constexpr int ok = 200;
 constexpr int not_modified = 304;
 
 bool may_be_confirmed(const Answer& answer) {
-    const auto& [etag, last_modified] = answer.validators;
     return answer.status == ok && !answer.is_not_to_be_stored &&
-           !answer.media_type.starts_with("multipart/") &&
-           answer.body.size() <= LastAnswer::largest_body &&
-           !(etag.empty() && last_modified.empty());
+           !answer.media_type.starts_with("multipart/");
 }
 
 } // namespace
@@ -30,25 +27,32 @@ std::vector<std::string> conditions(const KnownAnswerReference& known) {
     return lines;
 }
 
+LastAnswer::LastAnswer(PictureDecoder decode) : decode_(std::move(decode)) {}
+
 KnownAnswerReference LastAnswer::known_at(const std::string& address) const {
-    return last_ && last_->address == address ? last_ : nullptr;
+    return last_ && last_->address == address && !last_->validators.empty() ? last_ : nullptr;
 }
 
-TransferOutcome LastAnswer::outcome_of(Answer answer, const TransferRequest& request,
+TransferOutcome LastAnswer::outcome_of(Answer answer, const std::string& address,
                                        const KnownAnswerReference& known) {
     if (answer.status == not_modified && known)
         return known->body;
     if (answer.status == not_modified)
         return Failure(not_modified,
                        "The camera answered 304 Not Modified without having been asked.");
-    last_ = nullptr;
-    const bool is_kept = may_be_confirmed(answer);
-    const std::string complaint = complaint_about(answer);
-    auto body = request.decode(std::move(answer.body), complaint);
-    if (is_kept && std::holds_alternative<Pixels>(body->picture))
-        last_ = std::make_shared<const KnownAnswer>(
-            KnownAnswer{request.url, std::move(answer.validators), body});
+    const auto validators = may_be_confirmed(answer) ? std::move(answer.validators) : Validators();
+    auto body = decoded(std::move(answer));
+    const bool is_picture = std::holds_alternative<Pixels>(body->picture);
+    last_ = is_picture ? std::make_shared<const KnownAnswer>(KnownAnswer{address, validators, body})
+                       : nullptr;
     return body;
+}
+
+DecodedBodyReference LastAnswer::decoded(Answer answer) const {
+    if (last_ && last_->body->bytes == answer.body)
+        return last_->body;
+    const std::string complaint = complaint_about(answer);
+    return decoded_body(std::move(answer.body), decode_, complaint);
 }
 
 } // namespace lookfar

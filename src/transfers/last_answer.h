@@ -3,17 +3,17 @@
 #include "runtime/transfer.h"
 #include "transfers/answer.h"
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace lookfar {
 
-/// A picture that its host can confirm instead of sending it again.
+/// An answer that was a picture.
 struct KnownAnswer {
     /// As it was asked for.
     std::string address;
+    /// Empty where the host is not to be asked whether they still hold.
     Validators validators;
     DecodedBodyReference body;
 };
@@ -23,21 +23,25 @@ using KnownAnswerReference = std::shared_ptr<const KnownAnswer>;
 /// where nothing is known.
 std::vector<std::string> conditions(const KnownAnswerReference& known);
 
-/// Makes of each answer what the asker gets, and keeps the last one where its host can confirm it.
+/// Makes of each answer what the asker gets, and keeps the last one where that was a picture.
 class LastAnswer {
   public:
-    /// In bytes; a larger body is not kept.
-    static constexpr std::size_t largest_body = std::size_t{16} * 1024 * 1024;
+    explicit LastAnswer(PictureDecoder decode);
 
-    /// What is known of the picture at the address; null where nothing is.
+    /// What the host at the address can confirm instead of sending it again; null where there is
+    /// nothing.
     KnownAnswerReference known_at(const std::string& address) const;
 
-    /// The body of the answer, decoded, to a request that went out with the conditions of `known`.
-    /// A confirmed body is the known one, which is not decoded again.
-    TransferOutcome outcome_of(Answer answer, const TransferRequest& request,
+    /// The body of the answer, decoded, to a request to the address that went out with the
+    /// conditions of `known`. What is confirmed, and what equals the last picture wherever that
+    /// came from, is not decoded again.
+    TransferOutcome outcome_of(Answer answer, const std::string& address,
                                const KnownAnswerReference& known);
 
   private:
+    DecodedBodyReference decoded(Answer answer) const;
+
+    PictureDecoder decode_;
     KnownAnswerReference last_;
 };
 

@@ -88,20 +88,23 @@ std::unique_ptr<Transfer> ScriptedPlatform::start_transfer(TransferRequest reque
     if (answer.after > request.timeout)
         answer = {.outcome = Failure(timed_out, "Timeout was reached"), .after = request.timeout};
     const auto is_wanted = std::make_shared<bool>(true);
-    after(answer.after, [is_wanted, outcome = std::move(answer.outcome),
-                         decode = std::move(request.decode), done = std::move(done)]() mutable {
-        if (!std::exchange(*is_wanted, false))
-            return;
-        if (const auto* const failure = std::get_if<Failure>(&outcome)) {
-            done(*failure);
-            return;
-        }
-        auto& body = std::get<Bytes>(outcome);
-        const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
-                                                   : "The camera's answer is not a picture.";
-        done(decode(std::move(body), complaint));
-    });
+    after(answer.after,
+          [this, is_wanted, outcome = std::move(answer.outcome), done = std::move(done)]() mutable {
+              if (std::exchange(*is_wanted, false))
+                  done(decoded(std::move(outcome)));
+          });
     return std::make_unique<ScriptedTransfer>(is_wanted, abandoned_transfers);
+}
+
+TransferOutcome ScriptedPlatform::decoded(Answer answer) {
+    if (const auto* const failure = std::get_if<Failure>(&answer))
+        return *failure;
+    auto& body = std::get<Bytes>(answer);
+    const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
+                                               : "The camera's answer is not a picture.";
+    if (!last_body_ || last_body_->bytes != body)
+        last_body_ = decoded_body(std::move(body), decode_, complaint);
+    return last_body_;
 }
 
 MessageBoxAnswer ScriptedPlatform::ask(const MessageBox& box) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/pictures/picture_decoder.h"
 #include "runtime/platform.h"
 #include "support/faulty_disk.h"
 
@@ -101,7 +102,13 @@ class ScriptedPlatform : public Platform {
   private:
     std::optional<Instant> next_event() const;
     void run_next_event();
+    /// What equals the body before is not decoded again.
+    TransferOutcome decoded(Answer answer);
 
+    const PictureDecoder decode_ = [memory = PixelMemory()](auto bytes) {
+        return decode_pixels(bytes, memory);
+    };
+    DecodedBodyReference last_body_;
     Instant now_{std::chrono::hours(1)};
     std::chrono::milliseconds time_of_day_at_start_{std::chrono::hours(12)};
     std::optional<Instant> wake_;

@@ -41,12 +41,9 @@ TEST_F(Transfers, SayInTheProgramsWordsWhyThereIsNoConnection) {
 }
 
 TEST_F(Transfers, FailWhereTheirBodyIsTooMuchForTheMemory) {
-    TransferRequest request = request_for(server.url("/hello"));
-    request.decode = [](const Bytes&, const std::string&) -> DecodedBodyReference {
-        throw std::bad_alloc();
-    };
-    EXPECT_EQ(text_from(request),
-              "failure 27: There is not enough memory for the camera's answer.");
+    decode = []() -> Pixels { throw std::bad_alloc(); };
+    EXPECT_EQ(text_at("/hello"), "failure 27: There is not enough memory for the camera's answer.");
+    decode = [] { return Pixels(); };
     EXPECT_EQ(text_at("/hello"), "hello");
 }
 

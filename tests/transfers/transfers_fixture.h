@@ -67,11 +67,13 @@ inline demo::Responder always(int status, const std::string& body) {
     return always({.status = status, .body = body});
 }
 
-/// The body, or the failure's number and text.
+/// The body, the failure's number and text, or the text alone where the body is no picture.
 inline std::string text_of(const TransferOutcome& outcome) {
     if (const auto* failure = std::get_if<Failure>(&outcome))
         return "failure " + std::to_string(failure->Number) + ": " + failure->Description;
-    const Bytes& body = std::get<DecodedBodyReference>(outcome)->bytes;
+    const auto& [body, picture] = *std::get<DecodedBodyReference>(outcome);
+    if (const auto* failure = std::get_if<Failure>(&picture))
+        return failure->Description;
     return {body.begin(), body.end()};
 }
 
@@ -113,20 +115,7 @@ class Transfers : public testing::Test {
     }
 
     TransferRequest request_for(const std::string& url) {
-        return {.url = url,
-                .timeout = patience,
-                .media_types = "image/jpeg,image/gif",
-                .decode = note_decode()};
-    }
-
-    /// Takes every body for a picture.
-    BodyDecoder note_decode() {
-        return [this](Bytes bytes, const std::string& complaint) {
-            decoding_thread = std::this_thread::get_id();
-            complaints.push_back(complaint);
-            return std::make_shared<const DecodedBody>(
-                DecodedBody{.bytes = std::move(bytes), .picture = Pixels{}});
-        };
+        return {.url = url, .timeout = patience};
     }
 
     std::string text_at(const std::string& path) { return text_from(server.url(path)); }
@@ -153,15 +142,22 @@ class Transfers : public testing::Test {
 
     std::string host() const { return "127.0.0.1:" + std::to_string(server.port()); }
 
+    /// Takes every body for a picture.
+    std::function<Pixels()> decode = [] { return Pixels(); };
     std::thread::id decoding_thread;
-    /// What each decode was to say of a body that is no picture.
-    std::vector<std::string> complaints;
+    int decodes = 0;
     MessageLoop loop;
     bool is_stalling = false;
     std::optional<bool> was_left;
     demo::CameraServer server;
     std::unique_ptr<CurlTransfers> transfers = std::make_unique<CurlTransfers>(
-        [this](std::function<void()> work) { loop.post(std::move(work)); });
+        [this](std::function<void()> work) { loop.post(std::move(work)); },
+        [this](auto) {
+            decoding_thread = std::this_thread::get_id();
+            ++decodes;
+            return decode();
+        },
+        "image/jpeg,image/gif");
 };
 
 } // namespace lookfar

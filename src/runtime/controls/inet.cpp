@@ -61,9 +61,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     const auto transfer = runtime.platform().start_transfer(
         {.url = url,
          .timeout = std::chrono::seconds(RequestTimeout),
-         .uses_proxies = AccessType != direct_access,
-         .media_types = runtime.pictures().media_types(),
-         .decode = runtime.pictures().decoder_ahead()},
+         .uses_proxies = AccessType != direct_access},
         [this](TransferOutcome outcome) { outcome_ = std::move(outcome); });
     runtime.platform().wait_until([this] { return outcome_.has_value(); });
     // The wait has brought an outcome.

@@ -1,38 +1,29 @@
 #include "runtime/pictures/decoded_body.h"
 
-#include "runtime/pictures/picture_decoder.h"
-#include "runtime/pictures/picture_formats.h"
-
 #include <utility>
 
 namespace lookfar {
 
 namespace {
 
-std::variant<Pixels, Failure> picture_in(const Bytes& bytes, const PixelMemory& memory,
+std::variant<Pixels, Failure> picture_in(const Bytes& bytes, const PictureDecoder& decode,
                                          const std::string& complaint) {
     try {
-        return decode_pixels(bytes, memory);
+        return decode(bytes);
     } catch (const Failure& failure) {
-        return is_in_readable_format(bytes) ? failure : Failure(failure.Kind, complaint);
+        if (failure.Kind == FailureKind::unknown_picture_format)
+            return Failure(FailureKind::invalid_picture, complaint);
+        return failure;
     }
-}
-
-bool is_picture(const DecodedBody& body) {
-    return std::holds_alternative<Pixels>(body.picture);
 }
 
 } // namespace
 
-BodyDecoder body_decoder(PixelMemory memory, DecodedBodyReference last) {
-    return [memory = std::move(memory), last = std::move(last)](Bytes bytes,
-                                                                const std::string& complaint) {
-        if (last && is_picture(*last) && last->bytes == bytes)
-            return last;
-        auto picture = picture_in(bytes, memory, complaint);
-        return std::make_shared<const DecodedBody>(
-            DecodedBody{.bytes = std::move(bytes), .picture = std::move(picture)});
-    };
+DecodedBodyReference decoded_body(Bytes bytes, const PictureDecoder& decode,
+                                  const std::string& complaint) {
+    auto picture = picture_in(bytes, decode, complaint);
+    return std::make_shared<const DecodedBody>(
+        DecodedBody{.bytes = std::move(bytes), .picture = std::move(picture)});
 }
 
 } // namespace lookfar

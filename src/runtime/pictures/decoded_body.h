@@ -4,8 +4,10 @@
 #include "runtime/failure.h"
 #include "runtime/pictures/picture.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 #include <variant>
 
@@ -20,12 +22,14 @@ struct DecodedBody {
 /// Never changes, so that threads may share it.
 using DecodedBodyReference = std::shared_ptr<const DecodedBody>;
 
-/// Decodes a body on the thread of a transfer. Where the body is in no format of pictures that is
-/// read, its failure has the text of the complaint. Throws nothing but std::bad_alloc.
-using BodyDecoder = std::function<DecodedBodyReference(Bytes body, const std::string& complaint)>;
+/// The pixels of the picture that the bytes hold. Throws a `Failure` where they hold none, of the
+/// kind `unknown_picture_format` where they don't even begin as one; and std::bad_alloc. May be
+/// called on any thread.
+using PictureDecoder = std::function<Pixels(std::span<const std::uint8_t> bytes)>;
 
-/// The decoder for the next answer. A body that equals the last one is not decoded again where that
-/// was a picture.
-BodyDecoder body_decoder(PixelMemory memory, DecodedBodyReference last);
+/// Decodes a body. Where that is in no known format of pictures, its failure has the text of the
+/// complaint. Throws nothing but std::bad_alloc.
+DecodedBodyReference decoded_body(Bytes bytes, const PictureDecoder& decode,
+                                  const std::string& complaint);
 
 } // namespace lookfar

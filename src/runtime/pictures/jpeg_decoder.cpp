@@ -73,7 +73,8 @@ std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const Pix
                   .height = height,
                   .stride = stride,
                   .bytes = std::move(pixels),
-                  .opacity = {}};
+                  .opacity = {},
+                  .memory = memory};
 }
 
 } // namespace lookfar

@@ -20,8 +20,7 @@ void clear_padding(std::span<std::uint8_t> rows, int width) {
         std::ranges::fill(rows.first(stride).subspan(used), std::uint8_t{0});
 }
 
-Picture::Picture(Pixels pixels, PixelMemory memory)
-    : pixels_(std::move(pixels)), memory_(std::move(memory)) {}
+Picture::Picture(Pixels pixels) : pixels_(std::move(pixels)) {}
 
 std::span<const std::uint8_t> Picture::bytes() const {
     return {pixels_.bytes.get(), byte_count()};
@@ -37,7 +36,7 @@ std::span<const std::uint8_t> Picture::opacity() const {
 void Picture::rewrite(const Change& change) {
     const auto old_bytes = pixels_.bytes;
     if (!own_bytes_)
-        own_bytes_ = memory_.take(byte_count());
+        own_bytes_ = pixels_.memory.take(byte_count());
     change({old_bytes.get(), byte_count()}, {own_bytes_.get(), byte_count()});
     pixels_.bytes = own_bytes_;
     ++revision_;

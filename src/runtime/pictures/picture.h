@@ -14,13 +14,15 @@ namespace lookfar {
 /// top row first, each row padded with zeros to `stride` bytes, a multiple of four. `opacity`,
 /// where there is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
 ///
-/// Pixels are shared by whoever is given them and never change.
+/// Pixels are shared by whoever is given them and never change. `memory` is what their bytes were
+/// taken from; a changed copy takes its own from there too.
 struct Pixels {
     int width = 0;
     int height = 0;
     int stride = 0;
     std::shared_ptr<const std::uint8_t[]> bytes;
     std::shared_ptr<const std::uint8_t[]> opacity;
+    PixelMemory memory;
 };
 
 inline constexpr int bytes_per_pixel = 3;
@@ -36,8 +38,7 @@ void clear_padding(std::span<std::uint8_t> rows, int width);
 /// then on.
 class Picture {
   public:
-    /// The bytes of the picture's own are taken from the memory.
-    explicit Picture(Pixels pixels, PixelMemory memory = {});
+    explicit Picture(Pixels pixels);
 
     int width() const { return pixels_.width; }
     int height() const { return pixels_.height; }
@@ -62,7 +63,6 @@ class Picture {
     std::size_t byte_count() const;
 
     Pixels pixels_;
-    PixelMemory memory_;
     /// The picture's own bytes, once it was rewritten.
     std::shared_ptr<std::uint8_t[]> own_bytes_;
     std::uint64_t revision_ = 0;

@@ -71,7 +71,8 @@ class Reader {
         choose_format(bytes);
         format_ = reader_.format().toStdString();
         if (!is_picture_format(format_))
-            refuse("The camera's answer is not a picture.");
+            throw Failure(FailureKind::unknown_picture_format,
+                          "The camera's answer is not a picture.");
         refuse_size(reader_.size());
     }
 
@@ -163,7 +164,8 @@ Pixels pixels_of(QImage image, const PixelMemory& memory) {
             .height = image.height(),
             .stride = stride_of(image.width()),
             .bytes = bytes_of(image, memory),
-            .opacity = std::move(opacity)};
+            .opacity = std::move(opacity),
+            .memory = memory};
 }
 
 Pixels laid(const Pixels& pixels, QImageIOHandler::Transformations orientation,

@@ -11,9 +11,9 @@ namespace lookfar {
 /// them as their orientation mark says. What follows a picture's end is ignored; of an animation
 /// the first frame is taken. May be called on any thread.
 ///
-/// Throws a `Failure` for bytes that are no picture, for a picture that ends too early or finds too
-/// little memory, and, before any pixel is allocated, for one that costs more than the limits
-/// allow.
+/// Throws a `Failure` of the kind `unknown_picture_format` for bytes that begin as no picture, and
+/// of the kind `invalid_picture` for a picture that ends too early or finds too little memory, and,
+/// before any pixel is allocated, for one that costs more than the limits allow.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
 
 } // namespace lookfar

@@ -1,6 +1,5 @@
 #include "runtime/pictures/picture_formats.h"
 
-#include <QBuffer>
 #include <QByteArray>
 #include <QImageReader>
 
@@ -17,14 +16,6 @@ constexpr std::array<std::string_view, 5> picture_formats{"jpeg", "gif", "png", 
 
 bool is_picture_format(std::string_view name) {
     return std::ranges::find(picture_formats, name) != picture_formats.end();
-}
-
-bool is_in_readable_format(std::span<const std::uint8_t> bytes) {
-    QByteArray content = QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                                 static_cast<qsizetype>(bytes.size()));
-    QBuffer buffer(&content);
-    buffer.open(QIODevice::ReadOnly);
-    return is_picture_format(QImageReader::imageFormat(&buffer).toStdString());
 }
 
 std::string readable_media_types() {

@@ -1,11 +1,10 @@
 #include "runtime/pictures/picture_loader.h"
 
-#include "runtime/pictures/picture_formats.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 namespace lookfar {
 
@@ -31,12 +30,6 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 
 } // namespace
 
-const std::string& PictureLoader::media_types() {
-    if (!media_types_)
-        media_types_ = readable_media_types();
-    return *media_types_;
-}
-
 void PictureLoader::remember(DecodedBodyReference body) {
     last_body_ = std::move(body);
     good_state_.reset();
@@ -45,7 +38,7 @@ void PictureLoader::remember(DecodedBodyReference body) {
 PictureReference PictureLoader::load(Disk& disk, const std::string& path) {
     if (!last_body_ || !is_good(*disk.open(path, OpenMode::read)))
         throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
-    return std::make_shared<Picture>(pixels_or_failure(*last_body_), memory_);
+    return std::make_shared<Picture>(pixels_or_failure(*last_body_));
 }
 
 bool PictureLoader::is_good(DiskFile& file) {

@@ -5,17 +5,12 @@
 
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace lookfar {
 
 /// Makes picture objects of what the last transfer has brought and decoded.
 class PictureLoader {
   public:
-    /// The media types of the pictures that can be decoded, as a list for an Accept header.
-    const std::string& media_types();
-    /// Decodes the body of the next answer ahead, on the thread of its transfer.
-    BodyDecoder decoder_ahead() const { return body_decoder(memory_, last_body_); }
     /// Keeps the body of an answer in mind, with what was decoded from it.
     void remember(DecodedBodyReference body);
 
@@ -27,9 +22,6 @@ class PictureLoader {
   private:
     bool is_good(DiskFile& file);
 
-    /// Nothing until they are asked for: all decoders are loaded for the answer.
-    std::optional<std::string> media_types_;
-    PixelMemory memory_;
     DecodedBodyReference last_body_;
     /// In this state a file began with the last body, and need not be read again.
     std::optional<FileState> good_state_;
