@@ -1,7 +1,7 @@
 #include "resource_pictures.h"
 
+#include "pictures/picture_decoder.h"
 #include "resources/resources.h"
-#include "runtime/pictures/picture_decoder.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
+#include "pictures/picture_decoder.h"
 #include "pipeline/blur.h"
 #include "runtime/failure.h"
-#include "runtime/pictures/picture_decoder.h"
 #include "support/pictures.h"
 #include "support/started.h"
 

@@ -1,6 +1,6 @@
 #include "resources/resources.h"
 
-#include "runtime/pictures/picture_decoder.h"
+#include "pictures/picture_decoder.h"
 
 #include <gtest/gtest.h>
 

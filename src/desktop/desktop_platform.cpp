@@ -13,9 +13,9 @@
 #include "desktop/style/geometry.h"
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
+#include "pictures/picture_decoder.h"
+#include "pictures/picture_formats.h"
 #include "runtime/files/disk.h"
-#include "runtime/pictures/picture_decoder.h"
-#include "runtime/pictures/picture_formats.h"
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>

@@ -4,10 +4,10 @@
 #include "desktop/waiting.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
+#include "pictures/picture_decoder.h"
 #include "resources/resources.h"
 #include "runtime/controls/control.h"
 #include "runtime/form.h"
-#include "runtime/pictures/picture_decoder.h"
 #include "runtime/runtime.h"
 
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "runtime/pictures/picture_decoder.h"
+#include "pictures/picture_decoder.h"
 #include "support/literal_blur.h"
 #include "support/machine.h"
 

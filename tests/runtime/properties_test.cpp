@@ -1,3 +1,4 @@
+#include "pictures/picture_decoder.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/images.h"
@@ -6,7 +7,6 @@
 #include "runtime/controls/timer.h"
 #include "runtime/failure.h"
 #include "runtime/form.h"
-#include "runtime/pictures/picture_decoder.h"
 #include "runtime/runtime.h"
 #include "runtime/window.h"
 #include "support/pictures.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/pictures/picture_decoder.h"
+#include "pictures/picture_decoder.h"
 #include "runtime/platform.h"
 #include "support/faulty_disk.h"
 

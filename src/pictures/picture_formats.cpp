@@ -1,4 +1,4 @@
-#include "runtime/pictures/picture_formats.h"
+#include "pictures/picture_formats.h"
 
 #include <QByteArray>
 #include <QImageReader>

@@ -1,4 +1,4 @@
-#include "runtime/pictures/jpeg_markers.h"
+#include "pictures/jpeg_markers.h"
 
 #include <cstddef>
 #include <cstring>

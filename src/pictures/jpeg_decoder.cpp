@@ -1,7 +1,7 @@
-#include "runtime/pictures/jpeg_decoder.h"
+#include "pictures/jpeg_decoder.h"
 
+#include "pictures/jpeg_markers.h"
 #include "runtime/failure.h"
-#include "runtime/pictures/jpeg_markers.h"
 
 #include <turbojpeg.h>
 

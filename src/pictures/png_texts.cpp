@@ -1,4 +1,4 @@
-#include "runtime/pictures/png_texts.h"
+#include "pictures/png_texts.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
-#include "runtime/pictures/picture_decoder.h"
+#include "pictures/picture_decoder.h"
 
+#include "pictures/jpeg_decoder.h"
+#include "pictures/jpeg_markers.h"
+#include "pictures/picture_formats.h"
+#include "pictures/picture_limits.h"
+#include "pictures/png_texts.h"
 #include "runtime/failure.h"
-#include "runtime/pictures/jpeg_decoder.h"
-#include "runtime/pictures/jpeg_markers.h"
-#include "runtime/pictures/picture_formats.h"
-#include "runtime/pictures/picture_limits.h"
-#include "runtime/pictures/png_texts.h"
 
 #include <QBuffer>
 #include <QByteArray>

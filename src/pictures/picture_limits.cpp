@@ -1,7 +1,7 @@
-#include "runtime/pictures/picture_limits.h"
+#include "pictures/picture_limits.h"
 
+#include "pictures/jpeg_markers.h"
 #include "runtime/failure.h"
-#include "runtime/pictures/jpeg_markers.h"
 
 #include <string>
 
