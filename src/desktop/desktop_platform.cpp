@@ -14,7 +14,7 @@
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
 #include "pictures/picture_decoder.h"
-#include "pictures/picture_formats.h"
+#include "pictures/readable_pictures.h"
 #include "runtime/files/disk.h"
 #include "transfers/curl_transfers.h"
 

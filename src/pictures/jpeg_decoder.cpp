@@ -1,10 +1,9 @@
 #include "pictures/jpeg_decoder.h"
 
-#include "pictures/jpeg_markers.h"
-#include "runtime/failure.h"
-
 #include <turbojpeg.h>
 
+#include <cstddef>
+#include <cstring>
 #include <new>
 #include <string>
 #include <type_traits>
@@ -12,6 +11,70 @@
 namespace lookfar {
 
 namespace {
+
+constexpr std::uint8_t marker_prefix = 0xFF;
+constexpr std::uint8_t stuffed_zero = 0x00;
+constexpr std::uint8_t temporary = 0x01;
+constexpr std::uint8_t first_restart = 0xD0;
+constexpr std::uint8_t start_of_image = 0xD8;
+constexpr std::uint8_t end_of_image = 0xD9;
+constexpr std::uint8_t start_of_scan = 0xDA;
+
+bool has_no_length(std::uint8_t marker) {
+    return marker == stuffed_zero || marker == temporary ||
+           (marker >= first_restart && marker <= start_of_image);
+}
+
+/// The place of the next marker's prefix, or the end of the bytes. Within the compressed data
+/// only a prefix tells anything, and few bytes are one: the standard search leaps over the rest.
+std::size_t next_prefix(std::span<const std::uint8_t> bytes, std::size_t from) {
+    const void* const found = std::memchr(bytes.data() + from, marker_prefix, bytes.size() - from);
+    return found ? static_cast<std::size_t>(static_cast<const std::uint8_t*>(found) - bytes.data())
+                 : bytes.size();
+}
+
+/// The markers of a JPEG, one after the other, up to its end marker.
+class Markers {
+  public:
+    explicit Markers(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+    /// Nothing where the bytes end.
+    std::optional<std::uint8_t> next() {
+        while (position_ < bytes_.size()) {
+            position_ = next_prefix(bytes_, position_) + 1;
+            if (position_ >= bytes_.size())
+                break;
+            const std::uint8_t marker = bytes_[position_];
+            // A prefix may be repeated before its marker.
+            if (marker == marker_prefix)
+                continue;
+            ++position_;
+            if (!has_no_length(marker) && marker != end_of_image && !skip_segment())
+                break;
+            return marker;
+        }
+        return std::nullopt;
+    }
+
+  private:
+    bool skip_segment() {
+        if (position_ + 1 >= bytes_.size())
+            return false;
+        position_ += static_cast<std::size_t>(bytes_[position_]) << 8U | bytes_[position_ + 1];
+        return true;
+    }
+
+    std::span<const std::uint8_t> bytes_;
+    std::size_t position_ = 0;
+};
+
+bool has_end_marker(std::span<const std::uint8_t> bytes) {
+    Markers markers(bytes);
+    auto marker = markers.next();
+    while (marker && marker != end_of_image)
+        marker = markers.next();
+    return marker == end_of_image;
+}
 
 struct HandleCleanup {
     void operator()(tjhandle handle) const { tjDestroy(handle); }
@@ -54,6 +117,34 @@ void refuse_failed(tjhandle handle, std::span<const std::uint8_t> bytes) {
 }
 
 } // namespace
+
+bool starts_jpeg(std::span<const std::uint8_t> bytes) {
+    return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
+}
+
+bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
+    return starts_jpeg(bytes) && !has_end_marker(bytes);
+}
+
+Failure picture_cut_short() {
+    return Failure(FailureKind::invalid_picture, "The picture ends too early.");
+}
+
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
+    if (is_cut_short_jpeg(bytes))
+        throw picture_cut_short();
+}
+
+int count_jpeg_scans(std::span<const std::uint8_t> bytes) {
+    if (!starts_jpeg(bytes))
+        return 0;
+    int scans = 0;
+    Markers markers(bytes);
+    for (auto marker = markers.next(); marker && marker != end_of_image; marker = markers.next())
+        if (marker == start_of_scan)
+            ++scans;
+    return scans;
+}
 
 std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
     const Handle handle = make_handle();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/failure.h"
 #include "runtime/pictures/picture.h"
 
 #include <cstdint>
@@ -7,6 +8,23 @@
 #include <span>
 
 namespace lookfar {
+
+/// Whether the bytes begin as a JPEG does.
+bool starts_jpeg(std::span<const std::uint8_t> bytes);
+
+/// Whether the bytes are a JPEG picture that breaks off before its end marker. Decoders make up the
+/// part that is missing and report no failure.
+bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
+
+/// The failure of a picture that ends too early, of whatever format.
+Failure picture_cut_short();
+
+/// Throws that failure for such a JPEG.
+void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes);
+
+/// The scans that a JPEG is stored in: one, or about ten for a picture that comes clearer step by
+/// step. None for other bytes.
+int count_jpeg_scans(std::span<const std::uint8_t> bytes);
 
 /// Decodes a JPEG straight to three bytes a pixel, as it is stored: an orientation mark is not
 /// looked at. Gives nothing for bytes that can't be turned into red, green and blue that way, such

@@ -1,10 +1,8 @@
 #include "pictures/picture_decoder.h"
 
 #include "pictures/jpeg_decoder.h"
-#include "pictures/jpeg_markers.h"
-#include "pictures/picture_formats.h"
-#include "pictures/picture_limits.h"
 #include "pictures/png_texts.h"
+#include "pictures/readable_pictures.h"
 #include "runtime/failure.h"
 
 #include <QBuffer>

@@ -1,13 +1,19 @@
-#include "pictures/picture_limits.h"
+#include "pictures/readable_pictures.h"
 
-#include "pictures/jpeg_markers.h"
+#include "pictures/jpeg_decoder.h"
 #include "runtime/failure.h"
 
-#include <string>
+#include <QByteArray>
+#include <QImageReader>
+
+#include <algorithm>
+#include <array>
 
 namespace lookfar {
 
 namespace {
+
+constexpr std::array<std::string_view, 5> picture_formats{"jpeg", "gif", "png", "bmp", "webp"};
 
 [[noreturn]] void refuse_size(int width, int height) {
     throw Failure(FailureKind::invalid_picture,
@@ -20,6 +26,19 @@ long long pixel_count(int width, int height) {
 }
 
 } // namespace
+
+bool is_picture_format(std::string_view name) {
+    return std::ranges::find(picture_formats, name) != picture_formats.end();
+}
+
+std::string readable_media_types() {
+    const QList<QByteArray> readable = QImageReader::supportedImageFormats();
+    std::string types;
+    for (const std::string_view format : picture_formats)
+        if (readable.contains(QByteArrayView(format)))
+            types.append(types.empty() ? "" : ",").append("image/").append(format);
+    return types;
+}
 
 void refuse_large(int width, int height) {
     if (pixel_count(width, height) > most_pixels)

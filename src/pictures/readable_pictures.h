@@ -2,8 +2,16 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 
 namespace lookfar {
+
+/// Whether pictures of this format are read; formats are named as in their media types.
+bool is_picture_format(std::string_view name);
+
+/// The media types of the pictures that are read, with commas between them.
+std::string readable_media_types();
 
 /// What a camera's picture may cost at most, so that no small file can claim the whole memory or
 /// minutes of work. A JPEG is walked through whole for each of the scans that it is stored in.
