@@ -90,7 +90,7 @@ TEST_F(TooLittleMemory, ForTheBlurLeavesThePictureRaw) {
     EXPECT_EQ(picture->revision(), 1U);
 }
 
-TEST_F(TooLittleMemory, ForAnAnswerIsShownAndTheNextOneIsTaken) {
+TEST_F(TooLittleMemory, ForACopyOfTheAnswerIsEnoughToShowIt) {
     Bytes body = picture_file(16, 16);
     body.resize(50 * megabyte);
     std::optional<MemoryLimit> limit;
@@ -98,9 +98,6 @@ TEST_F(TooLittleMemory, ForAnAnswerIsShownAndTheNextOneIsTaken) {
     platform.after(milliseconds(99), [&limit] { limit.emplace(20 * megabyte); });
     refresh_with(body, milliseconds(100));
     limit.reset();
-    expect_error_display(true);
-    EXPECT_EQ(Form1->Label3.Caption.get(), "There is not enough memory for the camera's answer.");
-    refresh();
     expect_error_display(false);
 }
 

@@ -48,7 +48,7 @@ void MainWindow::GetRESOURCE(std::string url) {
     try {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
-        const PictureFile file(runtime, Inet1.OpenURL(url, DataType::icByteArray));
+        PictureFile file(runtime, Inet1.OpenURL(url, DataType::icByteArray));
 
         show_in_fullscreen_window(file);
         show_in_main_window(file);
@@ -71,7 +71,7 @@ void MainWindow::GetRESOURCE(std::string url) {
     report_duration(start);
 }
 
-void MainWindow::show_in_fullscreen_window(const PictureFile& file) {
+void MainWindow::show_in_fullscreen_window(PictureFile& file) {
     Form2->Image3.Visible = false;
     Form2->Picture1.Picture = file.load();
     Form2->Image3.Picture = Form2->Picture1.Picture;
@@ -82,7 +82,7 @@ void MainWindow::show_in_fullscreen_window(const PictureFile& file) {
     Form2->Image3.Visible = true;
 }
 
-void MainWindow::show_in_main_window(const PictureFile& file) {
+void MainWindow::show_in_main_window(PictureFile& file) {
     ImagNT1.Visible = false;
     ImagNT1.Stretch = false;
     ImagNT1.Picture = file.load();
@@ -130,8 +130,8 @@ std::string MainWindow::GetHTML(const std::string& WWW_Adresse) {
     try {
         Inet1.AccessType = 1;
         Inet1.Protocol = 4;
-        const Bytes bytes = Inet1.OpenURL(WWW_Adresse, DataType::icString);
-        return {bytes.begin(), bytes.end()};
+        const auto body = Inet1.OpenURL(WWW_Adresse, DataType::icString);
+        return {body->bytes.begin(), body->bytes.end()};
     } catch (const Failure& failure) {
         write_error_captions(failure);
         Label2.Visible = true;

@@ -200,8 +200,8 @@ class MainWindow : public Form {
     void look_up_selected_camera();
 
     // Fetch.
-    void show_in_fullscreen_window(const PictureFile& file);
-    void show_in_main_window(const PictureFile& file);
+    void show_in_fullscreen_window(PictureFile& file);
+    void show_in_main_window(PictureFile& file);
     void clear_error_display();
     void write_error_captions(const Failure& failure);
     void report_duration(float start);

@@ -14,16 +14,18 @@ std::string picture_path(const Runtime& runtime) {
     return path + "data.dat";
 }
 
-PictureFile::PictureFile(Runtime& runtime, Bytes body)
-    : runtime_(runtime), path_(picture_path(runtime)), body_(std::move(body)) {
+PictureFile::PictureFile(Runtime& runtime, DecodedBodyReference body)
+    : runtime_(runtime),
+      path_(picture_path(runtime)),
+      loader_(runtime.platform().disk(), std::move(body)) {
     store();
 }
 
-PictureReference PictureFile::load() const {
+PictureReference PictureFile::load() {
     constexpr int most_attempts = 10;
     for (int attempts = 1;; ++attempts) {
         try {
-            return runtime_.LoadPicture(path_);
+            return loader_.LoadPicture(path_);
         } catch (const Failure& failure) {
             const bool is_anothers_work = failure.Kind == FailureKind::file_in_use ||
                                           failure.Kind == FailureKind::file_not_found;
@@ -38,7 +40,7 @@ void PictureFile::store() const {
     NumberedFiles& files = runtime_.files();
     files.OpenForBinary(file_number::picture, path_);
     const FileCloser closer(files, file_number::picture);
-    files.Put(file_number::picture, body_);
+    files.Put(file_number::picture, loader_.bytes());
 }
 
 } // namespace lookfar

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "runtime/bytes.h"
-#include "runtime/pictures/picture.h"
+#include "runtime/pictures/picture_loader.h"
 
 #include <string>
 
@@ -21,18 +20,18 @@ std::string picture_path(const Runtime& runtime);
 class PictureFile {
   public:
     /// Stores the body over the start of the file. Throws a `Failure` where that fails.
-    PictureFile(Runtime& runtime, Bytes body);
+    PictureFile(Runtime& runtime, DecodedBodyReference body);
 
     /// A picture object of its own. Throws a `Failure` where the body is no picture, where the file
     /// can't be read or written, and where other programs write it again and again.
-    PictureReference load() const;
+    PictureReference load();
 
   private:
     void store() const;
 
     Runtime& runtime_;
     std::string path_;
-    Bytes body_;
+    PictureLoader loader_;
 };
 
 } // namespace lookfar

@@ -78,10 +78,6 @@ MessageBoxAnswer Runtime::MsgBox(const std::string& text, MessageBoxFlag flags,
     return platform_.ask({.text = text, .flags = flags, .title = title});
 }
 
-PictureReference Runtime::LoadPicture(const std::string& path) {
-    return pictures_.load(platform_.disk(), path);
-}
-
 std::string Runtime::CurrentDirectory() const {
     return platform_.disk().current_directory();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "runtime/files/files.h"
-#include "runtime/pictures/picture_loader.h"
 #include "runtime/platform.h"
 #include "runtime/random.h"
 #include "runtime/timer_queue.h"
@@ -29,7 +28,6 @@ class Runtime {
     TimerQueue& timers() { return timers_; }
     NumberedFiles& files() { return files_; }
     RandomNumbers& random() { return random_; }
-    PictureLoader& pictures() { return pictures_; }
 
     /// Lets the message loop deliver what is pending, due ticks included, then returns. A handler
     /// that is called so may call this again; beyond a small depth that delivers nothing, and what
@@ -41,10 +39,6 @@ class Runtime {
     /// Shows a modal box and gives back the button pressed. The message loop runs meanwhile.
     MessageBoxAnswer MsgBox(const std::string& text, MessageBoxFlag flags,
                             const std::string& title = {});
-
-    /// A picture object of its own out of the file that holds the last answer. Throws a `Failure`
-    /// where that is no picture, and as `PictureLoader::load` does.
-    PictureReference LoadPicture(const std::string& path);
 
     /// The current directory's absolute path.
     std::string CurrentDirectory() const;
@@ -81,7 +75,6 @@ class Runtime {
     Platform& platform_;
     NumberedFiles files_;
     RandomNumbers random_;
-    PictureLoader pictures_;
     int running_handlers_ = 0;
     int nested_do_events_ = 0;
     TimerQueue timers_;

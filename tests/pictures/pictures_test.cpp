@@ -110,21 +110,20 @@ DecodedBodyReference decoded(const Bytes& body, const std::string& complaint = "
     return decoded_body(body, [](auto bytes) { return decode_pixels(bytes); }, complaint);
 }
 
-PictureReference load(PictureLoader& loader, const Bytes& file) {
+PictureReference load(const DecodedBodyReference& body, const Bytes& file) {
     const TemporaryFolder folder;
     write_file("picture", {file.begin(), file.end()});
-    return loader.load(*make_posix_disk(), "picture");
+    return PictureLoader(*make_posix_disk(), body).LoadPicture("picture");
 }
 
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
-    PictureLoader loader;
     Bytes file = picture_file(40, 30);
-    loader.remember(decoded(file));
+    const auto body = decoded(file);
     const Bytes tail = detailed_jpeg(100, 100);
     file.insert(file.end(), tail.begin() + 500, tail.end());
     EXPECT_EQ(decode_pixels(file).width, 40) << "a picture ends where it ends";
-    const auto first = load(loader, file);
-    const auto second = load(loader, file);
+    const auto first = load(body, file);
+    const auto second = load(body, file);
     EXPECT_NE(first, second);
     EXPECT_EQ(first->bytes().data(), second->bytes().data()) << "decoded once";
 
@@ -137,12 +136,11 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
         EXPECT_EQ(edited->bytes()[0], raw + 2) << "an edit goes on from the one before";
         EXPECT_EQ(edited->revision(), 2U);
     }
-    EXPECT_EQ(load(loader, file)->bytes()[0], raw);
-    EXPECT_THROW(load(loader, picture_file(41, 30)), Failure) << "another program's picture";
+    EXPECT_EQ(load(body, file)->bytes()[0], raw);
+    EXPECT_THROW(load(body, picture_file(41, 30)), Failure) << "another program's picture";
 }
 
 TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
-    PictureLoader loader;
     const Bytes jpeg = detailed_jpeg(64, 48);
     const Bytes half(jpeg.begin(), jpeg.begin() + static_cast<long>(jpeg.size() / 2));
     const struct {
@@ -156,11 +154,9 @@ TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
         {half, "404", "The picture ends too early."},
     };
     for (const auto& [body, complaint, failure] : cases) {
-        const auto no_picture = decoded(body, complaint);
-        EXPECT_EQ(std::get<Failure>(no_picture->picture).Description, failure);
-        loader.remember(no_picture);
+        EXPECT_EQ(std::get<Failure>(decoded(body, complaint)->picture).Description, failure);
     }
-    EXPECT_THROW(load(loader, jpeg), Failure) << "the half is refused, whatever follows it";
+    EXPECT_THROW(load(decoded(half), jpeg), Failure) << "the half is refused, whatever follows it";
 }
 
 TEST(Pictures, AreOfTheMediaTypesThatAreTold) {

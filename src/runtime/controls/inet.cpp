@@ -4,9 +4,7 @@
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
 
-#include <cerrno>
 #include <chrono>
-#include <new>
 #include <utility>
 
 namespace lookfar {
@@ -36,14 +34,6 @@ DecodedBodyReference body_of(const TransferOutcome& outcome) {
     return body;
 }
 
-Bytes copy_of(const Bytes& bytes) {
-    try {
-        return bytes;
-    } catch (const std::bad_alloc&) {
-        throw Failure(ENOMEM, "There is not enough memory for the camera's answer.");
-    }
-}
-
 } // namespace
 
 Inet::Inet(Form& owner, const InetDesign& design)
@@ -53,7 +43,7 @@ Inet::Inet(Form& owner, const InetDesign& design)
       RemotePort(design.RemotePort),
       RequestTimeout(*this, design.RequestTimeout) {}
 
-Bytes Inet::OpenURL(const std::string& url, DataType) {
+DecodedBodyReference Inet::OpenURL(const std::string& url, DataType) {
     if (is_busy_)
         throw Failure(FailureKind::transfer_busy, "Still executing last request");
     const BusyMark busy(is_busy_);
@@ -66,9 +56,7 @@ Bytes Inet::OpenURL(const std::string& url, DataType) {
     runtime.platform().wait_until([this] { return outcome_.has_value(); });
     // The wait has brought an outcome.
     // NOLINTNEXTLINE(bugprone-unchecked-optional-access)
-    const auto body = body_of(*std::exchange(outcome_, std::nullopt));
-    runtime.pictures().remember(body);
-    return copy_of(body->bytes);
+    return body_of(*std::exchange(outcome_, std::nullopt));
 }
 
 void Inet::Cancel() {

@@ -27,10 +27,10 @@ class Inet : public Element {
   public:
     Inet(Form& owner, const InetDesign& design);
 
-    /// Performs a whole HTTP GET and gives back the body, while the message loop runs on.
+    /// Performs a whole HTTP GET and gives back the body, decoded, while the message loop runs on.
     /// Throws a `Failure`: 35764 at once while another request is running, which is left alone;
     /// 35765 for a body without a byte; otherwise that of the transfer.
-    Bytes OpenURL(const std::string& url, DataType type);
+    DecodedBodyReference OpenURL(const std::string& url, DataType type);
     /// Ends the request in progress with a failure.
     void Cancel();
 

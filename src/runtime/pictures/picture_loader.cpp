@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <utility>
 
 namespace lookfar {
 
@@ -30,21 +29,16 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 
 } // namespace
 
-void PictureLoader::remember(DecodedBodyReference body) {
-    last_body_ = std::move(body);
-    good_state_.reset();
-}
-
-PictureReference PictureLoader::load(Disk& disk, const std::string& path) {
-    if (!last_body_ || !is_good(*disk.open(path, OpenMode::read)))
+PictureReference PictureLoader::LoadPicture(const std::string& path) {
+    if (!is_good(*disk_.open(path, OpenMode::read)))
         throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
-    return std::make_shared<Picture>(pixels_or_failure(*last_body_));
+    return std::make_shared<Picture>(pixels_or_failure(*body_));
 }
 
 bool PictureLoader::is_good(DiskFile& file) {
     // Taken before the bytes are read: one that is written meanwhile is read again next time.
     const FileState state = file.state();
-    if (state != good_state_ && begins_with(file, last_body_->bytes))
+    if (state != good_state_ && begins_with(file, bytes()))
         good_state_ = state;
     return state == good_state_;
 }

@@ -5,25 +5,29 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace lookfar {
 
-/// Makes picture objects of what the last transfer has brought and decoded.
+/// Makes picture objects of a body, out of a file that begins with it.
 class PictureLoader {
   public:
-    /// Keeps the body of an answer in mind, with what was decoded from it.
-    void remember(DecodedBodyReference body);
+    PictureLoader(Disk& disk, DecodedBodyReference body) : disk_(disk), body_(std::move(body)) {}
 
-    /// A picture object of its own, out of a file that begins with the body kept in mind, whatever
-    /// follows there. Throws that body's failure where it is no picture, one of the kind
-    /// `file_in_use` where the file begins otherwise, and another one where it can't be read.
-    PictureReference load(Disk& disk, const std::string& path);
+    /// What a file must begin with.
+    const Bytes& bytes() const { return body_->bytes; }
+
+    /// A picture object of its own, whatever follows the body in the file. Throws the body's
+    /// failure where it is no picture, one of the kind `file_in_use` where the file begins
+    /// otherwise, and another one where it can't be read.
+    PictureReference LoadPicture(const std::string& path);
 
   private:
     bool is_good(DiskFile& file);
 
-    DecodedBodyReference last_body_;
-    /// In this state a file began with the last body, and need not be read again.
+    Disk& disk_;
+    DecodedBodyReference body_;
+    /// In this state a file began with the body, and need not be read again.
     std::optional<FileState> good_state_;
 };
 
