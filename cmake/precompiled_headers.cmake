@@ -4,8 +4,8 @@
 
 # precompile_headers(NAME [LIBRARIES ...] HEADERS ...) compiles headers, which may need libraries.
 # A target takes them by: target_precompile_headers(TARGET REUSE_FROM NAME)
-# It has to be a library, too, since programs are compiled otherwise, and has to define all that these
-# libraries define.
+# It has to be a library, too, since programs are compiled otherwise, and has to define all that
+# these libraries define.
 function(precompile_headers name)
     cmake_parse_arguments(PARSE_ARGV 1 argument "" "" "LIBRARIES;HEADERS")
     # A compiler is only run for a target with a source.
@@ -19,8 +19,10 @@ endfunction()
 set(standard_headers
     <algorithm> <chrono> <functional> <memory> <optional> <ranges> <span> <string> <variant>
     <vector>)
-set(qt_headers <QAccessible> <QIcon> <QImage> <QMouseEvent> <QPainter> <QPainterPath> <QTimer>)
-set(runtime_headers <runtime/form.h> <runtime/runtime.h>)
 
-precompile_headers(lookfar_runtime_headers HEADERS ${standard_headers} ${runtime_headers})
-precompile_headers(lookfar_qt_headers LIBRARIES Qt6::Gui HEADERS ${standard_headers} ${qt_headers})
+precompile_headers(lookfar_runtime_headers
+    HEADERS ${standard_headers} <runtime/form.h> <runtime/runtime.h>)
+precompile_headers(lookfar_qt_headers
+    LIBRARIES Qt6::Gui
+    HEADERS ${standard_headers}
+        <QAccessible> <QIcon> <QImage> <QMouseEvent> <QPainter> <QPainterPath> <QTimer>)

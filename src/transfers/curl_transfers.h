@@ -22,7 +22,8 @@ namespace lookfar {
 /// pictures gives its first whole one, and the transfer ends there. HTTP/2 is spoken where a host
 /// offers it with https.
 ///
-/// Failures carry the transfer library's number and a text that is not empty.
+/// Failures are those of `address_of` and of `exchange_failures.h`, and one for a status 304 that
+/// nobody asked for; none has an empty text.
 class CurlTransfers {
   public:
     /// Runs work on the main thread later. Called on any thread.
