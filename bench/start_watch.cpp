@@ -61,8 +61,7 @@ class MiddleOfScreen {
     static int corner(int length) { return (length - side) / 2; }
 
     bool shows_picture() const {
-        const xcb_screen_t& screen =
-            *xcb_setup_roots_iterator(xcb_get_setup(connection_.get())).data;
+        const xcb_screen_t& screen = screen_of(*connection_);
         const std::vector<std::uint8_t> pixels =
             pixels_of_square(*connection_, screen.root, corner(screen.width_in_pixels),
                              corner(screen.height_in_pixels), side);

@@ -17,7 +17,7 @@ constexpr int side = 20;
 WatchedWindow::WatchedWindow(xcb_window_t window)
     : connection_(connect_to_x_server()),
       window_(window),
-      root_(root_window(*connection_)),
+      root_(screen_of(*connection_).root),
       protocols_(atom("WM_PROTOCOLS")),
       ping_(atom("_NET_WM_PING")) {
     // Toolkits differ in whom of those that watch the root window they answer.

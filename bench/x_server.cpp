@@ -13,8 +13,8 @@ XConnection connect_to_x_server() {
     return connection;
 }
 
-xcb_window_t root_window(xcb_connection_t& connection) {
-    return xcb_setup_roots_iterator(xcb_get_setup(&connection)).data->root;
+const xcb_screen_t& screen_of(xcb_connection_t& connection) {
+    return *xcb_setup_roots_iterator(xcb_get_setup(&connection)).data;
 }
 
 std::vector<std::uint8_t> pixels_of_square(xcb_connection_t& connection, xcb_window_t window, int x,

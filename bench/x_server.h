@@ -24,8 +24,8 @@ using Reply = std::unique_ptr<Type, Freed>;
 /// A connection to the X server that DISPLAY names. Throws std::runtime_error where there is none.
 XConnection connect_to_x_server();
 
-/// The window that covers the whole screen, below all others.
-xcb_window_t root_window(xcb_connection_t& connection);
+/// The first screen of the server, with its size and its root window.
+const xcb_screen_t& screen_of(xcb_connection_t& connection);
 
 /// The pixels of a square whose top left corner is at (x, y) in the window, with those of the
 /// windows that lie in it: rows of four bytes a pixel, blue first. Throws std::runtime_error where
