@@ -1,6 +1,6 @@
 // Any bytes are a picture in good order, or are refused with the one failure of pictures.
 #include "fuzz/support/expect.h"
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/failure.h"
 #include "runtime/pictures/decoded_body.h"

@@ -1,6 +1,6 @@
 #include "resource_pictures.h"
 
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "resources/resources.h"
 
 #include <cstdint>

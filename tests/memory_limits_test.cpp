@@ -1,4 +1,4 @@
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "pipeline/blur.h"
 #include "runtime/failure.h"
 #include "support/pictures.h"

@@ -1,6 +1,6 @@
 #include "resources/resources.h"
 
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 
 #include <gtest/gtest.h>
 

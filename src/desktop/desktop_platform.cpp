@@ -13,7 +13,7 @@
 #include "desktop/style/geometry.h"
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/files/disk.h"
 #include "transfers/curl_transfers.h"

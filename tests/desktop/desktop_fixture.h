@@ -4,7 +4,7 @@
 #include "desktop/waiting.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "resources/resources.h"
 #include "runtime/controls/control.h"
 #include "runtime/form.h"

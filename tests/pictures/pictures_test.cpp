@@ -1,5 +1,5 @@
 #include "pictures/jpeg_decoder.h"
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "pictures/png_texts.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/failure.h"

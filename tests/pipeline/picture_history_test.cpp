@@ -1,4 +1,4 @@
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "support/literal_blur.h"
 #include "support/machine.h"
 

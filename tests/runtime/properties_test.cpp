@@ -1,4 +1,4 @@
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/images.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 #include "runtime/platform.h"
 #include "support/faulty_disk.h"
 

@@ -1,4 +1,4 @@
-#include "pictures/picture_decoder.h"
+#include "pictures/decode_pixels.h"
 
 #include "pictures/jpeg_decoder.h"
 #include "pictures/png_texts.h"
