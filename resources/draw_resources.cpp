@@ -25,7 +25,6 @@ namespace {
 
 constexpr int icon_sizes[] = {LOOKFAR_ICON_SIZES};
 constexpr QRect scalable_icon_square(0, 0, 256, 256);
-constexpr int jpeg_quality = 90;
 
 QImage draw_icon(int pixels) {
     QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
@@ -35,21 +34,10 @@ QImage draw_icon(int pixels) {
     return image;
 }
 
-void write(const QImage& image, QImageWriter& writer) {
-    if (!writer.write(image))
-        throw std::runtime_error(writer.fileName().toStdString() + ": " +
-                                 writer.errorString().toStdString());
-}
-
 void write_png(const QImage& image, const QString& path) {
     QImageWriter writer(path, "png");
-    write(image, writer);
-}
-
-void write_jpeg(const QImage& image, const QString& path) {
-    QImageWriter writer(path, "jpg");
-    writer.setQuality(jpeg_quality);
-    write(image, writer);
+    if (!writer.write(image))
+        throw std::runtime_error(path.toStdString() + ": " + writer.errorString().toStdString());
 }
 
 void write_scalable_icon(const QString& path) {
@@ -69,7 +57,7 @@ void draw_all(const QDir& folder) {
     for (const int pixels : icon_sizes)
         write_png(draw_icon(pixels), folder.filePath(QString("icon-%1.png").arg(pixels)));
     write_scalable_icon(folder.filePath("icon.svg"));
-    write_jpeg(draw_test_card(), folder.filePath("test-card.jpg"));
+    write_png(draw_test_card(), folder.filePath("test-card.png"));
     write_png(draw_splash(), folder.filePath("splash.png"));
 }
 

@@ -15,7 +15,7 @@ std::vector<std::span<const std::uint8_t>> icons();
 /// std::out_of_range.
 std::span<const std::uint8_t> icon(int pixels);
 
-/// The television test card, a baseline JPEG file of 540 by 405 pixels.
+/// The television test card, a PNG file of 540 by 405 pixels.
 std::span<const std::uint8_t> test_card();
 
 /// The splash picture, a PNG file of 320 by 240 pixels with 24 bits each.

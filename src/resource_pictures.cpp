@@ -1,7 +1,9 @@
 #include "resource_pictures.h"
 
-#include "pictures/decode_pixels.h"
+#include "pictures/image_pixels.h"
 #include "resources/resources.h"
+
+#include <QImage>
 
 #include <cstdint>
 #include <memory>
@@ -11,8 +13,8 @@ namespace lookfar {
 
 namespace {
 
-PictureReference decoded(std::span<const std::uint8_t> file) {
-    return std::make_shared<Picture>(decode_pixels(file));
+PictureReference decoded(std::span<const std::uint8_t> png) {
+    return std::make_shared<Picture>(pixels_of(png_image(png), PixelMemory().allocator()));
 }
 
 } // namespace

@@ -14,15 +14,13 @@
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
 #include "pictures/decode_pixels.h"
+#include "pictures/image_pixels.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/files/disk.h"
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QByteArray>
 #include <QDesktopServices>
-#include <QImageReader>
 #include <QPixmap>
 #include <QScreen>
 #include <QTime>
@@ -39,20 +37,10 @@ namespace lookfar {
 
 namespace {
 
-QImage decoded_png(std::span<const std::uint8_t> file) {
-    QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(file.data()),
-                                               static_cast<qsizetype>(file.size()));
-    QBuffer content(&bytes);
-    QImageReader reader(&content, "png");
-    // All plugins would be loaded to be asked.
-    reader.setAutoDetectImageFormat(false);
-    return reader.read();
-}
-
 QIcon icon_of(const std::vector<std::span<const std::uint8_t>>& files) {
     QIcon icon;
     for (const auto& file : files)
-        icon.addPixmap(QPixmap::fromImage(decoded_png(file)));
+        icon.addPixmap(QPixmap::fromImage(png_image(file)));
     return icon;
 }
 
@@ -188,7 +176,7 @@ std::unique_ptr<CurlTransfers> DesktopPlatform::make_transfers() {
     return std::make_unique<CurlTransfers>(
         [this](std::function<void()> work) { post(std::move(work)); },
         [memory = PixelMemory()](std::span<const std::uint8_t> bytes) {
-            return decode_pixels(bytes, memory);
+            return decode_pixels(bytes, memory.allocator());
         },
         readable_media_types());
 }

@@ -1,5 +1,6 @@
 #include "pictures/decode_pixels.h"
 
+#include "pictures/image_pixels.h"
 #include "pictures/jpeg_decoder.h"
 #include "pictures/png_texts.h"
 #include "pictures/readable_pictures.h"
@@ -11,10 +12,9 @@
 #include <QImageReader>
 #include <QTransform>
 
-#include <algorithm>
-#include <mutex>
 #include <new>
-#include <utility>
+#include <string>
+#include <string_view>
 
 namespace lookfar {
 
@@ -30,14 +30,8 @@ void refuse_size(QSize size) {
     refuse_large(size.width(), size.height());
 }
 
-/// Lets all readers allocate what our own limits allow. Theirs is one of the process, and pictures
-/// are decoded on several threads.
-void raise_allocation_limit() {
-    static std::once_flag once;
-    constexpr long long bytes_per_megabyte = 1024LL * 1024;
-    constexpr auto limit = static_cast<int>(most_bytes_while_decoding / bytes_per_megabyte);
-    std::call_once(once, [] { QImageReader::setAllocationLimit(limit); });
-}
+/// In megabytes; Qt's own limit is lower than ours.
+constexpr int reader_allocation_limit = most_bytes_while_decoding / (1024 * 1024);
 
 /// The bytes of a file. Notices when more is asked for than there is.
 class FileContent : public QBuffer {
@@ -65,10 +59,12 @@ class FileContent : public QBuffer {
 class Reader {
   public:
     explicit Reader(std::span<const std::uint8_t> bytes) : content_(bytes), reader_(&content_) {
-        raise_allocation_limit();
-        choose_format(bytes);
-        format_ = reader_.format().toStdString();
-        if (!is_picture_format(format_))
+        QImageReader::setAllocationLimit(reader_allocation_limit);
+        format_ = format_of(bytes);
+        // Any other reader would be loaded to be asked.
+        reader_.setAutoDetectImageFormat(false);
+        reader_.setFormat(QByteArray(format_.data(), std::ssize(format_)));
+        if (format_.empty() || !reader_.canRead())
             throw Failure(FailureKind::unknown_picture_format,
                           "The camera's answer is not a picture.");
         refuse_size(reader_.size());
@@ -90,17 +86,6 @@ class Reader {
     }
 
   private:
-    /// To ask every plugin whether the content is its own takes long, since each of them is loaded.
-    void choose_format(std::span<const std::uint8_t> bytes) {
-        const bool is_jpeg = starts_jpeg(bytes);
-        if (!is_jpeg && !starts_png(bytes)) {
-            reader_.setDecideFormatFromContent(true);
-            return;
-        }
-        reader_.setAutoDetectImageFormat(false);
-        reader_.setFormat(is_jpeg ? "jpeg" : "png");
-    }
-
     /// Those of the reader's own format, and of the same with three bytes and the opacity.
     int bytes_for_each_pixel() const {
         constexpr int bits_per_byte = 8;
@@ -117,7 +102,7 @@ class Reader {
 
     FileContent content_;
     QImageReader reader_;
-    std::string format_;
+    std::string_view format_;
 };
 
 QImage oriented(const QImage& image, QImageIOHandler::Transformations orientation) {
@@ -129,77 +114,40 @@ QImage oriented(const QImage& image, QImageIOHandler::Transformations orientatio
     return mirrored.transformed(QTransform().rotate(quarter_turn));
 }
 
-std::shared_ptr<std::uint8_t[]> opacity_of(const QImage& image) {
-    if (!image.hasAlphaChannel())
-        return nullptr;
-    const QImage alpha = image.convertToFormat(QImage::Format_Alpha8);
-    const auto width = static_cast<std::size_t>(alpha.width());
-    auto opacity = std::make_shared_for_overwrite<std::uint8_t[]>(
-        width * static_cast<std::size_t>(alpha.height()));
-    for (int row = 0; row < alpha.height(); ++row)
-        std::copy_n(alpha.constScanLine(row), width,
-                    opacity.get() + static_cast<std::size_t>(row) * width);
-    return opacity;
-}
-
-std::shared_ptr<const std::uint8_t[]> bytes_of(const QImage& image, const PixelMemory& memory) {
-    const auto stride = static_cast<std::size_t>(stride_of(image.width()));
-    const std::size_t byte_count = stride * static_cast<std::size_t>(image.height());
-    auto bytes = memory.take(byte_count);
-    for (int row = 0; row < image.height(); ++row)
-        std::copy_n(image.constScanLine(row), image.width() * bytes_per_pixel,
-                    bytes.get() + static_cast<std::size_t>(row) * stride);
-    clear_padding({bytes.get(), byte_count}, image.width());
-    return bytes;
-}
-
-Pixels pixels_of(QImage image, const PixelMemory& memory) {
-    auto opacity = opacity_of(image);
-    image.convertTo(QImage::Format_RGB888);
-    if (image.isNull())
-        throw std::bad_alloc();
-    return {.width = image.width(),
-            .height = image.height(),
-            .stride = stride_of(image.width()),
-            .bytes = bytes_of(image, memory),
-            .opacity = std::move(opacity),
-            .memory = memory};
-}
-
 Pixels laid(const Pixels& pixels, QImageIOHandler::Transformations orientation,
-            const PixelMemory& memory) {
+            const PixelAllocator& allocate) {
     if (orientation == QImageIOHandler::TransformationNone)
         return pixels;
     const QImage image(pixels.bytes.get(), pixels.width, pixels.height, pixels.stride,
                        QImage::Format_RGB888);
-    return pixels_of(oriented(image, orientation), memory);
+    return pixels_of(oriented(image, orientation), allocate);
 }
 
-Pixels decode_by_reader(Reader& reader, const PixelMemory& memory) {
-    return pixels_of(oriented(reader.read(), reader.orientation()), memory);
+Pixels decode_by_reader(Reader& reader, const PixelAllocator& allocate) {
+    return pixels_of(oriented(reader.read(), reader.orientation()), allocate);
 }
 
-Pixels decode(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+Pixels decode(std::span<const std::uint8_t> bytes, const PixelAllocator& allocate) {
     if (starts_png(bytes)) {
         const auto picture = without_png_texts(bytes);
         Reader reader(picture);
-        return decode_by_reader(reader, memory);
+        return decode_by_reader(reader, allocate);
     }
     Reader reader(bytes);
     if (!reader.is_jpeg())
-        return decode_by_reader(reader, memory);
+        return decode_by_reader(reader, allocate);
     refuse_many_scans(bytes, reader.size().width(), reader.size().height());
-    if (const auto pixels = decode_jpeg(bytes, memory))
-        return laid(*pixels, reader.orientation(), memory);
+    if (const auto pixels = decode_jpeg(bytes, allocate))
+        return laid(*pixels, reader.orientation(), allocate);
     refuse_cut_short_jpeg(bytes);
-    return decode_by_reader(reader, memory);
+    return decode_by_reader(reader, allocate);
 }
 
 } // namespace
 
-Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelAllocator& allocate) {
     try {
-        return decode(bytes, memory);
+        return decode(bytes, allocate);
     } catch (const std::bad_alloc&) {
         throw no_memory_for_a_picture();
     }

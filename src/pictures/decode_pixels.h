@@ -7,13 +7,14 @@
 
 namespace lookfar {
 
-/// Decodes pictures (JPEG and GIF at least) by their content, into bytes from the memory, and lays
-/// them as their orientation mark says. What follows a picture's end is ignored; of an animation
-/// the first frame is taken. May be called on any thread.
+/// Decodes pictures (JPEG and GIF at least) by their content, into memory of the allocator's, and
+/// lays them as their orientation mark says. What follows a picture's end is ignored; of an
+/// animation the first frame is taken. May be called on any thread.
 ///
 /// Throws a `Failure` of the kind `unknown_picture_format` for bytes that begin as no picture, and
 /// of the kind `invalid_picture` for a picture that ends too early or finds too little memory, and,
 /// before any pixel is allocated, for one that costs more than the limits allow.
-Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelMemory& memory = {});
+Pixels decode_pixels(std::span<const std::uint8_t> bytes,
+                     const PixelAllocator& allocate = PixelMemory().allocator());
 
 } // namespace lookfar

@@ -146,7 +146,8 @@ int count_jpeg_scans(std::span<const std::uint8_t> bytes) {
     return scans;
 }
 
-std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const PixelMemory& memory) {
+std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes,
+                                  const PixelAllocator& allocate) {
     const Handle handle = make_handle();
     const auto header = read_header(handle.get(), bytes);
     if (!header)
@@ -154,18 +155,13 @@ std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes, const Pix
     const auto [width, height] = *header;
     const int stride = stride_of(width);
     const auto byte_count = static_cast<std::size_t>(stride) * static_cast<std::size_t>(height);
-    auto pixels = memory.take(byte_count);
+    auto pixels = allocate(byte_count);
     const int result = tjDecompress2(handle.get(), bytes.data(), bytes.size(), pixels.get(), width,
                                      stride, height, TJPF_RGB, 0);
     if (result != 0)
         refuse_failed(handle.get(), bytes);
     clear_padding({pixels.get(), byte_count}, width);
-    return Pixels{.width = width,
-                  .height = height,
-                  .stride = stride,
-                  .bytes = std::move(pixels),
-                  .opacity = {},
-                  .memory = memory};
+    return Pixels{.width = width, .height = height, .stride = stride, .bytes = std::move(pixels)};
 }
 
 } // namespace lookfar

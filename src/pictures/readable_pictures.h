@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/pictures/picture.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -7,15 +9,14 @@
 
 namespace lookfar {
 
-/// Whether pictures of this format are read; formats are named as in their media types.
-bool is_picture_format(std::string_view name);
+/// The one of `picture_formats` that the bytes begin as; empty where they begin as none.
+std::string_view format_of(std::span<const std::uint8_t> bytes);
 
 /// The media types of the pictures that are read, with commas between them.
 std::string readable_media_types();
 
-/// What a camera's picture may cost at most, so that no small file can claim the whole memory or
-/// minutes of work. A JPEG is walked through whole for each of the scans that it is stored in.
-inline constexpr long long most_pixels = 40'000'000;
+/// What the decoding of a camera's picture may cost at most, beside its `most_pixels`. A JPEG is
+/// walked through whole for each of the scans that it is stored in.
 inline constexpr long long most_bytes_while_decoding = 400'000'000;
 inline constexpr int most_scans = 100;
 inline constexpr long long most_pixels_in_all_scans = 10 * most_pixels;

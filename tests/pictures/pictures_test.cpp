@@ -1,5 +1,5 @@
-#include "pictures/jpeg_decoder.h"
 #include "pictures/decode_pixels.h"
+#include "pictures/jpeg_decoder.h"
 #include "pictures/png_texts.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/failure.h"
@@ -71,7 +71,8 @@ TEST(Pictures, ArePaddedWithZerosInMemoryThatIsUsedAgain) {
     const std::uint8_t* const used = buffer.get();
     buffer.reset();
     for (const char* format : {"jpg", "png"}) {
-        const Pixels pixels = decode_pixels(picture_file(5, 3, 0x102030, format), memory);
+        const Pixels pixels =
+            decode_pixels(picture_file(5, 3, 0x102030, format), memory.allocator());
         EXPECT_EQ(pixels.bytes.get(), used) << format;
         for (const int row : {0, 1, 2})
             EXPECT_EQ(pixels.bytes[row * 16 + 15], 0) << format << row;

@@ -106,7 +106,7 @@ class ScriptedPlatform : public Platform {
     TransferOutcome decoded(Answer answer);
 
     const PictureDecoder decode_ = [memory = PixelMemory()](auto bytes) {
-        return decode_pixels(bytes, memory);
+        return decode_pixels(bytes, memory.allocator());
     };
     DecodedBodyReference last_body_;
     Instant now_{std::chrono::hours(1)};

@@ -86,4 +86,8 @@ std::shared_ptr<std::uint8_t[]> PixelMemory::take(std::size_t byte_count) const 
     return {loan, loan->buffer.bytes.get()};
 }
 
+PixelAllocator PixelMemory::allocator() const {
+    return [memory = *this](std::size_t byte_count) { return memory.take(byte_count); };
+}
+
 } // namespace lookfar
