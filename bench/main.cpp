@@ -38,7 +38,7 @@ int main(int argument_count, char** arguments) {
 
     benchmark::Initialize(&argument_count, arguments);
     UnattendedDesktop platform(argument_count, arguments,
-                               std::vector<std::span<const std::uint8_t>>{});
+                               std::vector<std::span<const std::uint8_t>>{}, LOOKFAR_DECODER);
     bench::register_rests(platform, camera.url("/picture.jpg"));
     bench::register_lists(platform);
     benchmark::RunSpecifiedBenchmarks();

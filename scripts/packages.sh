@@ -86,6 +86,7 @@ install_build_packages() {
         libcurl4-openssl-dev \
         libgif-dev \
         libgtest-dev \
+        libseccomp-dev \
         libturbojpeg0-dev \
         ninja-build \
         pkgconf \

@@ -1,3 +1,4 @@
+#include "decoder/decoder_place.h"
 #include "desktop/desktop_platform.h"
 #include "program.h"
 #include "resources/resources.h"
@@ -15,6 +16,12 @@ void ignore_signals_of_failed_writes() {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+/// A program that was started to ignore the end of its children would kill the decoder by a number
+/// that may be another process's by then.
+void keep_ended_children() {
+    std::signal(SIGCHLD, SIG_DFL);
+}
+
 /// Warnings go to descriptor 2, whatever lies there: a file or a connection must never get one of
 /// the first three descriptors.
 void keep_standard_streams_open() {
@@ -29,8 +36,10 @@ void keep_standard_streams_open() {
 
 int main(int argument_count, char** arguments) {
     ignore_signals_of_failed_writes();
+    keep_ended_children();
     keep_standard_streams_open();
-    lookfar::DesktopPlatform platform(argument_count, arguments, lookfar::resources::icons());
+    lookfar::DesktopPlatform platform(argument_count, arguments, lookfar::resources::icons(),
+                                      lookfar::decoder::decoder_of_this_program());
     lookfar::Program program(platform);
     platform.set_end_handler([&program] { program.close(); });
     program.start();

@@ -1,5 +1,6 @@
 #include "desktop/desktop_platform.h"
 
+#include "decoder/decoder_client.h"
 #include "desktop/accessible/accessibility.h"
 #include "desktop/accessible/change_reporter.h"
 #include "desktop/display_required.h"
@@ -13,9 +14,7 @@
 #include "desktop/style/geometry.h"
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
-#include "pictures/decode_pixels.h"
 #include "pictures/image_pixels.h"
-#include "pictures/readable_pictures.h"
 #include "runtime/files/disk.h"
 #include "transfers/curl_transfers.h"
 
@@ -82,8 +81,8 @@ struct DesktopPlatform::Parts {
     /// Receives what is posted.
     QObject loop;
     std::unique_ptr<Disk> disk = make_posix_disk();
-    /// Nothing until the first transfer: to start the library, and to load all decoders for the
-    /// media types, takes time that the windows need.
+    /// Nothing until the first transfer: to start libcurl and the decoder takes time that the
+    /// windows need.
     std::unique_ptr<CurlTransfers> transfers;
 };
 
@@ -95,8 +94,9 @@ DesktopPlatform::make_parts(int& argument_count, char** arguments,
 }
 
 DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
-                                 const std::vector<std::span<const std::uint8_t>>& icons)
-    : parts_(make_parts(argument_count, arguments, icons)) {
+                                 const std::vector<std::span<const std::uint8_t>>& icons,
+                                 std::filesystem::path decoder)
+    : parts_(make_parts(argument_count, arguments, icons)), decoder_(std::move(decoder)) {
     parts_->wake_timer.setSingleShot(true);
     parts_->wake_timer.setTimerType(Qt::PreciseTimer);
     // Queued, so that what the user has done by then comes before the ticks. They may take long,
@@ -175,10 +175,7 @@ Disk& DesktopPlatform::disk() {
 std::unique_ptr<CurlTransfers> DesktopPlatform::make_transfers() {
     return std::make_unique<CurlTransfers>(
         [this](std::function<void()> work) { post(std::move(work)); },
-        [memory = PixelMemory()](std::span<const std::uint8_t> bytes) {
-            return decode_pixels(bytes, memory.allocator());
-        },
-        readable_media_types());
+        std::make_unique<decoder::DecoderClient>(decoder_));
 }
 
 std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest request,

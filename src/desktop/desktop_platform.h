@@ -3,6 +3,7 @@
 #include "runtime/platform.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <span>
@@ -20,11 +21,13 @@ class CurlTransfers;
 /// There is one in a process, on the main thread.
 class DesktopPlatform : public Platform {
   public:
-    /// The icons are PNG files of the application's icon in several sizes. Arguments that the
-    /// windowing system knows are taken out of `arguments`. Without a display the program ends
-    /// with a line on standard error and status 1.
+    /// The icons are PNG files of the application's icon in several sizes. Pictures are decoded by
+    /// the program in the file `decoder`. Arguments that the windowing system knows are taken out
+    /// of `arguments`. Without a display the program ends with a line on standard error and
+    /// status 1.
     DesktopPlatform(int& argument_count, char** arguments,
-                    const std::vector<std::span<const std::uint8_t>>& icons);
+                    const std::vector<std::span<const std::uint8_t>>& icons,
+                    std::filesystem::path decoder);
     ~DesktopPlatform() override;
 
     Instant now() const override;
@@ -72,6 +75,7 @@ class DesktopPlatform : public Platform {
     std::unique_ptr<CurlTransfers> make_transfers();
 
     std::unique_ptr<Parts> parts_;
+    const std::filesystem::path decoder_;
 };
 
 } // namespace lookfar

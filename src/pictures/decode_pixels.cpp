@@ -153,4 +153,13 @@ Pixels decode_pixels(std::span<const std::uint8_t> bytes, const PixelAllocator& 
     }
 }
 
+DecodedPicture decoded_picture(std::span<const std::uint8_t> bytes,
+                               const PixelAllocator& allocate) {
+    try {
+        return decode_pixels(bytes, allocate);
+    } catch (const Failure& failure) {
+        return failure;
+    }
+}
+
 } // namespace lookfar

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/pictures/picture.h"
+#include "runtime/pictures/picture_decoder.h"
 
 #include <cstdint>
 #include <span>
@@ -16,5 +16,9 @@ namespace lookfar {
 /// before any pixel is allocated, for one that costs more than the limits allow.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes,
                      const PixelAllocator& allocate = PixelMemory().allocator());
+
+/// The same, with the failure as a result.
+DecodedPicture decoded_picture(std::span<const std::uint8_t> bytes,
+                               const PixelAllocator& allocate = PixelMemory().allocator());
 
 } // namespace lookfar

@@ -2,13 +2,10 @@
 
 #include "pictures/jpeg_decoder.h"
 #include "runtime/failure.h"
-#include "runtime/pictures/picture_formats.h"
-
-#include <QByteArray>
-#include <QImageReader>
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 namespace lookfar {
 
@@ -54,15 +51,6 @@ std::string_view format_of(std::span<const std::uint8_t> bytes) {
     const auto found = std::ranges::find_if(
         beginnings, [file](const Beginning& beginning) { return has(file, beginning); });
     return found == beginnings.end() ? std::string_view() : found->format;
-}
-
-std::string readable_media_types() {
-    const QList<QByteArray> readable = QImageReader::supportedImageFormats();
-    std::string types;
-    for (const std::string_view format : picture_formats)
-        if (readable.contains(QByteArrayView(format)))
-            types.append(types.empty() ? "" : ",").append("image/").append(format);
-    return types;
 }
 
 void refuse_large(int width, int height) {

@@ -4,9 +4,12 @@
 #include "transfers/exchange_failures.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <stop_token>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -27,10 +30,8 @@ void hand_over(TransferTicket& ticket) {
 /// The thread that moves all transfers forward.
 class CurlTransfers::Worker {
   public:
-    Worker(Post post, PictureDecoder decode, std::string media_types)
-        : post_(std::move(post)),
-          media_types_(std::move(media_types)),
-          last_answer_(std::move(decode)) {
+    Worker(Post post, std::unique_ptr<PictureDecoder> decoder)
+        : post_(std::move(post)), decoder_(std::move(decoder)) {
         thread_ = std::jthread([this](const std::stop_token& stop) { run(stop); });
     }
 
@@ -51,20 +52,46 @@ class CurlTransfers::Worker {
             drop_abandoned();
             start_waiting();
             move_forward();
+            finish_decoding();
             report_finished();
-            curl_multi_poll(multi_.get(), nullptr, 0, longest_poll_milliseconds, nullptr);
+            wait();
+            decoder_->attend();
         }
+    }
+
+    /// For a host, the decoder, its deadline, or to be woken.
+    void wait() {
+        curl_waitfd decoder{.fd = decoder_->descriptor(), .events = CURL_WAIT_POLLIN, .revents = 0};
+        curl_multi_poll(multi_.get(), &decoder, decoder.fd == -1 ? 0 : 1, longest_wait(), nullptr);
+    }
+
+    int longest_wait() const {
+        using std::chrono::milliseconds;
+        const auto deadline = decoder_->deadline();
+        if (!deadline)
+            return longest_poll_milliseconds;
+        const auto left =
+            std::chrono::ceil<milliseconds>(*deadline - std::chrono::steady_clock::now());
+        return static_cast<int>(
+            std::clamp(left, milliseconds::zero(), milliseconds(longest_poll_milliseconds))
+                .count());
     }
 
     void drop_abandoned() {
         std::erase_if(running_,
                       [](const auto& exchange) { return exchange->ticket()->is_abandoned.load(); });
+        if (decoding_ && decoding_->ticket->is_abandoned)
+            decoding_.reset();
     }
 
+    /// Hosts are told the media types, which the decoder knows a moment after its start.
     void start_waiting() {
+        const auto media_types = decoder_->media_types();
+        if (!media_types)
+            return;
         for (const auto& ticket : take_waiting())
             if (!ticket->is_abandoned)
-                start(ticket);
+                start(ticket, *media_types);
     }
 
     std::vector<std::shared_ptr<TransferTicket>> take_waiting() {
@@ -72,10 +99,10 @@ class CurlTransfers::Worker {
         return std::exchange(waiting_, {});
     }
 
-    void start(const std::shared_ptr<TransferTicket>& ticket) {
+    void start(const std::shared_ptr<TransferTicket>& ticket, const std::string& media_types) {
         report_failure_of(ticket, [&] {
             running_.push_back(std::make_unique<CurlExchange>(
-                multi_.get(), ticket, media_types_, last_answer_.known_at(ticket->request.url)));
+                multi_.get(), ticket, media_types, last_answer_.known_at(ticket->request.url)));
         });
     }
 
@@ -96,9 +123,11 @@ class CurlTransfers::Worker {
         curl_multi_perform(multi_.get(), &running_count);
     }
 
+    /// Answers that come while one is being decoded wait for that in libcurl.
     void report_finished() {
         int messages_left = 0;
-        while (const CURLMsg* message = curl_multi_info_read(multi_.get(), &messages_left))
+        const CURLMsg* message = nullptr;
+        while (!decoding_ && (message = curl_multi_info_read(multi_.get(), &messages_left)))
             if (message->msg == CURLMSG_DONE)
                 finish(message->easy_handle, message->data.result);
     }
@@ -113,11 +142,35 @@ class CurlTransfers::Worker {
 
     void report(CurlExchange& exchange, CURLcode code) {
         const auto& ticket = exchange.ticket();
-        if (auto end = exchange.take_answer(code); auto* const answer = std::get_if<Answer>(&end))
-            post_report(ticket, last_answer_.outcome_of(std::move(*answer), ticket->request.url,
-                                                        exchange.known()));
+        auto end = exchange.take_answer(code);
+        if (const auto* const failure = std::get_if<Failure>(&end)) {
+            post_report(ticket, *failure);
+            return;
+        }
+        auto& answer = std::get<Answer>(end);
+        if (auto outcome = last_answer_.outcome_without_decoding(answer, ticket->request.url,
+                                                                 exchange.known()))
+            post_report(ticket, *std::move(outcome));
         else
-            post_report(ticket, std::get<Failure>(end));
+            decode(ticket, std::move(answer));
+    }
+
+    void decode(const std::shared_ptr<TransferTicket>& ticket, Answer answer) {
+        decoder_->start(answer.body);
+        decoding_.emplace(ticket, std::move(answer));
+        finish_decoding();
+    }
+
+    /// The result of a picture that nobody waits for any more is dropped.
+    void finish_decoding() {
+        auto picture = decoder_->take_result();
+        if (!picture || !decoding_)
+            return;
+        auto [ticket, answer] = *std::exchange(decoding_, std::nullopt);
+        report_failure_of(ticket, [&] {
+            post_report(ticket, last_answer_.outcome_of(std::move(answer), ticket->request.url,
+                                                        *std::move(picture)));
+        });
     }
 
     void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {
@@ -125,14 +178,24 @@ class CurlTransfers::Worker {
         post_([ticket] { hand_over(*ticket); });
     }
 
+    /// An answer whose body is being decoded.
+    struct Decoding {
+        Decoding(std::shared_ptr<TransferTicket> of, Answer with)
+            : ticket(std::move(of)), answer(std::move(with)) {}
+
+        std::shared_ptr<TransferTicket> ticket;
+        Answer answer;
+    };
+
     const Post post_;
-    const std::string media_types_;
     const CurlLibrary library_;
     const MultiHandle multi_ = make_multi_handle();
     std::mutex mutex_;
     std::vector<std::shared_ptr<TransferTicket>> waiting_;
-    /// These two are touched on the worker's thread only, and after its end.
+    /// These are touched on the worker's thread only, and after its end.
+    const std::unique_ptr<PictureDecoder> decoder_;
     LastAnswer last_answer_;
+    std::optional<Decoding> decoding_;
     std::vector<std::unique_ptr<CurlExchange>> running_;
     std::jthread thread_;
 };
@@ -155,9 +218,8 @@ class CurlTransfers::Handle : public Transfer {
     std::shared_ptr<TransferTicket> ticket_;
 };
 
-CurlTransfers::CurlTransfers(Post post, PictureDecoder decode, std::string media_types)
-    : worker_(
-          std::make_shared<Worker>(std::move(post), std::move(decode), std::move(media_types))) {}
+CurlTransfers::CurlTransfers(Post post, std::unique_ptr<PictureDecoder> decoder)
+    : worker_(std::make_shared<Worker>(std::move(post), std::move(decoder))) {}
 
 CurlTransfers::~CurlTransfers() = default;
 

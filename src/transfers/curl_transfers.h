@@ -5,13 +5,12 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <string>
 
 namespace lookfar {
 
-/// Fetches pictures with HTTP GETs, and has them decoded, on one worker thread. Connections are
-/// kept and used again by later transfers from the same host. Everything here, and the transfers
-/// handed out, belong to the main thread.
+/// Fetches pictures with HTTP GETs on one worker thread, which also attends to their decoder.
+/// Connections are kept and used again by later transfers from the same host. Everything here, and
+/// the transfers handed out, belong to the main thread.
 ///
 /// Addresses are taken as browsers take them (`address_of`). Only http and https are spoken, also
 /// after a redirect. A user name and password in the address answer any authentication that the
@@ -33,9 +32,9 @@ class CurlTransfers {
     static constexpr std::size_t largest_header = std::size_t{256} * 1024;
     static constexpr long most_redirects = 10;
 
-    /// Decodes on the worker's thread. Hosts are told the media types of the pictures that are
-    /// read, with commas between them. Throws a Failure if the transfer library cannot be started.
-    CurlTransfers(Post post, PictureDecoder decode, std::string media_types);
+    /// The decoder is used on the worker's thread alone; hosts are told its media types. Throws a
+    /// Failure if the transfer library cannot be started.
+    CurlTransfers(Post post, std::unique_ptr<PictureDecoder> decoder);
     CurlTransfers(const CurlTransfers&) = delete;
     CurlTransfers& operator=(const CurlTransfers&) = delete;
     /// Abandons the transfers in progress and returns without waiting for any host.

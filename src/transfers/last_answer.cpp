@@ -16,6 +16,14 @@ bool may_be_confirmed(const Answer& answer) {
            !answer.media_type.starts_with("multipart/");
 }
 
+KnownAnswerReference known_answer(const Answer& answer, const std::string& address,
+                                  DecodedBodyReference body) {
+    return std::make_shared<const KnownAnswer>(
+        KnownAnswer{.address = address,
+                    .validators = may_be_confirmed(answer) ? answer.validators : Validators(),
+                    .body = std::move(body)});
+}
+
 } // namespace
 
 std::vector<std::string> conditions(const KnownAnswerReference& known) {
@@ -27,32 +35,31 @@ std::vector<std::string> conditions(const KnownAnswerReference& known) {
     return lines;
 }
 
-LastAnswer::LastAnswer(PictureDecoder decode) : decode_(std::move(decode)) {}
-
 KnownAnswerReference LastAnswer::known_at(const std::string& address) const {
     return last_ && last_->address == address && !last_->validators.empty() ? last_ : nullptr;
 }
 
-TransferOutcome LastAnswer::outcome_of(Answer answer, const std::string& address,
-                                       const KnownAnswerReference& known) {
+std::optional<TransferOutcome>
+LastAnswer::outcome_without_decoding(const Answer& answer, const std::string& address,
+                                     const KnownAnswerReference& known) {
     if (answer.status == not_modified && known)
         return known->body;
     if (answer.status == not_modified)
         return Failure(not_modified,
                        "The camera answered 304 Not Modified without having been asked.");
-    const auto validators = may_be_confirmed(answer) ? std::move(answer.validators) : Validators();
-    auto body = decoded(std::move(answer));
-    const bool is_picture = std::holds_alternative<Pixels>(body->picture);
-    last_ = is_picture ? std::make_shared<const KnownAnswer>(KnownAnswer{address, validators, body})
-                       : nullptr;
-    return body;
+    if (!last_ || last_->body->bytes != answer.body)
+        return std::nullopt;
+    last_ = known_answer(answer, address, last_->body);
+    return last_->body;
 }
 
-DecodedBodyReference LastAnswer::decoded(Answer answer) const {
-    if (last_ && last_->body->bytes == answer.body)
-        return last_->body;
+TransferOutcome LastAnswer::outcome_of(Answer answer, const std::string& address,
+                                       DecodedPicture picture) {
+    const bool is_picture = std::holds_alternative<Pixels>(picture);
     const std::string complaint = complaint_about(answer);
-    return decoded_body(std::move(answer.body), decode_, complaint);
+    auto body = decoded_body(std::move(answer.body), std::move(picture), complaint);
+    last_ = is_picture ? known_answer(answer, address, body) : nullptr;
+    return body;
 }
 
 } // namespace lookfar

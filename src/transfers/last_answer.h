@@ -4,6 +4,7 @@
 #include "transfers/answer.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,22 +27,21 @@ std::vector<std::string> conditions(const KnownAnswerReference& known);
 /// Makes of each answer what the asker gets, and keeps the last one where that was a picture.
 class LastAnswer {
   public:
-    explicit LastAnswer(PictureDecoder decode);
-
     /// What the host at the address can confirm instead of sending it again; null where there is
     /// nothing.
     KnownAnswerReference known_at(const std::string& address) const;
 
-    /// The body of the answer, decoded, to a request to the address that went out with the
-    /// conditions of `known`. What is confirmed, and what equals the last picture wherever that
-    /// came from, is not decoded again.
-    TransferOutcome outcome_of(Answer answer, const std::string& address,
-                               const KnownAnswerReference& known);
+    /// What comes of an answer that needs no decoding, to a request that went out with the
+    /// conditions of `known`: the picture that is confirmed, or that was not asked about, or the
+    /// one that equals the last, wherever that came from. Nothing for any other answer.
+    std::optional<TransferOutcome> outcome_without_decoding(const Answer& answer,
+                                                            const std::string& address,
+                                                            const KnownAnswerReference& known);
+
+    /// The body of the answer from the address with what it was decoded to.
+    TransferOutcome outcome_of(Answer answer, const std::string& address, DecodedPicture picture);
 
   private:
-    DecodedBodyReference decoded(Answer answer) const;
-
-    PictureDecoder decode_;
     KnownAnswerReference last_;
 };
 

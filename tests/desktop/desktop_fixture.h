@@ -71,7 +71,7 @@ class DesktopTest : public testing::Test {
     int argument_count = 1;
     std::string name = "desktop_test";
     std::array<char*, 2> arguments{name.data(), nullptr};
-    DesktopPlatform platform{argument_count, arguments.data(), resources::icons()};
+    DesktopPlatform platform{argument_count, arguments.data(), resources::icons(), LOOKFAR_DECODER};
     Runtime runtime{platform};
 };
 

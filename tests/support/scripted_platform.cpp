@@ -1,5 +1,6 @@
 #include "support/scripted_platform.h"
 
+#include "pictures/decode_pixels.h"
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -102,8 +103,10 @@ TransferOutcome ScriptedPlatform::decoded(Answer answer) {
     auto& body = std::get<Bytes>(answer);
     const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
                                                : "The camera's answer is not a picture.";
-    if (!last_body_ || last_body_->bytes != body)
-        last_body_ = decoded_body(std::move(body), decode_, complaint);
+    if (!last_body_ || last_body_->bytes != body) {
+        auto picture = decoded_picture(body, memory_.allocator());
+        last_body_ = decoded_body(std::move(body), std::move(picture), complaint);
+    }
     return last_body_;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "pictures/decode_pixels.h"
 #include "runtime/platform.h"
 #include "support/faulty_disk.h"
 
@@ -105,9 +104,7 @@ class ScriptedPlatform : public Platform {
     /// What equals the body before is not decoded again.
     TransferOutcome decoded(Answer answer);
 
-    const PictureDecoder decode_ = [memory = PixelMemory()](auto bytes) {
-        return decode_pixels(bytes, memory.allocator());
-    };
+    const PixelMemory memory_;
     DecodedBodyReference last_body_;
     Instant now_{std::chrono::hours(1)};
     std::chrono::milliseconds time_of_day_at_start_{std::chrono::hours(12)};

@@ -91,6 +91,31 @@ class EnvironmentVariable {
     const char* name_;
 };
 
+/// Decodes a picture at once, by a function.
+class InstantDecoder : public PictureDecoder {
+  public:
+    explicit InstantDecoder(std::function<Pixels()> decode) : decode_(std::move(decode)) {}
+
+    std::optional<std::string> media_types() override { return "image/jpeg,image/gif"; }
+    void start(std::span<const std::uint8_t>) override {
+        try {
+            result_ = decode_();
+        } catch (const Failure& failure) {
+            result_ = failure;
+        }
+    }
+    std::optional<DecodedPicture> take_result() override {
+        return std::exchange(result_, std::nullopt);
+    }
+    void attend() override {}
+    int descriptor() const override { return -1; }
+    std::optional<std::chrono::steady_clock::time_point> deadline() const override { return {}; }
+
+  private:
+    std::function<Pixels()> decode_;
+    std::optional<DecodedPicture> result_;
+};
+
 /// Transfers from a camera server, on whose paths the tests put what they need.
 class Transfers : public testing::Test {
   protected:
@@ -152,12 +177,11 @@ class Transfers : public testing::Test {
     demo::CameraServer server;
     std::unique_ptr<CurlTransfers> transfers = std::make_unique<CurlTransfers>(
         [this](std::function<void()> work) { loop.post(std::move(work)); },
-        [this](auto) {
+        std::make_unique<InstantDecoder>([this] {
             decoding_thread = std::this_thread::get_id();
             ++decodes;
             return decode();
-        },
-        "image/jpeg,image/gif");
+        }));
 };
 
 } // namespace lookfar

@@ -1,0 +1,169 @@
+#include "decoder/decoder_client.h"
+
+#include "decoder/decoder_failures.h"
+#include "decoder/memory_file.h"
+#include "runtime/pictures/picture_formats.h"
+
+#include <new>
+#include <utility>
+
+namespace lookfar::decoder {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// Those that every decoder reads.
+constexpr std::uint32_t usual_formats = (1U << (picture_formats.size() - 1)) - 1;
+
+std::string media_types_of(std::uint32_t formats) {
+    std::string types;
+    for (std::size_t index = 0; index < picture_formats.size(); ++index)
+        if ((formats & 1U << index) != 0)
+            types.append(types.empty() ? "" : ",").append("image/").append(picture_formats[index]);
+    return types;
+}
+
+} // namespace
+
+DecoderClient::DecoderClient(std::filesystem::path program, Clock::duration longest)
+    : program_(std::move(program)), longest_(longest) {}
+
+std::optional<std::string> DecoderClient::media_types() {
+    if (state_ == State::absent && !formats_ && !start_failure_)
+        launch();
+    if (state_ == State::starting && !formats_)
+        return std::nullopt;
+    return media_types_of(formats_.value_or(usual_formats));
+}
+
+void DecoderClient::start(std::span<const std::uint8_t> bytes) {
+    if (state_ == State::decoding)
+        end_process();
+    result_.reset();
+    body_.reset();
+    if (const auto failure = std::exchange(start_failure_, std::nullopt)) {
+        result_ = *failure;
+        return;
+    }
+    try {
+        begin({.file = make_memory_file(bytes), .size = bytes.size()});
+    } catch (const std::bad_alloc&) {
+        result_ = no_memory_for_a_picture();
+    }
+}
+
+void DecoderClient::begin(Body body) {
+    body_ = std::move(body);
+    deadline_ = Clock::now() + longest_;
+    // One that has died since the last picture is found out only here.
+    if (state_ == State::idle && !send_order())
+        end_process();
+    if (state_ == State::absent)
+        launch();
+}
+
+std::optional<DecodedPicture> DecoderClient::take_result() {
+    return std::exchange(result_, std::nullopt);
+}
+
+void DecoderClient::attend() {
+    try {
+        while (state_ != State::absent) {
+            const auto message = receive(process_->socket(), Waiting::no);
+            if (!message)
+                break;
+            hear(*message);
+        }
+        if (is_late())
+            throw takes_too_long();
+    } catch (const Failure& failure) {
+        fail(failure);
+    } catch (const std::bad_alloc&) {
+        fail(no_memory_for_a_picture());
+    }
+}
+
+int DecoderClient::descriptor() const {
+    return process_ ? process_->socket() : -1;
+}
+
+std::optional<Clock::time_point> DecoderClient::deadline() const {
+    return deadline_;
+}
+
+void DecoderClient::launch() {
+    try {
+        deadline_ = Clock::now() + longest_;
+        process_.emplace(program_);
+        state_ = State::starting;
+    } catch (const Failure& failure) {
+        fail(failure);
+    }
+}
+
+bool DecoderClient::send_order() {
+    process_->allow_processor_time(std::chrono::ceil<std::chrono::seconds>(longest_));
+    const Order order{.byte_count = body_->size, .idle_files = pixels_.idle_files()};
+    if (!send(process_->socket(), order, body_->file))
+        return false;
+    state_ = State::decoding;
+    return true;
+}
+
+void DecoderClient::hear(const ReceivedMessage& message) {
+    if (state_ == State::starting)
+        be_greeted(message);
+    else if (state_ == State::decoding)
+        take_reply(message);
+    else
+        throw has_failed();
+}
+
+void DecoderClient::be_greeted(const ReceivedMessage& message) {
+    if (message.size == 0)
+        throw ends_at_its_start();
+    const auto greeting = message.as<Greeting>();
+    if (!greeting || greeting->version != protocol_version)
+        throw has_failed();
+    if (greeting->error != 0)
+        throw cannot_be_locked_in(greeting->error);
+    formats_ = greeting->formats;
+    state_ = State::idle;
+    if (!body_)
+        deadline_.reset();
+    else if (!send_order())
+        throw has_failed();
+}
+
+void DecoderClient::take_reply(const ReceivedMessage& message) {
+    const auto reply = message.as<Reply>();
+    if (!reply)
+        throw has_failed();
+    result_ = pixels_.picture_of(*reply, message.descriptor);
+    body_.reset();
+    deadline_.reset();
+    state_ = State::idle;
+}
+
+void DecoderClient::fail(const Failure& failure) {
+    if (body_)
+        result_ = failure;
+    else if (state_ == State::starting || !process_)
+        start_failure_ = failure;
+    body_.reset();
+    end_process();
+}
+
+void DecoderClient::end_process() {
+    process_.reset();
+    pixels_.forget_files();
+    deadline_.reset();
+    state_ = State::absent;
+}
+
+bool DecoderClient::is_late() const {
+    return deadline_ && Clock::now() >= *deadline_;
+}
+
+} // namespace lookfar::decoder

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "decoder/decoder_process.h"
+#include "decoder/messages.h"
+#include "decoder/received_pixels.h"
+#include "runtime/pictures/picture_decoder.h"
+
+#include <filesystem>
+#include <optional>
+
+namespace lookfar::decoder {
+
+/// Has pictures decoded by a process that is locked in.
+///
+/// That process is started when it is needed first, and anew after it has failed: when the next
+/// picture comes, and once for each picture at most. Where it can't be started or can't lock itself
+/// in, each picture fails with the reason. A picture that takes too long ends it, and so does one
+/// that is given up.
+class DecoderClient : public PictureDecoder {
+  public:
+    /// What the decoder may take for a picture, its own start included.
+    static constexpr std::chrono::seconds most_time{15};
+
+    explicit DecoderClient(std::filesystem::path program,
+                           std::chrono::steady_clock::duration longest = most_time);
+
+    std::optional<std::string> media_types() override;
+    void start(std::span<const std::uint8_t> bytes) override;
+    std::optional<DecodedPicture> take_result() override;
+    void attend() override;
+    int descriptor() const override;
+    std::optional<std::chrono::steady_clock::time_point> deadline() const override;
+
+  private:
+    /// What the process does, as far as it has told.
+    enum class State { absent, starting, idle, decoding };
+    struct Body {
+        Descriptor file;
+        std::size_t size = 0;
+    };
+
+    void begin(Body body);
+    void launch();
+    bool send_order();
+    void hear(const ReceivedMessage& message);
+    void be_greeted(const ReceivedMessage& message);
+    void take_reply(const ReceivedMessage& message);
+    void fail(const Failure& failure);
+    void end_process();
+    bool is_late() const;
+
+    const std::filesystem::path program_;
+    const std::chrono::steady_clock::duration longest_;
+    State state_ = State::absent;
+    std::optional<DecoderProcess> process_;
+    std::optional<std::chrono::steady_clock::time_point> deadline_;
+    /// As the decoder has told last.
+    std::optional<std::uint32_t> formats_;
+    /// The picture that is to be decoded, until its result is there.
+    std::optional<Body> body_;
+    /// Of a start before there was a picture; the first one fails with it.
+    std::optional<Failure> start_failure_;
+    std::optional<DecodedPicture> result_;
+    ReceivedPixels pixels_;
+};
+
+} // namespace lookfar::decoder

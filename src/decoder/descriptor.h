@@ -1,0 +1,32 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace lookfar::decoder {
+
+/// Owns a descriptor of the system's, or none, which is -1.
+class Descriptor {
+  public:
+    Descriptor() = default;
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() {
+        if (number_ != -1)
+            ::close(number_);
+    }
+
+    int number() const { return number_; }
+    explicit operator bool() const { return number_ != -1; }
+
+  private:
+    int number_ = -1;
+};
+
+} // namespace lookfar::decoder
