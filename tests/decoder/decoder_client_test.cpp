@@ -1,0 +1,205 @@
+#include "decoder/decoder_client.h"
+
+#include "decoder/decoding.h"
+#include "pictures/decode_pixels.h"
+#include "resources/resources.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace lookfar::testing {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Children of this process.
+std::vector<pid_t> children() {
+    std::ifstream list("/proc/thread-self/children");
+    return {std::istream_iterator<pid_t>(list), {}};
+}
+
+class Decoder : public ::testing::Test {
+  protected:
+    /// Has the next decoder be the real one, or one that lies so.
+    void install(const std::string& lie = {}) {
+        const auto link = std::filesystem::current_path() / "decoder";
+        std::filesystem::remove(link);
+        std::filesystem::create_symlink(lie.empty() ? LOOKFAR_DECODER : lie, link);
+        if (!lie.empty() && !std::filesystem::is_symlink(lie))
+            std::filesystem::create_symlink(LOOKFAR_LYING_DECODER, lie);
+    }
+
+    std::size_t starts() const { return exists("starts") ? content_of("starts").size() : 0; }
+
+    TemporaryFolder folder;
+    const Bytes picture = picture_file(40, 30);
+    decoder::DecoderClient client{std::filesystem::current_path() / "decoder"};
+};
+
+TEST_F(Decoder, GivesThePixelsOfEachFormatAndTheOpacity) {
+    install();
+    for (const char* const format : {"jpg", "png", "bmp", "webp"}) {
+        const auto decoded = decode(client, picture_file(5, 3, 0x102030, format));
+        ASSERT_EQ(outcome_of(decoded), "decoded") << format;
+        const Picture shown(std::get<Pixels>(decoded));
+        EXPECT_EQ(std::pair(shown.width(), shown.height()), std::pair(5, 3));
+        ASSERT_EQ(shown.stride(), 16);
+        EXPECT_NEAR(shown.bytes()[16], 0x10, 4);
+        EXPECT_NEAR(shown.bytes()[18], 0x30, 4);
+        EXPECT_EQ(shown.bytes()[15], 0) << "padding";
+        EXPECT_TRUE(shown.opacity().empty());
+    }
+    const auto icon = resources::icon(48);
+    const auto transparent = decode(client, {icon.begin(), icon.end()});
+    const Picture shown(std::get<Pixels>(transparent));
+    ASSERT_EQ(shown.opacity().size(), 48U * 48);
+    EXPECT_EQ(shown.opacity().front(), 0);
+    EXPECT_EQ(shown.opacity()[24 * 48 + 24], 255);
+    EXPECT_EQ(starts(), 0U) << "no decoder but the real one";
+    EXPECT_EQ(children().size(), 1U);
+}
+
+TEST_F(Decoder, RefusesAsTheLibraryDoes) {
+    install();
+    Bytes half = picture;
+    half.resize(half.size() / 2);
+    for (const Bytes& bytes : {Bytes{}, Bytes{'<', 'p', '>'}, half})
+        EXPECT_EQ(outcome_of(decode(client, bytes)), outcome_of(decoded_picture(bytes)));
+    EXPECT_EQ(children().size(), 1U) << "a bad picture costs no decoder";
+}
+
+TEST_F(Decoder, TellsTheMediaTypesThatItReads) {
+    install();
+    while (!client.media_types())
+        await(client);
+    EXPECT_EQ(client.media_types()->find("image/jpeg,image/gif,image/png,image/bmp"), 0U);
+}
+
+TEST_F(Decoder, UsesTheMemoryOfPicturesAgainThatNobodyHas) {
+    install();
+    const auto place_of = [](const DecodedPicture& decoded) {
+        return std::get<Pixels>(decoded).bytes.get();
+    };
+    auto first = decode(client, picture);
+    const auto* const place = place_of(first);
+    const Bytes large = picture_file(4000, 3000);
+    for (int time = 0; time < 3; ++time) {
+        auto second = decode(client, picture_file(40, 30, 0xFF0000));
+        EXPECT_NE(place_of(second), place);
+        EXPECT_NEAR(place[0], 0x33, 4) << "the first one is as it was";
+        first = std::move(second);
+        EXPECT_EQ(place_of(first = decode(client, picture)), place);
+        EXPECT_EQ(outcome_of(decode(client, large)), "decoded") << "too large to be kept";
+    }
+    for (int side = 100; side > 1; --side)
+        ASSERT_EQ(outcome_of(decode(client, picture_file(side, side))), "decoded")
+            << "of every size there was one";
+}
+
+TEST_F(Decoder, RefusesAPictureWhileAllFilesAreInUse) {
+    install();
+    std::vector<DecodedPicture> kept;
+    for (std::uint32_t number = 0; number < decoder::most_kept_files; ++number)
+        kept.push_back(decode(client, picture));
+    EXPECT_EQ(outcome_of(decode(client, picture)), "There is not enough memory for the picture.");
+    kept.pop_back();
+    EXPECT_EQ(outcome_of(decode(client, picture)), "decoded");
+    for (const auto& decoded : kept)
+        EXPECT_NEAR(std::get<Pixels>(decoded).bytes[0], 0x33, 4);
+}
+
+TEST_F(Decoder, ThatDiesBetweenPicturesCostsNone) {
+    install();
+    const auto before = decode(client, picture);
+    for (const bool is_noticed : {true, false}) {
+        ::kill(children().front(), SIGKILL);
+        if (is_noticed)
+            await(client);
+        EXPECT_EQ(children().empty(), is_noticed) << "an ended one is no zombie";
+        // Where nobody has attended to it, the system may still take the order.
+        const std::string outcome = outcome_of(decode(client, picture));
+        EXPECT_TRUE(outcome == "decoded" || !is_noticed) << outcome;
+        EXPECT_EQ(outcome_of(decode(client, picture)), "decoded");
+    }
+    EXPECT_NEAR(std::get<Pixels>(before).bytes[0], 0x33, 4) << "pixels outlive their decoder";
+}
+
+TEST_F(Decoder, IsGivenUpWithItsPictureWhenTheNextOneComes) {
+    install("silent");
+    client.start(picture);
+    await(client);
+    install();
+    EXPECT_EQ(outcome_of(decode(client, picture)), "decoded");
+    EXPECT_EQ(children().size(), 1U);
+}
+
+const std::string has_failed = "the decoder has failed";
+const std::string takes_too_long = "that takes too long";
+
+TEST_F(Decoder, MayLieAndDieAndCostsOnePictureAndOneStart) {
+    const std::pair<std::string, std::string> lies[] = {
+        {"never ready", takes_too_long},
+        {"dead at once", "the decoder ends at its start"},
+        {"another release", has_failed},
+        {"not locked in", "the decoder can't be locked in: Operation not permitted"},
+        {"silent", takes_too_long},
+        {"dead half-way", has_failed},
+        {"killed half-way", has_failed},
+        {"no width", has_failed},
+        {"less than no height", has_failed},
+        {"too large", has_failed},
+        {"too large to count", has_failed},
+        {"larger than its file", has_failed},
+        {"opacity outside its file", has_failed},
+        {"a file that shrinks later", has_failed},
+        {"a file on the disk", has_failed},
+        {"a socket", has_failed},
+        {"no file", has_failed},
+        {"two files", has_failed},
+        {"no such verdict", has_failed},
+        {"a refusal without words", has_failed},
+        {"too short", has_failed},
+        {"too long", has_failed},
+        {"an endless reply", has_failed},
+    };
+    for (const auto& [lie, reason] : lies) {
+        install(lie);
+        const std::size_t starts_before = starts();
+        decoder::DecoderClient impatient(
+            std::filesystem::current_path() / "decoder",
+            reason == takes_too_long ? 2s : decoder::DecoderClient::most_time);
+        if (reason != takes_too_long)
+            while (!impatient.media_types())
+                await(impatient);
+        EXPECT_EQ(outcome_of(decode(impatient, picture)),
+                  "The picture can't be decoded: " + reason + ".")
+            << lie;
+        EXPECT_EQ(starts(), starts_before + 1) << lie;
+        EXPECT_TRUE(children().empty()) << lie << ": it is ended";
+        install();
+        EXPECT_EQ(outcome_of(decode(impatient, picture)), "decoded") << "after " << lie;
+    }
+}
+
+TEST_F(Decoder, ThatIsMissingIsToldWithEachPicture) {
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(client.media_types(), "image/jpeg,image/gif,image/png,image/bmp");
+        EXPECT_EQ(outcome_of(decode(client, picture)),
+                  "The picture can't be decoded: the decoder can't be started: No such file or "
+                  "directory.");
+    }
+    install();
+    EXPECT_EQ(outcome_of(decode(client, picture)), "decoded");
+}
+
+} // namespace
+} // namespace lookfar::testing
