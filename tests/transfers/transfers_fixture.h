@@ -175,13 +175,17 @@ class Transfers : public testing::Test {
     bool is_stalling = false;
     std::optional<bool> was_left;
     demo::CameraServer server;
-    std::unique_ptr<CurlTransfers> transfers = std::make_unique<CurlTransfers>(
-        [this](std::function<void()> work) { loop.post(std::move(work)); },
-        std::make_unique<InstantDecoder>([this] {
+    std::unique_ptr<CurlTransfers> transfers =
+        transfers_with(std::make_unique<InstantDecoder>([this] {
             decoding_thread = std::this_thread::get_id();
             ++decodes;
             return decode();
         }));
+
+    std::unique_ptr<CurlTransfers> transfers_with(std::unique_ptr<PictureDecoder> decoder) {
+        return std::make_unique<CurlTransfers>(
+            [this](std::function<void()> work) { loop.post(std::move(work)); }, std::move(decoder));
+    }
 };
 
 } // namespace lookfar

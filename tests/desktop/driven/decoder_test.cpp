@@ -1,0 +1,131 @@
+#include "desktop/driven/driven_test.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <unistd.h>
+
+namespace lookfar::driven {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path folder_of(qint64 process) {
+    return fs::path("/proc") / std::to_string(process);
+}
+
+std::string text_in(const fs::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// What the system tells of the process under that name, such as Seccomp.
+std::string told_of(qint64 process, const std::string& name) {
+    const std::string status = text_in(folder_of(process) / "status");
+    const std::string beginning = "\n" + name + ":\t";
+    const auto place = status.find(beginning);
+    return place == std::string::npos ? "" : status.substr(place + beginning.size(), 1);
+}
+
+bool is_gone(qint64 process) {
+    const std::string state = told_of(process, "State");
+    return state.empty() || state == "Z";
+}
+
+class LockedInDecoder : public DrivenTest {
+  protected:
+    void SetUp() override {
+        start({"Harbour"});
+        ASSERT_TRUE(comes_to_show(picture(), colour::red));
+    }
+
+    std::set<pid_t> children() const {
+        std::set<pid_t> found;
+        for (const auto& thread : fs::directory_iterator(folder_of(program.processId()) / "task")) {
+            std::ifstream list(thread.path() / "children");
+            found.insert(std::istream_iterator<pid_t>(list), {});
+        }
+        return found;
+    }
+
+    pid_t decoder() const {
+        const auto all = children();
+        EXPECT_EQ(all.size(), 1U);
+        return all.empty() ? -1 : *all.begin();
+    }
+
+    /// Has the decoder get a picture that it does nothing about.
+    pid_t hold_up_decoder() {
+        const pid_t process = decoder();
+        ::kill(process, SIGSTOP);
+        cameras->answer("/Harbour", showing(colour::green));
+        const auto requests = cameras->requests();
+        click(title::main_window, "push button 'Reload'");
+        EXPECT_TRUE(comes_true([&] { return cameras->requests() > requests; }));
+        return process;
+    }
+};
+
+TEST_F(LockedInDecoder, HoldsNothingButItsSocketAndTheProgramHoldsNoDecoder) {
+    const auto folder_of_decoder = folder_of(decoder());
+    EXPECT_EQ(told_of(decoder(), "Seccomp"), LOOKFAR_IS_CONFINED ? "2" : "0");
+    EXPECT_EQ(told_of(decoder(), "NoNewPrivs"), LOOKFAR_IS_CONFINED ? "1" : "0");
+    // Of a process that leaves no core, the system tells the rest to the administrator alone.
+    std::error_code refusal;
+    const fs::directory_iterator descriptors(folder_of_decoder / "fd", refusal);
+    if (refusal) {
+        EXPECT_NE(::geteuid(), 0U);
+    } else {
+        std::string held;
+        for (const auto& descriptor : descriptors) {
+            const std::string target = fs::read_symlink(descriptor);
+            held += target.substr(0, target.find(':')) + ' ';
+        }
+        EXPECT_EQ(held, "/dev/null /dev/null /dev/null socket ");
+        EXPECT_EQ(fs::read_symlink(folder_of_decoder / "cwd"), "/");
+        EXPECT_EQ(text_in(folder_of_decoder / "environ"), "");
+    }
+    const std::string maps = text_in(folder_of(program.processId()) / "maps");
+    EXPECT_NE(maps.find("libQt6Gui"), std::string::npos);
+    for (const char* library : {"jpeg", "webp", "imageformats"})
+        EXPECT_EQ(maps.find(library), std::string::npos) << library;
+}
+
+TEST_F(LockedInDecoder, ThatDiesCostsOneRefresh) {
+    const pid_t first = decoder();
+    ::kill(first, SIGKILL);
+    EXPECT_TRUE(comes_true([&] { return children().empty(); })) << "it is no zombie";
+    cameras->answer("/Harbour", showing(colour::blue));
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(comes_to_show(picture(), colour::blue)) << "between two pictures it costs none";
+
+    const pid_t second = hold_up_decoder();
+    EXPECT_NE(second, first);
+    ::kill(second, SIGKILL);
+    EXPECT_TRUE(comes_to_read(title::main_window,
+                              "label 'The picture can't be decoded: the decoder has failed.'"));
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(comes_to_show(picture(), colour::green));
+    EXPECT_NE(decoder(), second);
+}
+
+TEST_F(LockedInDecoder, ThatHangsHoldsUpNoEndAndOutlivesNoProgram) {
+    const pid_t hanging = hold_up_decoder();
+    close_window();
+    expect_good_end();
+    EXPECT_TRUE(comes_true([&] { return is_gone(hanging); }));
+
+    start({"Harbour"});
+    const pid_t left = decoder();
+    ::kill(left, SIGSTOP);
+    program.kill();
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_TRUE(comes_true([&] { return is_gone(left); }));
+    start({"Harbour"});
+}
+
+} // namespace
+} // namespace lookfar::driven
