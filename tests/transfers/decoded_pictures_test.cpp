@@ -25,7 +25,7 @@ class DecodedPictures : public Transfers {
     }
 
     /// Calls the work over and over until the picture is there.
-    PictureReference picture_at(const std::string& path, const std::function<void()>& meanwhile) {
+    PictureLoader loader_of(const std::string& path, const std::function<void()>& meanwhile) {
         std::optional<TransferOutcome> outcome;
         const auto transfer =
             start(server.url(path), [&](TransferOutcome arrived) { outcome = std::move(arrived); });
@@ -34,32 +34,35 @@ class DecodedPictures : public Transfers {
             loop.post([] {});
             loop.run_until([first = true]() mutable { return !std::exchange(first, false); });
         }
-        const auto body = std::get<DecodedBodyReference>(*std::move(outcome));
+        auto body = std::get<DecodedBodyReference>(*std::move(outcome));
         testing::write_file("picture", {body->bytes.begin(), body->bytes.end()});
-        return PictureLoader(*disk, body).LoadPicture("picture");
+        return {*disk, std::move(body)};
     }
 
     const testing::TemporaryFolder folder;
     const std::unique_ptr<Disk> disk = make_posix_disk();
 };
 
-TEST_F(DecodedPictures, ArriveWhileTheOnesBeforeAreChanged) {
+TEST_F(DecodedPictures, ArriveWhileTheOnesBeforeAreChangedAndLetGo) {
     constexpr int rounds = 20;
-    PictureReference shown = picture_at("/0", [] {});
-    for (int round = 1; round <= rounds; ++round) {
-        const std::uint8_t first = shown->bytes()[0];
-        int changes = 0;
-        const auto next = picture_at("/" + std::to_string(round % 2), [&] {
-            ++changes;
-            shown->rewrite([](auto old_bytes, auto new_bytes) {
+    PictureReference oldest;
+    PictureReference raw;
+    PictureReference changed = loader_of("/1", [] {}).LoadPicture("picture");
+    for (int round = 0; round < rounds; ++round) {
+        std::uint8_t expected = changed->bytes()[0];
+        auto loader = loader_of("/" + std::to_string(round % 2), [&] {
+            oldest.reset();
+            changed->rewrite([](auto old_bytes, auto new_bytes) {
                 std::ranges::transform(old_bytes, new_bytes.begin(), [](std::uint8_t byte) {
                     return static_cast<std::uint8_t>(byte + 1);
                 });
             });
+            ++expected;
         });
-        EXPECT_EQ(shown->bytes()[0], static_cast<std::uint8_t>(first + changes));
-        EXPECT_EQ(next->width(), 160);
-        shown = next;
+        EXPECT_EQ(changed->bytes()[0], expected);
+        changed = loader.LoadPicture("picture");
+        EXPECT_EQ(changed->width(), 160);
+        oldest = std::exchange(raw, loader.LoadPicture("picture"));
     }
 }
 
