@@ -1,6 +1,6 @@
 #include "jpeg_decode.h"
 #include "median.h"
-#include "watched_process.h"
+#include "watched_family.h"
 #include "watched_window.h"
 
 #include <QCommandLineParser>
@@ -27,10 +27,13 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::duration<double, std::milli>;
+using Seconds = std::chrono::duration<double>;
 using namespace std::chrono_literals;
 
 constexpr auto longest_between_refreshes = 15s;
 constexpr auto longest_refresh = 700ms;
+/// Ends before the next refresh, which begins a second after the last one.
+constexpr auto watched_rest = 150ms;
 
 /// Notices the refreshes of a window. Each begins with a request to the camera; where the pictures
 /// come from no camera, with a new picture on the screen.
@@ -79,22 +82,42 @@ class Refreshes {
     Clock::time_point last_ = Clock::now();
 };
 
-/// What each refresh takes of a process.
+/// What the refreshes take of a process and its descendants.
 struct Costs {
     std::vector<double> milliseconds;
     std::vector<double> page_faults;
+    double megabytes = 0;
+    /// Of the descendants, in a second at rest; nothing where there are none.
+    std::optional<double> wake_ups;
 };
 
-Costs costs_of(const WatchedProcess& process, Refreshes refreshes, int count) {
+/// How often the descendants are woken in a while at rest.
+long wake_ups_at_rest(const WatchedFamily& family, Refreshes& refreshes) {
+    const long before = family.wake_ups_of_descendants();
+    std::this_thread::sleep_for(watched_rest);
+    const long wake_ups = family.wake_ups_of_descendants() - before;
+    if (refreshes.has_begun())
+        throw std::runtime_error("There is not enough rest between two refreshes.");
+    return wake_ups;
+}
+
+Costs costs_of(pid_t process, Refreshes refreshes, int count) {
     Costs costs;
     refreshes.wait_for_rest();
+    const WatchedFamily family(process);
+    long wake_ups = 0;
     for (int refresh = 0; refresh < count; ++refresh) {
-        const double milliseconds = process.processor_milliseconds();
-        const long faults = process.page_faults();
+        const double milliseconds = family.processor_milliseconds();
+        const long faults = family.page_faults();
+        wake_ups += wake_ups_at_rest(family, refreshes);
         refreshes.wait_for_rest();
-        costs.milliseconds.push_back(process.processor_milliseconds() - milliseconds);
-        costs.page_faults.push_back(static_cast<double>(process.page_faults() - faults));
+        family.check_is_whole();
+        costs.milliseconds.push_back(family.processor_milliseconds() - milliseconds);
+        costs.page_faults.push_back(static_cast<double>(family.page_faults() - faults));
     }
+    costs.megabytes = family.megabytes();
+    if (family.has_descendants())
+        costs.wake_ups = static_cast<double>(wake_ups) / (Seconds(watched_rest) * count).count();
     return costs;
 }
 
@@ -115,11 +138,11 @@ std::vector<double> longest_waits(WatchedWindow& window, Refreshes refreshes, in
     return longest;
 }
 
-void print_ratio(double figure, const QString& measure) {
-    if (measure.isEmpty())
-        std::cout << "- ";
+void print(std::optional<double> figure, int decimals) {
+    if (figure)
+        std::cout << std::fixed << std::setprecision(decimals) << *figure << ' ';
     else
-        std::cout << figure / measure.toDouble() << ' ';
+        std::cout << "- ";
 }
 
 void watch(const QCommandLineParser& arguments) {
@@ -130,38 +153,42 @@ void watch(const QCommandLineParser& arguments) {
     std::optional<std::filesystem::path> requests;
     if (arguments.isSet("requests"))
         requests = arguments.value("requests").toStdString();
-    const WatchedProcess process(arguments.value("process").toInt());
+    std::optional<double> feh;
+    if (arguments.isSet("feh"))
+        feh = arguments.value("feh").toDouble();
     WatchedWindow window(arguments.value("window").toUInt());
 
     const double decode = decode_milliseconds(pictures);
-    std::vector<double> waits;
+    std::optional<double> wait;
     if (requests)
-        waits = longest_waits(window, Refreshes(window, requests), count);
+        wait = median_of(longest_waits(window, Refreshes(window, requests), count));
     // The costs come last: an error that stays on the screen is found out by them.
+    const pid_t process = arguments.value("process").toInt();
     const Costs costs = costs_of(process, Refreshes(window, requests), count);
     const double refresh = median_of(costs.milliseconds);
     if (refresh < decode / 2)
         throw std::runtime_error("The pictures are not decoded.");
 
-    std::cout << std::fixed << std::setprecision(2) << refresh << ' ' << refresh / decode << ' ';
-    print_ratio(refresh, arguments.value("feh"));
-    std::cout << std::setprecision(0) << median_of(costs.page_faults) << ' ' << std::setprecision(1)
-              << process.megabytes() << ' ';
-    if (waits.empty())
-        std::cout << "-\n";
-    else
-        std::cout << median_of(waits) << '\n';
+    print(refresh, 2);
+    print(refresh / decode, 2);
+    print(feh ? std::optional(refresh / *feh) : std::nullopt, 2);
+    print(median_of(costs.page_faults), 0);
+    print(costs.megabytes, 1);
+    print(wait, 1);
+    print(costs.wake_ups, 2);
+    std::cout << '\n';
 }
 
 } // namespace
 
 } // namespace lookfar::bench
 
-/// Watches a process refresh a window, and prints what a refresh takes in one line: milliseconds of
-/// processor time, the same in decodes and in feh's refreshes, page faults, the process's memory
-/// (PSS) in megabytes, and the longest wait for an answer in milliseconds, with a dash for what was
-/// not measured. All but the memory are medians. Fails where no refresh comes or no new picture
-/// with it.
+/// Watches a process refresh a window, and prints what a refresh takes of it and its descendants in
+/// one line: milliseconds of processor time, the same in decodes and in feh's refreshes, page
+/// faults, the processes' memory (PSS) in megabytes, the longest wait for an answer in
+/// milliseconds, and how often a second the descendants are woken between two refreshes, with a
+/// dash for what was not measured. All but the memory and the last one are medians. Fails where no
+/// refresh comes or no new picture with it, and where a descendant comes or ends.
 int main(int count, char** texts) {
     const QCoreApplication application(count, texts);
     QCommandLineParser arguments;
