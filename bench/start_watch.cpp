@@ -6,14 +6,15 @@
 #include <QImage>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <iomanip>
 #include <iostream>
-#include <optional>
 #include <span>
 #include <spawn.h>
 #include <stdexcept>
@@ -34,25 +35,36 @@ using namespace std::chrono_literals;
 constexpr auto longest_wait = 10s;
 constexpr auto between_looks = 500us;
 
-/// The middle of the screen, where the middle of the splash picture comes to lie.
-class MiddleOfScreen {
+/// What stands on the screen.
+class Screen {
   public:
-    MiddleOfScreen() : connection_(connect_to_x_server()) {
+    Screen() : connection_(connect_to_x_server()) {
         const auto file = resources::splash();
         const QImage picture = QImage::fromData(file.data(), static_cast<int>(file.size()))
                                    .convertToFormat(QImage::Format_RGB32);
-        wanted_ = picture.copy(corner(picture.width()), corner(picture.height()), side, side);
+        splash_ = picture.copy(corner(picture.width()), corner(picture.height()), side, side);
     }
 
-    /// Returns once the picture is there, or no longer there.
-    void wait_until_picture_is_there(bool wanted) const {
-        const auto end = Clock::now() + longest_wait;
-        while (shows_picture() != wanted) {
-            if (Clock::now() > end)
-                throw std::runtime_error(wanted ? "The splash picture does not come."
-                                                : "The splash picture does not go.");
-            std::this_thread::sleep_for(between_looks);
-        }
+    /// Whether the middle of the splash picture stands in the middle of the screen.
+    bool shows_splash() const {
+        const xcb_screen_t& screen = screen_of(*connection_);
+        const std::vector<std::uint8_t> pixels =
+            square_at(corner(screen.width_in_pixels), corner(screen.height_in_pixels));
+        return QImage(pixels.data(), side, side, QImage::Format_RGB32) == splash_;
+    }
+
+    /// Whether the camera's picture stands in the main window, in the top left corner of the
+    /// screen. It has colours; all else that comes to stand there is black, white or grey.
+    bool shows_camera() const {
+        constexpr int x = 160;
+        constexpr int y = 120;
+        constexpr int least_contrast = 20;
+        std::array<int, 4> sums{};
+        std::size_t byte = 0;
+        for (const std::uint8_t value : square_at(x, y))
+            sums.at(byte++ % sums.size()) += value;
+        const auto [least, most] = std::ranges::minmax(std::span(sums).first<3>());
+        return most - least > least_contrast * side * side;
     }
 
   private:
@@ -60,17 +72,24 @@ class MiddleOfScreen {
 
     static int corner(int length) { return (length - side) / 2; }
 
-    bool shows_picture() const {
-        const xcb_screen_t& screen = screen_of(*connection_);
-        const std::vector<std::uint8_t> pixels =
-            pixels_of_square(*connection_, screen.root, corner(screen.width_in_pixels),
-                             corner(screen.height_in_pixels), side);
-        return QImage(pixels.data(), side, side, QImage::Format_RGB32) == wanted_;
+    std::vector<std::uint8_t> square_at(int x, int y) const {
+        return pixels_of_square(*connection_, screen_of(*connection_).root, x, y, side);
     }
 
     XConnection connection_;
-    QImage wanted_;
+    QImage splash_;
 };
+
+/// Looks at the screen until the condition holds.
+template <class Condition>
+void wait_until(const Condition& condition, const char* failure) {
+    const auto end = Clock::now() + longest_wait;
+    while (!condition()) {
+        if (Clock::now() > end)
+            throw std::runtime_error(failure);
+        std::this_thread::sleep_for(between_looks);
+    }
+}
 
 /// A process that ends with the object.
 class StartedProcess {
@@ -93,23 +112,52 @@ class StartedProcess {
     pid_t number_ = 0;
 };
 
-/// What the starts of a program take until its picture is on the screen.
-struct Starts {
-    std::string program;
+/// What the starts of a program take until something stands on the screen.
+struct Costs {
     std::vector<double> processor;
     std::vector<double> clock;
 };
 
-void start(Starts& starts, const MiddleOfScreen& middle) {
-    {
-        const auto begin = Clock::now();
-        const StartedProcess process(starts.program);
-        const WatchedProcess watched(process.number());
-        middle.wait_until_picture_is_there(true);
-        starts.processor.push_back(watched.processor_milliseconds());
-        starts.clock.push_back(Milliseconds(Clock::now() - begin).count());
+struct Starts {
+    std::string program;
+    bool shows_camera;
+    Costs until_splash;
+    Costs until_camera;
+};
+
+/// A process that was started, and its descendants.
+class MeasuredStart {
+  public:
+    explicit MeasuredStart(const std::string& program)
+        : begin_(Clock::now()), process_(program), watched_(process_.number()) {}
+
+    void add_to(Costs& costs) const {
+        double processor = watched_.processor_milliseconds();
+        costs.clock.push_back(Milliseconds(Clock::now() - begin_).count());
+        for (const WatchedProcess& descendant : descendants_of(process_.number()))
+            processor += descendant.processor_milliseconds();
+        costs.processor.push_back(processor);
     }
-    middle.wait_until_picture_is_there(false);
+
+  private:
+    Clock::time_point begin_;
+    StartedProcess process_;
+    WatchedProcess watched_;
+};
+
+void measure_start(Starts& starts, const Screen& screen) {
+    {
+        const MeasuredStart start(starts.program);
+        wait_until([&] { return screen.shows_splash(); }, "The splash picture does not come.");
+        start.add_to(starts.until_splash);
+        if (starts.shows_camera) {
+            wait_until([&] { return screen.shows_camera(); },
+                       "The camera's picture does not come.");
+            start.add_to(starts.until_camera);
+        }
+    }
+    wait_until([&] { return !screen.shows_splash() && !screen.shows_camera(); },
+               "The last window does not go.");
 }
 
 void print_figures(const std::vector<double>& figures, const std::vector<double>& measure) {
@@ -117,35 +165,53 @@ void print_figures(const std::vector<double>& figures, const std::vector<double>
               << std::setw(7) << median_of(figures) / median_of(measure);
 }
 
+void print_median(const std::vector<double>& figures) {
+    std::cout << std::setw(9);
+    if (figures.empty())
+        std::cout << '-';
+    else
+        std::cout << median_of(figures);
+}
+
+void print(const Starts& starts, const Starts& measure) {
+    print_figures(starts.until_splash.processor, measure.until_splash.processor);
+    print_figures(starts.until_splash.clock, measure.until_splash.clock);
+    print_median(starts.until_camera.processor);
+    print_median(starts.until_camera.clock);
+    std::cout << "  " << starts.program << '\n';
+}
+
 void watch(int count, std::span<char*> programs) {
-    const MiddleOfScreen middle;
+    const Screen screen;
     std::vector<Starts> all;
     for (const char* program : programs) {
-        // The first one reads from the disk what the others find in memory.
-        Starts first{.program = program, .processor = {}, .clock = {}};
-        start(first, middle);
-        all.push_back({.program = program, .processor = {}, .clock = {}});
+        const bool is_bare = all.empty();
+        const Starts none{
+            .program = program, .shows_camera = !is_bare, .until_splash = {}, .until_camera = {}};
+        // The first start reads from the disk what the others find in memory.
+        Starts first = none;
+        measure_start(first, screen);
+        all.push_back(none);
     }
     for (int round = 0; round < count; ++round)
         for (Starts& starts : all)
-            start(starts, middle);
+            measure_start(starts, screen);
     std::cout << std::fixed << std::setprecision(2);
-    for (const Starts& starts : all) {
-        print_figures(starts.processor, all.front().processor);
-        print_figures(starts.clock, all.front().clock);
-        std::cout << "  " << starts.program << '\n';
-    }
+    for (const Starts& starts : all)
+        print(starts, all.front());
 }
 
 } // namespace
 
 } // namespace lookfar::bench
 
-/// lookfar_start_watch COUNT PROGRAM... starts the programs in turn, each so many times, and ends
-/// each start when the middle of the splash picture stands in the middle of the screen. It prints a
-/// line for each program, in milliseconds: the least and the median processor time of the process,
-/// with all its threads, and the same of the time on the clock, each followed by the median in
-/// those of the first program.
+/// lookfar_start_watch COUNT BARE PROGRAM... starts the programs in turn, each so many times in the
+/// current folder, until the splash picture stands in the middle of the screen; all but BARE until
+/// the picture of the first camera on the list there stands in the main window, too. It prints a
+/// line for each program, in milliseconds: the least and the median processor time until the splash
+/// picture, of the process and its descendants, and the same of the time on the clock, each
+/// followed by the median in those of BARE; then the medians of both times until the camera's
+/// picture.
 int main(int count, char** arguments) {
     if (count < 3)
         return EXIT_FAILURE;
