@@ -14,7 +14,7 @@ namespace lookfar {
 namespace {
 
 PictureReference decoded(std::span<const std::uint8_t> png) {
-    return std::make_shared<Picture>(pixels_of(png_image(png), PixelMemory().allocator()));
+    return std::make_shared<Picture>(pixels_of(png_image(png), allocate_pixels));
 }
 
 } // namespace

@@ -1,7 +1,8 @@
 #include "decoder/decoder_client.h"
 
 #include "decoder/decoder_failures.h"
-#include "decoder/memory_file.h"
+#include "decoder/messages.h"
+#include "decoder/received_pixels.h"
 #include "runtime/pictures/picture_formats.h"
 
 #include <new>
@@ -40,21 +41,19 @@ std::optional<std::string> DecoderClient::media_types() {
 void DecoderClient::start(std::span<const std::uint8_t> bytes) {
     if (state_ == State::decoding)
         end_process();
-    result_.reset();
-    body_.reset();
-    if (const auto failure = std::exchange(start_failure_, std::nullopt)) {
-        result_ = *failure;
+    result_ = std::exchange(start_failure_, std::nullopt);
+    if (result_)
         return;
-    }
     try {
-        begin({.file = make_memory_file(bytes), .size = bytes.size()});
+        body_.write(bytes);
+        begin();
     } catch (const std::bad_alloc&) {
         result_ = no_memory_for_a_picture();
     }
 }
 
-void DecoderClient::begin(Body body) {
-    body_ = std::move(body);
+void DecoderClient::begin() {
+    has_picture_ = true;
     deadline_ = Clock::now() + longest_;
     // One that has died since the last picture is found out only here.
     if (state_ == State::idle && !send_order())
@@ -103,10 +102,14 @@ void DecoderClient::launch() {
 }
 
 bool DecoderClient::send_order() {
+    const Descriptor none;
     process_->allow_processor_time(std::chrono::ceil<std::chrono::seconds>(longest_));
-    const Order order{.byte_count = body_->size, .idle_files = pixels_.idle_files()};
-    if (!send(process_->socket(), order, body_->file))
+    const Order order{.byte_count = body_.byte_count(),
+                      .file_size = body_.size(),
+                      .idle_files = files_.give_idle()};
+    if (!send(process_->socket(), order, body_.is_known ? none : body_.descriptor()))
         return false;
+    body_.is_known = true;
     state_ = State::decoding;
     return true;
 }
@@ -130,7 +133,7 @@ void DecoderClient::be_greeted(const ReceivedMessage& message) {
         throw cannot_be_locked_in(greeting->error);
     formats_ = greeting->formats;
     state_ = State::idle;
-    if (!body_)
+    if (!has_picture_)
         deadline_.reset();
     else if (!send_order())
         throw has_failed();
@@ -140,24 +143,26 @@ void DecoderClient::take_reply(const ReceivedMessage& message) {
     const auto reply = message.as<Reply>();
     if (!reply)
         throw has_failed();
-    result_ = pixels_.picture_of(*reply, message.descriptor);
-    body_.reset();
+    result_ = received_picture(*reply, message.descriptor, files_);
+    has_picture_ = false;
+    body_.clear();
     deadline_.reset();
     state_ = State::idle;
 }
 
 void DecoderClient::fail(const Failure& failure) {
-    if (body_)
+    if (has_picture_)
         result_ = failure;
     else if (state_ == State::starting || !process_)
         start_failure_ = failure;
-    body_.reset();
+    has_picture_ = false;
     end_process();
 }
 
 void DecoderClient::end_process() {
     process_.reset();
-    pixels_.forget_files();
+    files_.forget();
+    body_.is_known = false;
     deadline_.reset();
     state_ = State::absent;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "decoder/body_file.h"
 #include "decoder/decoder_process.h"
-#include "decoder/messages.h"
-#include "decoder/received_pixels.h"
+#include "decoder/kept_files.h"
 #include "runtime/pictures/picture_decoder.h"
 
 #include <filesystem>
@@ -34,12 +34,8 @@ class DecoderClient : public PictureDecoder {
   private:
     /// What the process does, as far as it has told.
     enum class State { absent, starting, idle, decoding };
-    struct Body {
-        Descriptor file;
-        std::size_t size = 0;
-    };
 
-    void begin(Body body);
+    void begin();
     void launch();
     bool send_order();
     void hear(const ReceivedMessage& message);
@@ -56,12 +52,13 @@ class DecoderClient : public PictureDecoder {
     std::optional<std::chrono::steady_clock::time_point> deadline_;
     /// As the decoder has told last.
     std::optional<std::uint32_t> formats_;
-    /// The picture that is to be decoded, until its result is there.
-    std::optional<Body> body_;
+    /// There is a picture in it to be decoded, until the result is there.
+    bool has_picture_ = false;
+    BodyFile body_;
     /// Of a start before there was a picture; the first one fails with it.
     std::optional<Failure> start_failure_;
     std::optional<DecodedPicture> result_;
-    ReceivedPixels pixels_;
+    KeptFiles files_;
 };
 
 } // namespace lookfar::decoder

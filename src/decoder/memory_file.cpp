@@ -8,21 +8,6 @@
 
 namespace lookfar::decoder {
 
-namespace {
-
-void write_all(const Descriptor& file, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file.number(), bytes.data(), bytes.size());
-        if (count == -1 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            throw std::bad_alloc();
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
-}
-
-} // namespace
-
 Descriptor make_memory_file(std::size_t size) {
     Descriptor file(::memfd_create("lookfar", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     if (!file || ::ftruncate(file.number(), static_cast<off_t>(size)) != 0 ||
@@ -31,10 +16,16 @@ Descriptor make_memory_file(std::size_t size) {
     return file;
 }
 
-Descriptor make_memory_file(std::span<const std::uint8_t> bytes) {
-    Descriptor file = make_memory_file(bytes.size());
-    write_all(file, bytes);
-    return file;
+void write_to(const Descriptor& file, std::span<const std::uint8_t> bytes) {
+    for (off_t place = 0; !bytes.empty();) {
+        const ssize_t count = ::pwrite(file.number(), bytes.data(), bytes.size(), place);
+        if (count == -1 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            throw std::bad_alloc();
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+        place += count;
+    }
 }
 
 bool is_memory_file(const Descriptor& descriptor, std::size_t least_size) {

@@ -12,8 +12,8 @@ namespace lookfar::decoder {
 /// that nobody who reads it in place can be made to read behind its end. Throws std::bad_alloc.
 Descriptor make_memory_file(std::size_t size);
 
-/// The same with these bytes.
-Descriptor make_memory_file(std::span<const std::uint8_t> bytes);
+/// Writes bytes to its beginning. Throws std::bad_alloc.
+void write_to(const Descriptor& file, std::span<const std::uint8_t> bytes);
 
 /// Whether a descriptor from elsewhere is such a file and has so many bytes at least.
 bool is_memory_file(const Descriptor& descriptor, std::size_t least_size);

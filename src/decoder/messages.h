@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -16,7 +17,10 @@ inline constexpr std::uint32_t protocol_version = 1;
 /// The descriptor of the decoder's socket.
 inline constexpr int decoder_socket = 3;
 
-/// Files of pixels that are used again; they are numbered from 0.
+/// Files of pixels are used again unless they are larger than that; they are numbered from 0. A
+/// page that goes back to the system and is asked for anew costs more than the decoding of what
+/// stands on it.
+inline constexpr std::size_t largest_kept_pixels = std::size_t{32} * 1024 * 1024;
 inline constexpr std::uint32_t most_kept_files = 16;
 
 /// From the decoder, once it is locked in, or can't be.
@@ -28,9 +32,14 @@ struct Greeting {
     std::uint32_t formats = 0;
 };
 
-/// To the decoder, with the descriptor of a memory file that holds a picture's bytes.
+/// A file with a picture's bytes is kept by both sides unless it is larger.
+inline constexpr std::size_t largest_kept_body = std::size_t{8} * 1024 * 1024;
+
+/// To the decoder. A picture's bytes lie at the beginning of a memory file, whose descriptor comes
+/// with the message unless it is the kept one that came before.
 struct Order {
     std::uint64_t byte_count = 0;
+    std::uint64_t file_size = 0;
     /// A bit for each kept file whose pixels nobody needs any more.
     std::uint32_t idle_files = 0;
     std::uint32_t unused = 0;

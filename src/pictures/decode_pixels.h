@@ -15,10 +15,10 @@ namespace lookfar {
 /// of the kind `invalid_picture` for a picture that ends too early or finds too little memory, and,
 /// before any pixel is allocated, for one that costs more than the limits allow.
 Pixels decode_pixels(std::span<const std::uint8_t> bytes,
-                     const PixelAllocator& allocate = PixelMemory().allocator());
+                     const PixelAllocator& allocate = allocate_pixels);
 
 /// The same, with the failure as a result.
 DecodedPicture decoded_picture(std::span<const std::uint8_t> bytes,
-                               const PixelAllocator& allocate = PixelMemory().allocator());
+                               const PixelAllocator& allocate = allocate_pixels);
 
 } // namespace lookfar

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -103,6 +104,19 @@ TEST_F(Decoder, UsesTheMemoryOfPicturesAgainThatNobodyHas) {
     for (int side = 100; side > 1; --side)
         ASSERT_EQ(outcome_of(decode(client, picture_file(side, side))), "decoded")
             << "of every size there was one";
+}
+
+TEST_F(Decoder, LeavesItsIdleMemoryToChangedCopies) {
+    install();
+    auto first = decode(client, picture);
+    const auto* const place = std::get<Pixels>(first).bytes.get();
+    Picture second(std::get<Pixels>(decode(client, picture)));
+    first = Failure(0, "let go");
+    second.rewrite([](auto, auto new_bytes) { std::ranges::fill(new_bytes, std::uint8_t{7}); });
+    EXPECT_EQ(second.bytes().data(), place);
+    const auto third = decode(client, picture);
+    EXPECT_NE(std::get<Pixels>(third).bytes.get(), place);
+    EXPECT_EQ(second.bytes()[0], 7);
 }
 
 TEST_F(Decoder, RefusesAPictureWhileAllFilesAreInUse) {

@@ -4,18 +4,24 @@
 
 #include <poll.h>
 
+#include <algorithm>
+#include <chrono>
 #include <span>
 #include <string>
 
 namespace lookfar::testing {
 
-/// Attends to the decoder once it has something to do.
+/// Waits until the decoder has something to do, and attends to it.
 inline void await(PictureDecoder& decoder) {
-    const auto left = decoder.deadline().value_or(std::chrono::steady_clock::now()) -
-                      std::chrono::steady_clock::now();
-    const auto most = std::chrono::ceil<std::chrono::milliseconds>(left).count();
+    using std::chrono::milliseconds;
+    int longest = -1;
+    if (const auto deadline = decoder.deadline()) {
+        const auto left =
+            std::chrono::ceil<milliseconds>(*deadline - std::chrono::steady_clock::now());
+        longest = static_cast<int>(std::max(left, milliseconds::zero()).count());
+    }
     pollfd socket{.fd = decoder.descriptor(), .events = POLLIN, .revents = 0};
-    ::poll(&socket, 1, static_cast<int>(std::max<long>(most, 0)));
+    ::poll(&socket, 1, longest);
     decoder.attend();
 }
 

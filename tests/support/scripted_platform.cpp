@@ -104,7 +104,7 @@ TransferOutcome ScriptedPlatform::decoded(Answer answer) {
     const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
                                                : "The camera's answer is not a picture.";
     if (!last_body_ || last_body_->bytes != body) {
-        auto picture = decoded_picture(body, memory_.allocator());
+        auto picture = decoded_picture(body);
         last_body_ = decoded_body(std::move(body), std::move(picture), complaint);
     }
     return last_body_;

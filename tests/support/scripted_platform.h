@@ -104,7 +104,6 @@ class ScriptedPlatform : public Platform {
     /// What equals the body before is not decoded again.
     TransferOutcome decoded(Answer answer);
 
-    const PixelMemory memory_;
     DecodedBodyReference last_body_;
     Instant now_{std::chrono::hours(1)};
     std::chrono::milliseconds time_of_day_at_start_{std::chrono::hours(12)};

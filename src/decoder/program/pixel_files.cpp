@@ -77,7 +77,7 @@ PixelFiles::Lent PixelFiles::lend(const std::uint8_t* place) {
     Lent lent{.number = static_cast<std::uint32_t>(found - files_.begin()),
               .descriptor = std::move(file.descriptor)};
     file.is_lent = true;
-    if (file.bytes.size() > PixelMemory::most_idle_bytes) {
+    if (file.bytes.size() > largest_kept_pixels) {
         lent.number = most_kept_files;
         found->reset();
     }

@@ -5,7 +5,6 @@
 #include "pictures/decode_pixels.h"
 
 #include <algorithm>
-#include <new>
 #include <optional>
 #include <span>
 #include <variant>
@@ -14,17 +13,18 @@ namespace lookfar::decoder {
 
 namespace {
 
-/// A picture's bytes in place.
-class Body {
+/// The pictures' bytes in place.
+class Bodies {
   public:
-    Body(const Descriptor& file, std::size_t size) {
-        if (size > 0)
-            mapping_.emplace(file, size, Access::read);
+    std::span<const std::uint8_t> bytes_of(const Order& order, const Descriptor& file) {
+        if (file)
+            mapping_.emplace(file, order.file_size, Access::read);
+        return {mapping_->data(), order.byte_count};
     }
 
-    std::span<const std::uint8_t> bytes() const {
-        return mapping_ ? std::span<const std::uint8_t>(mapping_->data(), mapping_->size())
-                        : std::span<const std::uint8_t>();
+    void clear() {
+        if (mapping_ && mapping_->size() > largest_kept_body)
+            mapping_.reset();
     }
 
   private:
@@ -47,39 +47,47 @@ Reply description_of(const Pixels& pixels) {
             .has_opacity = pixels.opacity ? 1U : 0U};
 }
 
-DecodedPicture picture_in(const Order& order, const Descriptor& body_file, PixelFiles& files) {
-    try {
-        const Body body(body_file, order.byte_count);
-        return decoded_picture(body.bytes(),
-                               [&files](std::size_t size) { return files.allocate(size); });
-    } catch (const std::bad_alloc&) {
-        return no_memory_for_a_picture();
-    }
-}
+class Service {
+  public:
+    explicit Service(int socket) : socket_(socket) {}
 
-bool carry_out(const Order& order, const Descriptor& body_file, int socket, PixelFiles& files) {
-    files.take_back(order.idle_files);
-    const DecodedPicture picture = picture_in(order, body_file, files);
-    PixelFiles::Lent lent;
-    Reply reply;
-    if (const auto* const pixels = std::get_if<Pixels>(&picture)) {
-        reply = description_of(*pixels);
-        lent = files.lend(pixels->bytes.get());
-    } else {
-        reply = refusal(std::get<Failure>(picture));
+    /// Gives false where nobody waits for the reply any more.
+    bool carry_out(const Order& order, const Descriptor& body_file) {
+        files_.take_back(order.idle_files);
+        const DecodedPicture picture =
+            decoded_picture(bodies_.bytes_of(order, body_file),
+                            [this](std::size_t size) { return files_.allocate(size); });
+        bodies_.clear();
+        return reply_with(picture);
     }
-    reply.file = lent.number;
-    reply.dropped_files = files.take_dropped();
-    return send(socket, reply, lent.descriptor);
-}
+
+  private:
+    bool reply_with(const DecodedPicture& picture) {
+        Reply reply;
+        PixelFiles::Lent lent;
+        if (const auto* const pixels = std::get_if<Pixels>(&picture)) {
+            reply = description_of(*pixels);
+            lent = files_.lend(pixels->bytes.get());
+        } else {
+            reply = refusal(std::get<Failure>(picture));
+        }
+        reply.file = lent.number;
+        reply.dropped_files = files_.take_dropped();
+        return send(socket_, reply, lent.descriptor);
+    }
+
+    int socket_;
+    Bodies bodies_;
+    PixelFiles files_;
+};
 
 } // namespace
 
 void serve(int socket) {
-    PixelFiles files;
+    Service service(socket);
     while (const auto message = receive(socket, Waiting::for_a_message)) {
         const auto order = message->as<Order>();
-        if (!order || !carry_out(*order, message->descriptor, socket, files))
+        if (!order || !service.carry_out(*order, message->descriptor))
             return;
     }
 }

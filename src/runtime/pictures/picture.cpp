@@ -36,7 +36,7 @@ std::span<const std::uint8_t> Picture::opacity() const {
 void Picture::rewrite(const Change& change) {
     const auto old_bytes = pixels_.bytes;
     if (!own_bytes_)
-        own_bytes_ = pixels_.memory.take(byte_count());
+        own_bytes_ = pixels_.allocate(byte_count());
     change({old_bytes.get(), byte_count()}, {own_bytes_.get(), byte_count()});
     pixels_.bytes = own_bytes_;
     ++revision_;

@@ -15,14 +15,14 @@ namespace lookfar {
 /// where there is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
 ///
 /// Pixels are shared by whoever is given them and never change. A changed copy takes its bytes from
-/// `memory`.
+/// `allocate`.
 struct Pixels {
     int width = 0;
     int height = 0;
     int stride = 0;
     std::shared_ptr<const std::uint8_t[]> bytes;
     std::shared_ptr<const std::uint8_t[]> opacity = {};
-    PixelMemory memory = {};
+    PixelAllocator allocate = allocate_pixels;
 };
 
 inline constexpr int bytes_per_pixel = 3;
