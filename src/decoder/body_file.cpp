@@ -1,24 +1,26 @@
 #include "decoder/body_file.h"
 
-#include "decoder/memory_file.h"
 #include "decoder/messages.h"
+
+#include <algorithm>
 
 namespace lookfar::decoder {
 
 void BodyFile::write(std::span<const std::uint8_t> bytes) {
-    if (!descriptor_ || bytes.size() > size_) {
+    if (!place_ || bytes.size() > place_->size()) {
         // One picture is a little larger than the other.
         constexpr std::size_t granule = std::size_t{1} << 16U;
-        size_ = (bytes.size() / granule + 1) * granule;
-        descriptor_ = make_memory_file(size_);
+        const std::size_t file_size = (bytes.size() / granule + 1) * granule;
+        descriptor_ = make_memory_file(file_size);
+        place_ = std::make_unique<Mapping>(descriptor_, file_size, Access::write);
         is_known = false;
     }
-    write_to(descriptor_, bytes);
+    std::ranges::copy(bytes, place_->data());
     byte_count_ = bytes.size();
 }
 
 void BodyFile::clear() {
-    if (size_ > largest_kept_body)
+    if (size() > largest_kept_body)
         *this = BodyFile();
 }
 

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "decoder/descriptor.h"
+#include "decoder/memory_file.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 
 namespace lookfar::decoder {
 
-/// The memory file in which pictures' bytes go to a decoder. It is used again, unless it is large:
-/// a fresh page costs more than what is written to it.
+/// The memory file in which pictures' bytes go to a decoder. It is used again, unless it is large,
+/// and written in place: a fresh page costs more than what is written to it, and so does a call of
+/// the system for each page.
 class BodyFile {
   public:
     /// Throws std::bad_alloc.
@@ -19,7 +21,7 @@ class BodyFile {
 
     const Descriptor& descriptor() const { return descriptor_; }
     /// Of the file.
-    std::size_t size() const { return size_; }
+    std::size_t size() const { return place_ ? place_->size() : 0; }
     /// Of what was written last.
     std::size_t byte_count() const { return byte_count_; }
 
@@ -28,7 +30,7 @@ class BodyFile {
 
   private:
     Descriptor descriptor_;
-    std::size_t size_ = 0;
+    std::unique_ptr<Mapping> place_;
     std::size_t byte_count_ = 0;
 };
 

@@ -1,6 +1,5 @@
 #include "decoder/memory_file.h"
 
-#include <cerrno>
 #include <fcntl.h>
 #include <new>
 #include <sys/mman.h>
@@ -14,18 +13,6 @@ Descriptor make_memory_file(std::size_t size) {
         ::fcntl(file.number(), F_ADD_SEALS, F_SEAL_SHRINK) != 0)
         throw std::bad_alloc();
     return file;
-}
-
-void write_to(const Descriptor& file, std::span<const std::uint8_t> bytes) {
-    for (off_t place = 0; !bytes.empty();) {
-        const ssize_t count = ::pwrite(file.number(), bytes.data(), bytes.size(), place);
-        if (count == -1 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            throw std::bad_alloc();
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-        place += count;
-    }
 }
 
 bool is_memory_file(const Descriptor& descriptor, std::size_t least_size) {

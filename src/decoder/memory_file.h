@@ -4,16 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 namespace lookfar::decoder {
 
 /// A new file of so many bytes, zeros, that lies in memory and has no name. It can't shrink, so
 /// that nobody who reads it in place can be made to read behind its end. Throws std::bad_alloc.
 Descriptor make_memory_file(std::size_t size);
-
-/// Writes bytes to its beginning. Throws std::bad_alloc.
-void write_to(const Descriptor& file, std::span<const std::uint8_t> bytes);
 
 /// Whether a descriptor from elsewhere is such a file and has so many bytes at least.
 bool is_memory_file(const Descriptor& descriptor, std::size_t least_size);
