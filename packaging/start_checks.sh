@@ -130,9 +130,62 @@ check_refusals() {
     check_refusal "HOME is not set" HOME=
 }
 
+# The cameras serve a list of themselves.
+start_cameras() {
+    local list=$1
+    cmake --preset dev >/dev/null
+    cmake --build --preset dev --target lookfar-cameras >/dev/null
+    start_process build/dev/demo/lookfar-cameras --port 0 --list "$list"
+    wait_until 20 "$(last_started)" test -s "$list" || fail "The cameras do not start."
+}
+
+# Turns this process into the installed program, in a folder that is open to all, as a user who may
+# do nothing that others may not.
+launch_as_nobody() {
+    local as_nobody=()
+    ((EUID != 0)) || as_nobody=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+    exec env --chdir="$open_folder/home" HOME="$open_folder/home" no_proxy=127.0.0.1 \
+        "${as_nobody[@]}" "$open_folder/usr/bin/lookfar"
+}
+
+# What says that a picture is missing has few colours.
+shows_picture() {
+    local colours
+    find_main_window &&
+        colours=$(import -window "$window" -crop 300x220+4+4 -format %k info:- 2>/dev/null) &&
+        ((colours > 1000))
+}
+
+check_decoder() {
+    local decoder executable
+    decoder=$(pgrep --parent "$(last_started)" --exact lookfar-decoder) ||
+        fail "The program has no decoder."
+    grep --quiet $'^Seccomp:\t2$' "/proc/$decoder/status" || fail "The decoder is not locked in."
+    # Of a process that leaves no core, the system tells this to root alone.
+    executable=$(readlink "/proc/$decoder/exe") || ((EUID != 0)) ||
+        fail "Nobody tells which file the decoder is."
+    [[ $EUID != 0 || $executable == "$open_folder/usr/libexec/lookfar-decoder" ]] ||
+        fail "The decoder is $executable."
+}
+
+check_picture() {
+    echo "A picture, shown to another user than root"
+    open_folder=$(mktemp --directory)
+    chmod 755 "$open_folder"
+    cp --recursive "$unpacked/usr" "$open_folder"
+    mkdir --mode=777 "$open_folder/home"
+    start_cameras "$open_folder/home/Cams.inf"
+    start_process launch_as_nobody
+    wait_until 30 "$(last_started)" shows_picture || fail "The program shows no picture."
+    check_decoder
+    close_main_window
+    rm -r "$open_folder"
+}
+
 check_starts() {
     check_first_start
     check_named_data_home
     check_relative_data_home
     check_refusals
+    check_picture
 }

@@ -123,6 +123,7 @@ install_packaging_packages() {
         lintian \
         man-db \
         mandoc \
+        procps \
         shellcheck \
         wmctrl \
         xdotool
