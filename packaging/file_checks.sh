@@ -15,7 +15,7 @@ print_installed_files() {
     printf '%s\n' \
         bin/lookfar \
         bin/lookfar-desktop \
-        libexec/lookfar-decoder \
+        libexec/lookfar/lookfar-decoder \
         "share/applications/$application.desktop" \
         "share/icons/hicolor/scalable/apps/$application.svg" \
         share/man/man1/lookfar-desktop.1.gz \

@@ -164,7 +164,7 @@ check_decoder() {
     # Of a process that leaves no core, the system tells this to root alone.
     executable=$(readlink "/proc/$decoder/exe") || ((EUID != 0)) ||
         fail "Nobody tells which file the decoder is."
-    [[ $EUID != 0 || $executable == "$open_folder/usr/libexec/lookfar-decoder" ]] ||
+    [[ $EUID != 0 || $executable == "$open_folder/usr/libexec/lookfar/lookfar-decoder" ]] ||
         fail "The decoder is $executable."
 }
 
