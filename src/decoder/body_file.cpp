@@ -3,6 +3,7 @@
 #include "decoder/messages.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace lookfar::decoder {
 
@@ -11,8 +12,9 @@ void BodyFile::write(std::span<const std::uint8_t> bytes) {
         // One picture is a little larger than the other.
         constexpr std::size_t granule = std::size_t{1} << 16U;
         const std::size_t file_size = (bytes.size() / granule + 1) * granule;
-        descriptor_ = make_memory_file(file_size);
-        place_ = std::make_unique<Mapping>(descriptor_, file_size, Access::write);
+        Descriptor file = make_memory_file(file_size);
+        place_ = std::make_unique<Mapping>(file, file_size, Access::write);
+        descriptor_ = std::move(file);
         is_known = false;
     }
     std::ranges::copy(bytes, place_->data());

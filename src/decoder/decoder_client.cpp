@@ -30,11 +30,13 @@ std::string media_types_of(std::uint32_t formats) {
 DecoderClient::DecoderClient(std::filesystem::path program, Clock::duration longest)
     : program_(std::move(program)), longest_(longest) {}
 
-std::optional<std::string> DecoderClient::media_types() {
+bool DecoderClient::prepare() {
     if (state_ == State::absent && !formats_ && !start_failure_)
         launch();
-    if (state_ == State::starting && !formats_)
-        return std::nullopt;
+    return state_ != State::starting || formats_;
+}
+
+std::string DecoderClient::media_types() const {
     return media_types_of(formats_.value_or(usual_formats));
 }
 
@@ -68,7 +70,7 @@ std::optional<DecodedPicture> DecoderClient::take_result() {
 
 void DecoderClient::attend() {
     try {
-        while (state_ != State::absent) {
+        while (process_) {
             const auto message = receive(process_->socket(), Waiting::no);
             if (!message)
                 break;
@@ -92,21 +94,23 @@ std::optional<Clock::time_point> DecoderClient::deadline() const {
 }
 
 void DecoderClient::launch() {
+    state_ = State::starting;
+    deadline_ = Clock::now() + longest_;
     try {
-        deadline_ = Clock::now() + longest_;
         process_.emplace(program_);
-        state_ = State::starting;
     } catch (const Failure& failure) {
         fail(failure);
+    } catch (const std::bad_alloc&) {
+        fail(no_memory_for_a_picture());
     }
 }
 
 bool DecoderClient::send_order() {
-    const Descriptor none;
     process_->allow_processor_time(std::chrono::ceil<std::chrono::seconds>(longest_));
     const Order order{.byte_count = body_.byte_count(),
                       .file_size = body_.size(),
                       .idle_files = files_.give_idle()};
+    const Descriptor none;
     if (!send(process_->socket(), order, body_.is_known ? none : body_.descriptor()))
         return false;
     body_.is_known = true;
@@ -153,7 +157,7 @@ void DecoderClient::take_reply(const ReceivedMessage& message) {
 void DecoderClient::fail(const Failure& failure) {
     if (has_picture_)
         result_ = failure;
-    else if (state_ == State::starting || !process_)
+    else if (state_ == State::starting)
         start_failure_ = failure;
     has_picture_ = false;
     end_process();

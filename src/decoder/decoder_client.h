@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decoder/body_file.h"
+#include "decoder/channel.h"
 #include "decoder/decoder_process.h"
 #include "decoder/kept_files.h"
 #include "runtime/pictures/picture_decoder.h"
@@ -24,7 +25,8 @@ class DecoderClient : public PictureDecoder {
     explicit DecoderClient(std::filesystem::path program,
                            std::chrono::steady_clock::duration longest = most_time);
 
-    std::optional<std::string> media_types() override;
+    bool prepare() override;
+    std::string media_types() const override;
     void start(std::span<const std::uint8_t> bytes) override;
     std::optional<DecodedPicture> take_result() override;
     void attend() override;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "decoder/channel.h"
+#include "decoder/descriptor.h"
 
 #include <chrono>
 #include <filesystem>

@@ -16,11 +16,12 @@ struct Place {
     std::shared_ptr<Mapping> file = nullptr;
     Owner owner = Owner::nobody;
 
-    bool is_idle() const { return file && owner == Owner::nobody; }
-    bool has(std::size_t byte_count) const { return is_idle() && file->size() >= byte_count; }
-    /// Without wasting half of it.
+    bool has(std::size_t byte_count, Owner of) const {
+        return file && owner == of && file->size() >= byte_count;
+    }
+    /// Is idle, and not wasted by half.
     bool fits(std::size_t byte_count) const {
-        return has(byte_count) && file->size() / 2 <= byte_count;
+        return has(byte_count, Owner::nobody) && file->size() / 2 <= byte_count;
     }
 };
 
@@ -32,30 +33,36 @@ class KeptFiles::Files {
         const std::lock_guard lock(mutex_);
         std::uint32_t given = 0;
         for (std::uint32_t number = 0; number < most_kept_files; ++number)
-            if (places_[number].is_idle()) {
+            if (places_[number].has(0, Owner::nobody)) {
                 places_[number].owner = Owner::decoder;
                 given |= 1U << number;
             }
         return given;
     }
 
-    void take_back(std::uint32_t dropped) {
+    void take_back() {
+        const std::lock_guard lock(mutex_);
+        for (Place& place : places_)
+            if (place.owner == Owner::decoder)
+                place.owner = Owner::nobody;
+    }
+
+    void drop(std::uint32_t files) {
         const std::lock_guard lock(mutex_);
         for (std::uint32_t number = 0; number < most_kept_files; ++number)
-            if ((dropped & 1U << number) != 0)
+            if ((files & 1U << number) != 0)
                 places_[number] = {};
-            else if (places_[number].owner == Owner::decoder)
-                places_[number].owner = Owner::nobody;
     }
 
     void keep(std::uint32_t number, std::shared_ptr<Mapping> file) {
         const std::lock_guard lock(mutex_);
-        places_[number] = {.file = std::move(file)};
+        places_[number] = {.file = std::move(file), .owner = Owner::decoder};
     }
 
     std::shared_ptr<Mapping> use(std::uint32_t number, std::size_t byte_count) {
         const std::lock_guard lock(mutex_);
-        return places_[number].has(byte_count) ? used(places_[number]) : nullptr;
+        Place& place = places_[number];
+        return place.has(byte_count, Owner::decoder) ? used(place) : nullptr;
     }
 
     std::shared_ptr<Mapping> use_any(std::size_t byte_count) {
@@ -114,8 +121,12 @@ std::uint32_t KeptFiles::give_idle() const {
     return files_->give_idle();
 }
 
-void KeptFiles::take_back(std::uint32_t dropped) const {
-    files_->take_back(dropped);
+void KeptFiles::take_back() const {
+    files_->take_back();
+}
+
+void KeptFiles::drop(std::uint32_t files) const {
+    files_->drop(files);
 }
 
 void KeptFiles::keep(std::uint32_t number, std::shared_ptr<Mapping> file) const {

@@ -21,13 +21,15 @@ class KeptFiles {
 
     /// Gives the idle files to the decoder: a bit for each.
     std::uint32_t give_idle() const;
-    /// Takes them back from it, but for those that it keeps no longer.
-    void take_back(std::uint32_t dropped) const;
+    /// Takes them back from it.
+    void take_back() const;
+    /// Keeps those of the bits no longer.
+    void drop(std::uint32_t files) const;
 
-    /// Keeps a file that the decoder has made, in the place of the one that had the number.
+    /// Keeps a file of the decoder's, in the place of the one that had the number.
     void keep(std::uint32_t number, std::shared_ptr<Mapping> file) const;
-    /// Its bytes, in use until the last pointer to them goes. Null where no idle file of that
-    /// number has so many.
+    /// The bytes of a file that the decoder has, in use until the last pointer to them goes. Null
+    /// where it has none of that number with so many.
     std::shared_ptr<std::uint8_t[]> use(std::uint32_t number, std::size_t byte_count) const;
 
     /// Keeps none of the files. Those in use stay until they are let go.

@@ -21,7 +21,7 @@ inline constexpr int decoder_socket = 3;
 /// page that goes back to the system and is asked for anew costs more than the decoding of what
 /// stands on it.
 inline constexpr std::size_t largest_kept_pixels = std::size_t{32} * 1024 * 1024;
-inline constexpr std::uint32_t most_kept_files = 16;
+inline constexpr std::uint32_t most_kept_files = 8;
 
 /// From the decoder, once it is locked in, or can't be.
 struct Greeting {

@@ -65,11 +65,8 @@ Pixels pixels_of(const Reply& reply, const Descriptor& descriptor, const KeptFil
     return pixels;
 }
 
-} // namespace
-
-DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor,
-                                const KeptFiles& files) {
-    files.take_back(reply.dropped_files);
+DecodedPicture picture_of(const Reply& reply, const Descriptor& descriptor,
+                          const KeptFiles& files) {
     switch (reply.verdict) {
     case Verdict::decoded:
         return pixels_of(reply, descriptor, files);
@@ -79,6 +76,17 @@ DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor
         return Failure(FailureKind::invalid_picture, text_of(reply));
     }
     throw has_failed();
+}
+
+} // namespace
+
+DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor,
+                                const KeptFiles& files) {
+    files.drop(reply.dropped_files);
+    auto picture = picture_of(reply, descriptor, files);
+    // Not before: another thread could take the picture's file for a copy.
+    files.take_back();
+    return picture;
 }
 
 } // namespace lookfar::decoder

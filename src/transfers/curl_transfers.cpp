@@ -9,7 +9,6 @@
 #include <new>
 #include <optional>
 #include <stop_token>
-#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -86,12 +85,11 @@ class CurlTransfers::Worker {
 
     /// Hosts are told the media types, which the decoder knows a moment after its start.
     void start_waiting() {
-        const auto media_types = decoder_->media_types();
-        if (!media_types)
+        if (!decoder_->prepare())
             return;
         for (const auto& ticket : take_waiting())
             if (!ticket->is_abandoned)
-                start(ticket, *media_types);
+                start(ticket);
     }
 
     std::vector<std::shared_ptr<TransferTicket>> take_waiting() {
@@ -99,10 +97,11 @@ class CurlTransfers::Worker {
         return std::exchange(waiting_, {});
     }
 
-    void start(const std::shared_ptr<TransferTicket>& ticket, const std::string& media_types) {
+    void start(const std::shared_ptr<TransferTicket>& ticket) {
         report_failure_of(ticket, [&] {
-            running_.push_back(std::make_unique<CurlExchange>(
-                multi_.get(), ticket, media_types, last_answer_.known_at(ticket->request.url)));
+            running_.push_back(
+                std::make_unique<CurlExchange>(multi_.get(), ticket, decoder_->media_types(),
+                                               last_answer_.known_at(ticket->request.url)));
         });
     }
 

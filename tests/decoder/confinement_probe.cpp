@@ -81,7 +81,7 @@ bool does(const std::string& deed, const Before& before) {
         {"send", [&] { return sends(before.sockets[0]); }},
         {"take memory", [] { return Before::map(gigabyte / 2, PROT_WRITE) != MAP_FAILED; }},
         {"take too much memory", [] { return Before::map(2 * gigabyte, 0) != MAP_FAILED; }},
-        {"make files", [] { return makes_files(8); }},
+        {"make files", [] { return makes_files(4); }},
         {"make too many files", [] { return makes_files(32); }},
         {"make too large a file", [] { return makes_file_of(gigabyte); }},
         {"make a file of huge pages",

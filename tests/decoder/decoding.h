@@ -11,8 +11,8 @@
 
 namespace lookfar::testing {
 
-/// Waits until the decoder has something to do, and attends to it.
-inline void await(PictureDecoder& decoder) {
+/// Waits until the decoder has something to do.
+inline void wait_for(const PictureDecoder& decoder) {
     using std::chrono::milliseconds;
     int longest = -1;
     if (const auto deadline = decoder.deadline()) {
@@ -22,6 +22,11 @@ inline void await(PictureDecoder& decoder) {
     }
     pollfd socket{.fd = decoder.descriptor(), .events = POLLIN, .revents = 0};
     ::poll(&socket, 1, longest);
+}
+
+/// Waits for it, and attends to it.
+inline void await(PictureDecoder& decoder) {
+    wait_for(decoder);
     decoder.attend();
 }
 

@@ -96,7 +96,8 @@ class InstantDecoder : public PictureDecoder {
   public:
     explicit InstantDecoder(std::function<Pixels()> decode) : decode_(std::move(decode)) {}
 
-    std::optional<std::string> media_types() override { return "image/jpeg,image/gif"; }
+    bool prepare() override { return true; }
+    std::string media_types() const override { return "image/jpeg,image/gif"; }
     void start(std::span<const std::uint8_t>) override {
         try {
             result_ = decode_();

@@ -22,9 +22,12 @@ class PictureDecoder {
   public:
     virtual ~PictureDecoder() = default;
 
-    /// The media types of the pictures that are read, with commas between them. Nothing as long as
-    /// they are not known yet.
-    virtual std::optional<std::string> media_types() = 0;
+    /// Gets ready, and gives true once that is done or has failed.
+    virtual bool prepare() = 0;
+
+    /// The media types of the pictures that are read, with commas between them. They are certain
+    /// once it is ready.
+    virtual std::string media_types() const = 0;
 
     /// Begins to decode a picture from its bytes, which it copies. One that was begun before and
     /// has no result yet is given up.
