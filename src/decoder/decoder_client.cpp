@@ -97,7 +97,7 @@ void DecoderClient::launch() {
     state_ = State::starting;
     deadline_ = Clock::now() + longest_;
     try {
-        process_.emplace(program_);
+        process_ = std::make_unique<DecoderProcess>(program_);
     } catch (const Failure& failure) {
         fail(failure);
     } catch (const std::bad_alloc&) {

@@ -7,6 +7,7 @@
 #include "runtime/pictures/picture_decoder.h"
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 
 namespace lookfar::decoder {
@@ -50,7 +51,7 @@ class DecoderClient : public PictureDecoder {
     const std::filesystem::path program_;
     const std::chrono::steady_clock::duration longest_;
     State state_ = State::absent;
-    std::optional<DecoderProcess> process_;
+    std::unique_ptr<DecoderProcess> process_;
     std::optional<std::chrono::steady_clock::time_point> deadline_;
     /// As the decoder has told last.
     std::optional<std::uint32_t> formats_;

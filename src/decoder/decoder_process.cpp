@@ -91,11 +91,13 @@ pid_t spawn(std::string program, int socket) {
 
 } // namespace
 
-DecoderProcess::DecoderProcess(const std::filesystem::path& program) {
-    auto [own, its] = connected_sockets();
-    process_ = spawn(program.string(), its.number());
-    socket_ = std::move(own);
-}
+DecoderProcess::DecoderProcess(const std::filesystem::path& program)
+    : DecoderProcess(program, connected_sockets()) {}
+
+DecoderProcess::DecoderProcess(const std::filesystem::path& program,
+                               std::pair<Descriptor, Descriptor> sockets)
+    : socket_(std::move(sockets.first)),
+      process_(spawn(program.string(), sockets.second.number())) {}
 
 DecoderProcess::~DecoderProcess() {
     ::kill(process_, SIGKILL);

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <filesystem>
 #include <sys/types.h>
+#include <utility>
 
 namespace lookfar::decoder {
 
@@ -27,8 +28,10 @@ class DecoderProcess {
     void allow_processor_time(std::chrono::seconds time) const;
 
   private:
+    DecoderProcess(const std::filesystem::path& program, std::pair<Descriptor, Descriptor> sockets);
+
     Descriptor socket_;
-    pid_t process_ = -1;
+    pid_t process_;
 };
 
 } // namespace lookfar::decoder

@@ -31,7 +31,8 @@ void refuse_size(QSize size) {
 }
 
 /// In megabytes; Qt's own limit is lower than ours.
-constexpr int reader_allocation_limit = most_bytes_while_decoding / (1024 * 1024);
+constexpr auto reader_allocation_limit =
+    static_cast<int>(most_bytes_while_decoding / (1024LL * 1024));
 
 /// The bytes of a file. Notices when more is asked for than there is.
 class FileContent : public QBuffer {
@@ -63,7 +64,7 @@ class Reader {
         format_ = format_of(bytes);
         // Any other reader would be loaded to be asked.
         reader_.setAutoDetectImageFormat(false);
-        reader_.setFormat(QByteArray(format_.data(), std::ssize(format_)));
+        reader_.setFormat(QByteArray::fromStdString(std::string(format_)));
         if (format_.empty() || !reader_.canRead())
             throw Failure(FailureKind::unknown_picture_format,
                           "The camera's answer is not a picture.");

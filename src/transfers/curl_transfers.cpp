@@ -160,12 +160,16 @@ class CurlTransfers::Worker {
         finish_decoding();
     }
 
-    /// The result of a picture that nobody waits for any more is dropped.
     void finish_decoding() {
         auto picture = decoder_->take_result();
-        if (!picture || !decoding_)
+        if (!picture)
             return;
-        auto [ticket, answer] = *std::exchange(decoding_, std::nullopt);
+        auto decoding = std::exchange(decoding_, std::nullopt);
+        // Nobody may wait for it any more.
+        if (!decoding)
+            return;
+        const auto ticket = decoding->ticket;
+        Answer answer = std::move(decoding->answer);
         report_failure_of(ticket, [&] {
             post_report(ticket, last_answer_.outcome_of(std::move(answer), ticket->request.url,
                                                         *std::move(picture)));

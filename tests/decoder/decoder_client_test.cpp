@@ -122,6 +122,7 @@ TEST_F(Decoder, LeavesItsIdleMemoryToChangedCopies) {
 TEST_F(Decoder, RefusesAPictureWhileAllFilesAreInUse) {
     install();
     std::vector<DecodedPicture> kept;
+    kept.reserve(decoder::most_kept_files);
     for (std::uint32_t number = 0; number < decoder::most_kept_files; ++number)
         kept.push_back(decode(client, picture));
     EXPECT_EQ(outcome_of(decode(client, picture)), "There is not enough memory for the picture.");

@@ -118,7 +118,7 @@ class InstantDecoder : public PictureDecoder {
 };
 
 /// Transfers from a camera server, on whose paths the tests put what they need.
-class Transfers : public testing::Test {
+class Transfers : public ::testing::Test {
   protected:
     Transfers() { server.answer("/hello", always(200, "hello")); }
 

@@ -5,7 +5,7 @@
 #include "pictures/decode_pixels.h"
 
 #include <algorithm>
-#include <optional>
+#include <memory>
 #include <span>
 #include <variant>
 
@@ -18,7 +18,7 @@ class Bodies {
   public:
     std::span<const std::uint8_t> bytes_of(const Order& order, const Descriptor& file) {
         if (file)
-            mapping_.emplace(file, order.file_size, Access::read);
+            mapping_ = std::make_unique<Mapping>(file, order.file_size, Access::read);
         return {mapping_->data(), order.byte_count};
     }
 
@@ -28,7 +28,7 @@ class Bodies {
     }
 
   private:
-    std::optional<Mapping> mapping_;
+    std::unique_ptr<Mapping> mapping_;
 };
 
 Reply refusal(const Failure& failure) {
