@@ -40,7 +40,8 @@ inline constexpr std::size_t largest_kept_body = std::size_t{8} * 1024 * 1024;
 struct Order {
     std::uint64_t byte_count = 0;
     std::uint64_t file_size = 0;
-    /// A bit for each kept file whose pixels nobody needs any more.
+    /// A bit for each kept file whose pixels nobody needs any more, and which the decoder may use
+    /// until it replies. All others that the program has are in use there.
     std::uint32_t idle_files = 0;
     std::uint32_t unused = 0;
 };

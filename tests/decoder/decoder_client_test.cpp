@@ -117,6 +117,17 @@ TEST_F(Decoder, LeavesItsIdleMemoryToChangedCopies) {
     const auto third = decode(client, picture);
     EXPECT_NE(std::get<Pixels>(third).bytes.get(), place);
     EXPECT_EQ(second.bytes()[0], 7);
+
+    // An idle file that the decoder had and left unused is no longer its own.
+    first = decode(client, picture);
+    auto fourth = decode(client, picture);
+    first = Failure(0, "let go");
+    fourth = first;
+    const auto raw = decode(client, picture);
+    Picture last(std::get<Pixels>(raw));
+    last.rewrite([](auto, auto new_bytes) { std::ranges::fill(new_bytes, std::uint8_t{7}); });
+    EXPECT_EQ(outcome_of(decode(client, picture)), "decoded");
+    EXPECT_EQ(last.bytes()[0], 7);
 }
 
 TEST_F(Decoder, RefusesAPictureWhileAllFilesAreInUse) {

@@ -61,7 +61,8 @@ class HostileCameras : public DesktopTest {
         list(camera.address);
         program.Form1->Inet1.RequestTimeout = camera.timeout_seconds;
         QTest::mouseClick(&widget(program.Form1->Command2), Qt::LeftButton);
-        EXPECT_EQ(program.Form1->Label2.Visible, camera.error != 0);
+        EXPECT_EQ(program.Form1->Label2.Visible, camera.error != 0)
+            << program.Form1->Label3.Caption.get();
         if (camera.error != 0)
             expect_error(camera);
         else

@@ -12,6 +12,8 @@ struct PixelFiles::File {
     explicit File(std::size_t size)
         : descriptor(make_memory_file(size)), bytes(descriptor, size, Access::write) {}
 
+    /// The program has it.
+    bool is_known() const { return !descriptor; }
     bool is_idle() const { return !is_in_use && !is_lent; }
     /// Without wasting half of it.
     bool fits(std::size_t byte_count) const {
@@ -84,10 +86,10 @@ PixelFiles::Lent PixelFiles::lend(const std::uint8_t* place) {
     return lent;
 }
 
-void PixelFiles::take_back(std::uint32_t files) {
+void PixelFiles::set_idle(std::uint32_t files) {
     for (std::uint32_t number = 0; number < most_kept_files; ++number)
-        if (files_[number] && (files & 1U << number) != 0)
-            files_[number]->is_lent = false;
+        if (files_[number])
+            files_[number]->is_lent = files_[number]->is_known() && (files & 1U << number) == 0;
 }
 
 std::uint32_t PixelFiles::take_dropped() {

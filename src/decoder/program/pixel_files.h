@@ -26,8 +26,9 @@ class PixelFiles {
     /// Lends the file that holds what `allocate` gave at that place.
     Lent lend(const std::uint8_t* place);
 
-    /// The program gives files back, a bit for each.
-    void take_back(std::uint32_t files);
+    /// The files that the program leaves to this process for one picture, a bit for each. All
+    /// others that it has are in use there.
+    void set_idle(std::uint32_t files);
 
     /// A bit for each file that the program had and that is kept no longer; told once.
     std::uint32_t take_dropped();

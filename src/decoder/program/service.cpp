@@ -53,7 +53,7 @@ class Service {
 
     /// Gives false where nobody waits for the reply any more.
     bool carry_out(const Order& order, const Descriptor& body_file) {
-        files_.take_back(order.idle_files);
+        files_.set_idle(order.idle_files);
         const DecodedPicture picture =
             decoded_picture(bodies_.bytes_of(order, body_file),
                             [this](std::size_t size) { return files_.allocate(size); });
