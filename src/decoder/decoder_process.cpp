@@ -8,7 +8,6 @@
 #include <csignal>
 #include <ctime>
 #include <fcntl.h>
-#include <memory>
 #include <spawn.h>
 #include <string>
 #include <sys/resource.h>

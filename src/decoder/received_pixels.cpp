@@ -2,6 +2,7 @@
 
 #include "decoder/decoder_failures.h"
 #include "decoder/memory_file.h"
+#include "runtime/pictures/pixel_layout.h"
 
 #include <algorithm>
 #include <memory>
@@ -49,19 +50,9 @@ std::shared_ptr<std::uint8_t[]> bytes_of(const Reply& reply, const Descriptor& d
 
 Pixels pixels_of(const Reply& reply, const Descriptor& descriptor, const KeptFiles& files) {
     refuse_size(reply.width, reply.height);
-    const int stride = stride_of(reply.width);
-    const auto width = static_cast<std::size_t>(reply.width);
-    const auto height = static_cast<std::size_t>(reply.height);
-    const std::size_t row_bytes = static_cast<std::size_t>(stride) * height;
-    const std::size_t opacity_bytes = reply.has_opacity != 0 ? width * height : 0;
-    const auto bytes = bytes_of(reply, descriptor, files, row_bytes + opacity_bytes);
-    Pixels pixels{.width = reply.width,
-                  .height = reply.height,
-                  .stride = stride,
-                  .bytes = bytes,
-                  .allocate = files.allocator()};
-    if (opacity_bytes != 0)
-        pixels.opacity = std::shared_ptr<const std::uint8_t[]>(bytes, bytes.get() + row_bytes);
+    const PixelLayout layout(reply.width, reply.height, reply.has_opacity != 0);
+    Pixels pixels = layout.pixels_in(bytes_of(reply, descriptor, files, layout.byte_count()));
+    pixels.allocate = files.allocator();
     return pixels;
 }
 

@@ -1,5 +1,7 @@
 #include "pictures/image_pixels.h"
 
+#include "runtime/pictures/pixel_layout.h"
+
 #include <QBuffer>
 #include <QByteArray>
 #include <QImage>
@@ -41,21 +43,16 @@ void write_rows(const QImage& image, QImage::Format format, std::uint8_t* place,
 Pixels pixels_of(const QImage& image, const PixelAllocator& allocate) {
     if (image.isNull())
         throw std::bad_alloc();
-    const int stride = stride_of(image.width());
-    const auto width = static_cast<std::size_t>(image.width());
-    const auto height = static_cast<std::size_t>(image.height());
-    const std::size_t row_bytes = static_cast<std::size_t>(stride) * height;
-    const bool has_opacity = image.hasAlphaChannel();
-    auto bytes = allocate(row_bytes + (has_opacity ? width * height : 0));
-    write_rows(image, QImage::Format_RGB888, bytes.get(), static_cast<std::size_t>(stride));
-    clear_padding({bytes.get(), row_bytes}, image.width());
-    Pixels pixels{
-        .width = image.width(), .height = image.height(), .stride = stride, .bytes = bytes};
-    if (has_opacity) {
-        write_rows(image, QImage::Format_Alpha8, bytes.get() + row_bytes, width);
-        pixels.opacity = std::shared_ptr<const std::uint8_t[]>(bytes, bytes.get() + row_bytes);
-    }
-    return pixels;
+    const PixelLayout layout(image.width(), image.height(), image.hasAlphaChannel());
+    const auto bytes = allocate(layout.byte_count());
+    const std::span rows(bytes.get(), layout.row_bytes());
+    write_rows(image, QImage::Format_RGB888, rows.data(),
+               static_cast<std::size_t>(stride_of(image.width())));
+    clear_padding(rows, image.width());
+    if (image.hasAlphaChannel())
+        write_rows(image, QImage::Format_Alpha8, rows.data() + rows.size(),
+                   static_cast<std::size_t>(image.width()));
+    return layout.pixels_in(bytes);
 }
 
 QImage png_image(std::span<const std::uint8_t> file) {

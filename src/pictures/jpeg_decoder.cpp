@@ -1,5 +1,7 @@
 #include "pictures/jpeg_decoder.h"
 
+#include "runtime/pictures/pixel_layout.h"
+
 #include <turbojpeg.h>
 
 #include <cstddef>
@@ -153,15 +155,14 @@ std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes,
     if (!header)
         return std::nullopt;
     const auto [width, height] = *header;
-    const int stride = stride_of(width);
-    const auto byte_count = static_cast<std::size_t>(stride) * static_cast<std::size_t>(height);
-    auto pixels = allocate(byte_count);
+    const PixelLayout layout(width, height, false);
+    const auto pixels = allocate(layout.byte_count());
     const int result = tjDecompress2(handle.get(), bytes.data(), bytes.size(), pixels.get(), width,
-                                     stride, height, TJPF_RGB, 0);
+                                     stride_of(width), height, TJPF_RGB, 0);
     if (result != 0)
         refuse_failed(handle.get(), bytes);
-    clear_padding({pixels.get(), byte_count}, width);
-    return Pixels{.width = width, .height = height, .stride = stride, .bytes = std::move(pixels)};
+    clear_padding({pixels.get(), layout.byte_count()}, width);
+    return layout.pixels_in(pixels);
 }
 
 } // namespace lookfar

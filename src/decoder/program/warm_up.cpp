@@ -1,13 +1,13 @@
 #include "decoder/program/warm_up.h"
 
 #include "pictures/decode_pixels.h"
-#include "runtime/failure.h"
 #include "runtime/pictures/picture_formats.h"
 
 #include <QByteArray>
 
 #include <array>
 #include <cstddef>
+#include <variant>
 
 namespace lookfar::decoder {
 
@@ -26,13 +26,9 @@ constexpr std::array<const char*, picture_formats.size()> tiny_pictures{
 
 bool can_be_read(const char* base64) {
     const QByteArray file = QByteArray::fromBase64(base64);
-    try {
-        decode_pixels({reinterpret_cast<const std::uint8_t*>(file.data()),
-                       static_cast<std::size_t>(file.size())});
-        return true;
-    } catch (const Failure&) {
-        return false;
-    }
+    return std::holds_alternative<Pixels>(
+        decoded_picture({reinterpret_cast<const std::uint8_t*>(file.data()),
+                         static_cast<std::size_t>(file.size())}));
 }
 
 } // namespace
