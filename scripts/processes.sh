@@ -40,9 +40,10 @@ wait_until() {
     return 1
 }
 
+# Never fails: a script that stops at the first failure would leave the other processes behind.
 end_process() {
     kill "$1" 2>/dev/null || return 0
-    wait_until 5 "$1" has_ended "$1" || kill -KILL "$1" 2>/dev/null
+    wait_until 5 "$1" has_ended "$1" || kill -KILL "$1" 2>/dev/null || true
     wait "$1" 2>/dev/null || true
 }
 
