@@ -19,6 +19,9 @@ class Event {
     Event& operator=(const Event&) = delete;
     ~Event() = default;
 
+    /// Whether anybody would be called.
+    bool is_connected() const { return !handlers_.empty(); }
+
     void connect(Handler handler) { handlers_.push_back(std::move(handler)); }
 
     /// Connects a member function; the object must outlive the event.

@@ -52,11 +52,11 @@ void MouseRouter::release(Qt::MouseButton button, const QPointF& point) {
 }
 
 void MouseRouter::double_click(Qt::MouseButton button, const QPointF& point) {
-    if (button != Qt::LeftButton) {
+    MouseEvents& target = target_at(point);
+    if (button != Qt::LeftButton || !target.DblClick.is_connected()) {
         press(button, point);
         return;
     }
-    MouseEvents& target = target_at(point);
     actions_.deliver(form_, [&target] { target.DblClick.raise(); });
 }
 

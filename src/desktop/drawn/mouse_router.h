@@ -16,7 +16,7 @@ class UserActions;
 
 /// Brings what the mouse does to a window to the drawn control under the pointer, or to the
 /// window where there is none. A click is a press and a release of the left button over the same
-/// target.
+/// target. Where nobody waits for a double click, its second press is one like the first.
 class MouseRouter {
   public:
     MouseRouter(Form& form, const DrawnControls& drawn, UserActions& actions)

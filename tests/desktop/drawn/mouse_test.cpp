@@ -22,6 +22,7 @@ class MouseTest : public DesktopTest {
         log_all("label", Label1);
         log_all("image", Image1);
         log_all("form", form);
+        Button.Click.connect([this] { log.emplace_back("button click"); });
         show(form);
     }
 
@@ -37,6 +38,7 @@ class MouseTest : public DesktopTest {
     static constexpr QPoint on_label{50, 50};
     static constexpr QPoint on_image{150, 50};
     static constexpr QPoint on_form{50, 150};
+    static constexpr QPoint on_button{150, 150};
 
     Log take_log() { return std::exchange(log, {}); }
 
@@ -46,6 +48,7 @@ class MouseTest : public DesktopTest {
     }
 
     Form form{runtime, {.Client = {3000, 3000}}};
+    Label Button{form, {.At = {1500, 1500, 1500, 1500}}};
     Shape Cover{form, {.At = {0, 0, 3000, 3000}}};
     Label Label1{
         form, {.At = {0, 0, 1500, 1500}, .Back = BackStyle::transparent, .ToolTipText = "Label"}};
@@ -71,6 +74,11 @@ TEST_F(MouseTest, ClicksTwiceForADoubleClickAndNotAtAllWhereItIsDraggedAway) {
     QTest::mousePress(&window(form), Qt::LeftButton, {}, on_label);
     QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_image);
     EXPECT_EQ(take_log(), (Log{"label down 1"}));
+    // Nobody waits for a double click on the button.
+    QTest::mouseClick(&window(form), Qt::LeftButton, {}, on_button);
+    QTest::mouseDClick(&window(form), Qt::LeftButton, {}, on_button);
+    QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_button);
+    EXPECT_EQ(take_log(), (Log{"button click", "button click"}));
 }
 
 TEST_F(MouseTest, TellsWhereItMovesAndWhatTheToolTipIs) {
