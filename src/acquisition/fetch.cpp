@@ -75,11 +75,15 @@ void MainWindow::show_in_fullscreen_window(PictureFile& file) {
     Form2->Image3.Visible = false;
     Form2->Picture1.Picture = file.load();
     Form2->Image3.Picture = Form2->Picture1.Picture;
+    fit_in_fullscreen_window();
+    Form2->Image3.Visible = true;
+}
+
+void MainWindow::fit_in_fullscreen_window() {
     Form2->Image3.Stretch = false;
     Form2->Image3.Left = 0;
     Form2->Image3.Top = 0;
     fit(Form2->Image3, {.Left = 0, .Top = 0, .Width = Form2->Width, .Height = Form2->Height});
-    Form2->Image3.Visible = true;
 }
 
 void MainWindow::show_in_main_window(PictureFile& file) {

@@ -201,6 +201,7 @@ class MainWindow : public Form {
 
     // Fetch.
     void show_in_fullscreen_window(PictureFile& file);
+    void fit_in_fullscreen_window();
     void show_in_main_window(PictureFile& file);
     void clear_error_display();
     void write_error_captions(const Failure& failure);

@@ -17,9 +17,17 @@ void MainWindow::Form_Resize() {
 }
 
 /// A picture is fitted to the fullscreen window when it is fetched, so that window has its size
-/// before the next entry.
+/// before the next entry. Where it is up, all of it is laid out anew.
 void MainWindow::Form_ScreenChange() {
+    if (Size{Form2->Width, Form2->Height} == runtime.Screen())
+        return;
     Form2->take_screen_size();
+    fit_in_fullscreen_window();
+    Form_Resize();
+}
+
+void FullscreenWindow::Form_ScreenChange() {
+    Form1->ScreenChange.raise();
 }
 
 void FullscreenWindow::take_screen_size() {

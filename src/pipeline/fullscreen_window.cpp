@@ -19,6 +19,7 @@ FullscreenWindow::FullscreenWindow(Program& program)
     Combo1.Click.connect(this, &FullscreenWindow::Combo1_Click);
 
     Resize.connect(this, &FullscreenWindow::Form_Resize);
+    ScreenChange.connect(this, &FullscreenWindow::Form_ScreenChange);
     Command1.Click.connect(this, &FullscreenWindow::Command1_Click);
 
     Image3.DblClick.connect(this, &FullscreenWindow::Image3_DblClick);

@@ -178,6 +178,7 @@ class FullscreenWindow : public Form {
 
     // Layout.
     void Form_Resize();
+    void Form_ScreenChange();
     void lay_out_title_banner();
     void lay_out_open_panel();
     void Command1_Click();

@@ -32,7 +32,7 @@ Form::~Form() = default;
 
 void Form::Show() {
     if (WindowState == WindowState::minimised)
-        WindowState = WindowState::normal;
+        follow_state(WindowState::normal);
     Visible = true;
     runtime.platform().bring_forward(*this);
 }
@@ -55,6 +55,15 @@ void Form::request_close() {
     Hide();
     stop_timers();
     release_();
+}
+
+void Form::follow_state(lookfar::WindowState state) {
+    const bool keeps_size =
+        state != WindowState::maximised && WindowState != WindowState::maximised;
+    if (keeps_size)
+        WindowState.follow(state);
+    else
+        WindowState = state;
 }
 
 void Form::remove(Control& control) {

@@ -56,6 +56,9 @@ class Form : public Element, public MouseEvents {
     /// unloads the window unless a handler cancels that.
     void request_close();
 
+    /// The user or the window manager has given the window a state.
+    void follow_state(lookfar::WindowState state);
+
     /// The controls front to back.
     std::span<Control* const> controls() const { return controls_; }
 
@@ -65,7 +68,8 @@ class Form : public Element, public MouseEvents {
     Property<float> Left;
     Property<float> Top;
     /// A change of size or of window state raises `Resize` inside the write; so does the first
-    /// display.
+    /// display. Minimising a window changes no size, and neither does bringing it back; where the
+    /// user does that, nothing is raised.
     Property<float> Width;
     Property<float> Height;
     Property<lookfar::WindowState> WindowState;
@@ -73,7 +77,7 @@ class Form : public Element, public MouseEvents {
 
     Event<> Initialize;
     Event<> Load;
-    /// The user has moved the window to another screen.
+    /// The window is on another screen than before, or its screen has another size.
     Event<> ScreenChange;
     Event<> Resize;
     /// With a flag that a handler sets to keep the window, and the reason of the request.

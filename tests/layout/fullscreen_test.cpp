@@ -67,6 +67,10 @@ TEST_F(Fullscreen, IsLaidOutFromTheStartAndMovesWithItsEdges) {
         EXPECT_EQ(form.Line1.X2, 15360 + x);
         EXPECT_EQ(form.Line1.Y1, 480);
         EXPECT_EQ(form.Label5.Caption.get(), "b");
+        const Bounds fitted = form.Image3.bounds();
+        const Picture& picture = *form.Image3.Picture.get();
+        refresh_with(picture_file(picture.width(), picture.height()));
+        EXPECT_EQ(form.Image3.bounds(), fitted);
     }
 }
 
@@ -138,6 +142,15 @@ TEST_F(Fullscreen, OpensAndClosesThePanelOnTheArrowAndFindsItAsItWasLeft) {
     leave();
     Form2->Width = 15000;
     enter();
+    expect_panel(false);
+    Form2->follow_state(WindowState::minimised);
+    Form2->follow_state(WindowState::normal);
+    expect_panel(false);
+    for (const float width : {30000.0F, 15360.0F}) {
+        platform.metrics.size.Width = width;
+        Form2->ScreenChange.raise();
+        EXPECT_EQ(Form2->Label2.Left, width / 2 - Form2->Label2.Width / 2);
+    }
     expect_panel(false);
 
     Form2->Command1.MouseMove.raise();

@@ -71,24 +71,13 @@ void WindowView::changeEvent(QEvent* event) {
     if (event->type() != QEvent::WindowStateChange || is_leaving())
         return;
     if (const auto state = frame_.state_by_user())
-        windows_.actions().deliver(*form_, [this, state] { form_->WindowState = *state; });
+        windows_.actions().deliver(*form_, [this, state] { form_->follow_state(*state); });
 }
 
 void WindowView::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     if (!windows_.actions().are_suspended())
         frame_.follow_move();
-}
-
-void WindowView::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    const auto size = frame_.size_by_screen();
-    if (!size || is_leaving())
-        return;
-    windows_.actions().deliver(*form_, [this, size] {
-        form_->Width = size->Width;
-        form_->Height = size->Height;
-    });
 }
 
 void WindowView::hideEvent(QHideEvent* event) {

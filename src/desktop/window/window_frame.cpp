@@ -48,9 +48,9 @@ QSize usual_frame() {
 }
 
 /// The window itself comes to know its new screen only after it was moved there.
-QPoint corner_of_screen_at(const QPoint& point) {
+QRect screen_at(const QPoint& point, const QWidget& window) {
     const QScreen* const screen = QGuiApplication::screenAt(point);
-    return (screen ? screen : QGuiApplication::primaryScreen())->geometry().topLeft();
+    return (screen ? screen : window.screen())->geometry();
 }
 
 } // namespace
@@ -75,15 +75,19 @@ void WindowFrame::take_over(QScreen& screen) {
     take_state();
 }
 
-/// The screen may be another one than last time, or may stand elsewhere.
+/// The screen may be another one than last time, or may stand elsewhere. A window that stood on a
+/// larger one may have its place outside of this one; on the same screen it stays where its user has
+/// put it.
 void WindowFrame::take_screen(QScreen& screen) {
     window_.setScreen(&screen);
-    if (std::exchange(corner_, screen.geometry().topLeft()) != screen.geometry().topLeft())
+    const QRect before = std::exchange(screen_, screen.geometry());
+    const bool is_another = before.topLeft() != screen_.topLeft();
+    if (is_another)
         position_.reset();
-    keep_on_screen(screen.size());
+    if (is_another || before.size().expandedTo(screen_.size()) != screen_.size())
+        keep_on_screen(screen_.size());
 }
 
-/// A window that stood on a larger screen may have its place outside of this one.
 void WindowFrame::keep_on_screen(const QSize& screen) {
     const QRect place(position(), client_size());
     if (QRect(QPoint(), screen).contains(place.center()))
@@ -109,7 +113,7 @@ void WindowFrame::take_position() {
     if (form_.CentredOnScreen && centred_size_.isEmpty())
         centre_on_screen(client_size() + usual_frame());
     if (std::exchange(position_, position()) != position())
-        window_.move(corner_ + position());
+        window_.move(screen_.topLeft() + position());
 }
 
 void WindowFrame::centre_on_screen(const QSize& size) {
@@ -136,11 +140,11 @@ void WindowFrame::follow_move() {
         return;
     }
     const QPoint place = window_.pos();
-    const bool is_elsewhere = window_.isVisible() && place - corner_ != position_;
+    const bool is_elsewhere = window_.isVisible() && place - screen_.topLeft() != position_;
     if (!is_elsewhere || window_.windowState() != Qt::WindowNoState)
         return;
-    corner_ = corner_of_screen_at(window_.frameGeometry().center());
-    position_ = place - corner_;
+    screen_ = screen_at(window_.frameGeometry().center(), window_);
+    position_ = place - screen_.topLeft();
     form_.Left.follow(to_twips(position_->x()));
     form_.Top.follow(to_twips(position_->y()));
 }
@@ -149,14 +153,6 @@ std::optional<WindowState> WindowFrame::state_by_user() const {
     if (!window_.isVisible() || window_.windowState() == wanted_states())
         return std::nullopt;
     return window_state_of(window_.windowState());
-}
-
-std::optional<Size> WindowFrame::size_by_screen() const {
-    const QSize size = window_.size();
-    const bool fills_screen = window_.isFullScreen() && size == window_.screen()->size();
-    if (!fills_screen || size == client_size())
-        return std::nullopt;
-    return Size{.Width = to_twips(size.width()), .Height = to_twips(size.height())};
 }
 
 QPoint WindowFrame::position() const {

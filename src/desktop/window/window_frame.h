@@ -3,6 +3,7 @@
 #include "runtime/look.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <QtCore/qnamespace.h>
 
@@ -37,9 +38,6 @@ class WindowFrame {
     void follow_move();
     /// The state that the user has given the window; nothing while it is in the form's state.
     std::optional<WindowState> state_by_user() const;
-    /// The size that a window over the whole screen has got with another screen, or with another
-    /// size of the screen; nothing while it has the form's size.
-    std::optional<Size> size_by_screen() const;
 
   private:
     void take_screen(QScreen& screen);
@@ -58,8 +56,8 @@ class WindowFrame {
 
     Form& form_;
     QWidget& window_;
-    /// The corner of the screen from which the form's position counts.
-    QPoint corner_;
+    /// The screen from whose corner the form's position counts, in logical pixels.
+    QRect screen_;
     /// The position that the form was last known to have, in logical pixels.
     std::optional<QPoint> position_;
     /// The size by which the window was centred last, in logical pixels and with its frame.

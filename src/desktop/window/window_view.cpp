@@ -83,17 +83,33 @@ void WindowView::prepare_pictures() {
 }
 
 void WindowView::follow_screen() {
-    if (windowHandle())
+    if (screen_watch_)
         return;
-    createWinId();
+    winId(); // makes the window's handle
+    watch_screen();
     connect(windowHandle(), &QWindow::screenChanged, this, [this] {
-        if (form_)
-            windows_.actions().deliver(*form_, [this] { form_->ScreenChange.raise(); });
+        watch_screen();
+        tell_of_screen();
     });
+}
+
+void WindowView::watch_screen() {
+    disconnect(screen_watch_);
+    screen_watch_ =
+        connect(screen(), &QScreen::geometryChanged, this, [this] { tell_of_screen(); });
+}
+
+void WindowView::tell_of_screen() {
+    if (follows_)
+        windows_.actions().deliver(*form_, [this] { form_->ScreenChange.raise(); });
 }
 
 bool WindowView::is_main_window() const {
     return form_ && form_->IsMainWindow;
+}
+
+bool WindowView::covers_screen() const {
+    return isVisible() && isFullScreen();
 }
 
 bool WindowView::is_coming_up() const {
@@ -143,6 +159,7 @@ void WindowView::forget(const Element& element) {
 
 void WindowView::release() {
     form_ = nullptr;
+    follows_ = false;
     menu_.reset();
     natives_.clear();
 }

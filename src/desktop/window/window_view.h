@@ -40,6 +40,8 @@ class WindowView : public QWidget {
     /// Takes over what a control says.
     void synchronise(Control& control);
     bool is_main_window() const;
+    /// Whether the window lies over a whole screen just now.
+    bool covers_screen() const;
     /// Whether the window has been shown and is not painted yet. That lasts for two seconds at
     /// most, since what covers the window may keep it from ever being painted.
     bool is_coming_up() const;
@@ -78,7 +80,6 @@ class WindowView : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -89,6 +90,8 @@ class WindowView : public QWidget {
   private:
     void come_up();
     void follow_screen();
+    void watch_screen();
+    void tell_of_screen();
     void synchronise_control(Control& control);
     /// Scales the pictures ahead of the first paint event.
     void prepare_pictures();
@@ -107,6 +110,7 @@ class WindowView : public QWidget {
     WindowFrame frame_;
     NativeChildren natives_;
     std::optional<TiedWidget<QMenu>> menu_;
+    QMetaObject::Connection screen_watch_;
     /// Whether the form was visible when the window took over what it says.
     bool follows_ = false;
     /// Runs from the moment when the window is shown until it is painted.

@@ -142,9 +142,10 @@ void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry)
 }
 
 QScreen& Windows::screen() const {
-    for (const auto& view : std::views::values(views_))
-        if (view->is_main_window())
-            return *view->screen();
+    for (const auto is_sought : {&WindowView::covers_screen, &WindowView::is_main_window})
+        for (const auto& view : std::views::values(views_))
+            if (((*view).*is_sought)())
+                return *view->screen();
     return *QGuiApplication::primaryScreen();
 }
 

@@ -58,8 +58,8 @@ class Windows {
     void show_hint(Control& control, const std::string& text);
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry);
 
-    /// The screen on which the main window stands, or stood when it was hidden; the primary one as
-    /// long as there is no main window.
+    /// The screen that a window lies over whole; where none does, the one on which the main window
+    /// stands, or stood when it was hidden; the primary one as long as there is no main window.
     QScreen& screen() const;
 
     /// The window's view; nothing for a window that was never shown.

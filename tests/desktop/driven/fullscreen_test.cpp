@@ -1,8 +1,11 @@
 #include "desktop/driven/driven_test.h"
 
+#include "demo/misbehaviour.h"
+
 #include <xcb/xcb.h>
 
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <set>
@@ -41,6 +44,13 @@ class Fullscreen : public DrivenTest {
     void open() {
         hands.double_click(picture());
         ASSERT_TRUE(comes_up(title::fullscreen_window));
+    }
+
+    void close_panel() {
+        const QRect selector = panel_selector();
+        // The arrow that moves the panel stands at its left end, in front of the selector.
+        hands.click({selector.left() - 22, selector.center().y()});
+        EXPECT_TRUE(comes_true([this] { return !whole_screen().intersects(panel_selector()); }));
     }
 
     QRect panel_selector() const { return place(title::fullscreen_window, "combo box"); }
@@ -86,20 +96,31 @@ TEST_F(Fullscreen, OpensAndLeavesOnADoubleClickAndHasAPanelThatPicksCameras) {
 
 TEST_F(Fullscreen, SlidesItsPanelOutOfTheWayAndGivesWayItselfWhenItIsClosed) {
     open();
-    const QRect selector = panel_selector();
-    // The arrow that moves the panel stands at its left end, in front of the selector.
-    const QPoint arrow(selector.left() - 22, selector.center().y());
-    const QPoint under_panel = selector.topLeft() - QPoint(2, 0);
+    const QPoint under_panel = panel_selector().topLeft() - QPoint(2, 0);
     const QColor nothing = colour_at({under_panel.y(), under_panel.y()});
     EXPECT_FALSE(is_like(colour_at(under_panel), nothing));
-    hands.click(arrow);
-    EXPECT_TRUE(comes_true([this] { return !whole_screen().intersects(panel_selector()); }));
+    close_panel();
     EXPECT_TRUE(comes_to_show(under_panel, nothing));
 
     close_window();
     ASSERT_TRUE(comes_up(title::main_window));
     EXPECT_TRUE(goes(title::fullscreen_window));
     EXPECT_FALSE(has_ended());
+}
+
+TEST_F(Fullscreen, IsLaidOutAnewWhenTheScreenGetsAnotherSize) {
+    const QColor shown = colour_of.at(selected_camera());
+    open();
+    close_panel();
+    for (const char* const camera : {"/Harbour", "/Tower"})
+        cameras->answer(camera, demo::stall());
+    ASSERT_EQ(std::system("xrandr --newmode small 0 800 0 0 0 600 0 0 0 && "
+                          "xrandr --addmode screen small && xrandr --output screen --mode small"),
+              0);
+    EXPECT_TRUE(comes_true(
+        [this] { return place(title::fullscreen_window, "frame") == QRect(0, 0, 800, 600); }));
+    EXPECT_TRUE(comes_to_show({400, 1}, shown)) << "the picture fills the screen";
+    EXPECT_TRUE(comes_true([this] { return panel_selector().left() == 800; }));
 }
 
 } // namespace

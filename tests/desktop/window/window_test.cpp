@@ -1,5 +1,6 @@
 #include "desktop/desktop_fixture.h"
 
+#include "desktop/style/geometry.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/lists.h"
@@ -116,15 +117,29 @@ TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
     form.Left = 1500;
     form.Top = 3000;
     ASSERT_TRUE(comes_true([&] { return view.pos() == QPoint(100, 200); }));
-    view.move(40, 60);
-    EXPECT_TRUE(comes_true([&] { return form.Left == 600.0F && form.Top == 900.0F; }));
+    // Its centre may lie outside of the screen.
+    for (const QPoint place : {QPoint(40, 60), QPoint(-130, 60)}) {
+        view.move(place);
+        const auto is_there = [&] {
+            return form.Left == to_twips(place.x()) && form.Top == 900.0F;
+        };
+        EXPECT_TRUE(comes_true(is_there));
+        form.Hide();
+        let_loop_come_round();
+        show(form);
+        EXPECT_TRUE(is_there());
+    }
 }
 
 TEST_F(WindowTest, ComesBackAndForwardWhenItIsShownWhileItIsMinimised) {
     window(form).showMinimized();
     ASSERT_TRUE(comes_true([&] { return form.WindowState == WindowState::minimised; }));
+    int resizes = 0;
+    form.Resize.connect([&] { ++resizes; });
     show(form);
     EXPECT_FALSE(window(form).isMinimized());
+    EXPECT_EQ(form.WindowState, WindowState::normal);
+    EXPECT_EQ(resizes, 0);
 }
 
 TEST_F(WindowTest, IsCentredWithItsFrame) {
