@@ -27,6 +27,9 @@ void FullscreenWindow::lay_out_title_banner() {
     Label4.Top = Shape6.Top + 60;
     Image2.Left = Shape3.Left + 180;
     Image2.Top = Shape3.Top + 120;
+    // The texts end before the disc.
+    Label5.Room = Shape3.Left - Label5.Left;
+    Label4.Room = Shape3.Left - Label4.Left;
 }
 
 void FullscreenWindow::lay_out_open_panel() {

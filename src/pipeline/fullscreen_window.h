@@ -61,7 +61,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
-                  .Sizing = LabelSizing::to_caption_in_window,
+                  .Sizing = LabelSizing::to_caption_on_one_line,
                   .HasRim = true,
                   .Announcement = Announcement::polite}};
     // Title banner: strip behind the status line.
@@ -119,7 +119,7 @@ class FullscreenWindow : public Form {
                   .Back = BackStyle::transparent,
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial Black", .Size = 20.25F, .Italic = true},
-                  .Sizing = LabelSizing::to_caption_in_window,
+                  .Sizing = LabelSizing::to_caption_on_one_line,
                   .HasRim = true}};
     // Control panel: bar.
     Shape Shape2{*this,

@@ -29,6 +29,8 @@ struct Sample : Form {
     Label Label2{*this, {.At = {0, 0, 1000, 165}, .Sizing = LabelSizing::downwards}};
     Label Label3{*this, {.At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption}};
     Label Label4{*this, {.At = {100, 100, 10, 10}}};
+    Label Label5{*this,
+                 {.At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption_on_one_line}};
     Image Image1{*this, {.At = {10, 20, 300, 400}}};
     Timer Timer1{*this, {.Enabled = false, .Interval = 1000}};
 };
@@ -100,11 +102,15 @@ TEST_F(Properties, ALabelTakesItsSizeAsItsRuleSays) {
         {form.Label2, 1, {0, 0, 1000, 165}, true},
         {form.Label3, 100, {100, 100, 8250, 165}, false},
         {form.Label4, 100, {100, 100, 10, 10}, true},
+        {form.Label5, 15, {100, 100, 1237.5F, 165}, false},
+        {form.Label5, 100, {100, 100, 2000, 165}, false},
     };
+    form.Label5.Room = 2000;
     for (const auto& [label, length, bounds, wraps] : cases) {
         label.Caption = std::string(length, 'x');
         EXPECT_EQ(label.bounds(), bounds) << length;
         EXPECT_EQ(label.wraps(), wraps) << length;
+        EXPECT_EQ(label.is_shortened(), &label == &form.Label5 && length == 100);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/drawn/control_painter.h"
 
+#include "desktop/drawn/label_caption.h"
 #include "desktop/drawn/reduced_picture.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
@@ -7,7 +8,6 @@
 #include "desktop/style/glyphs.h"
 #include "desktop/style/rimmed_text.h"
 #include "desktop/style/texts.h"
-#include "desktop/style/wrapped_text.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
@@ -57,30 +57,26 @@ QRectF centred_square(const QRectF& box) {
 
 void ControlPainter::visit(Label& label) {
     const PainterState state(painter_);
-    QRect box = pixel_rectangle(label.bounds());
+    const QRect box = pixel_rectangle(label.bounds());
     if (label.Back == BackStyle::opaque)
         painter_.fillRect(box, screen_colour(label.BackColor, palette_));
     if (label.Border == LabelBorder::fixed_single) {
         painter_.setPen(screen_colour(colour::window_text, palette_));
         painter_.drawRect(outline_of(box));
-        box.adjust(1, 1, -1, -1);
     }
     if (!label.Caption.get().empty())
-        draw_caption(label, box);
+        draw_caption(label);
 }
 
-void ControlPainter::draw_caption(const Label& label, const QRect& box) {
-    const QString caption = shown_text(label.Caption.get());
+void ControlPainter::draw_caption(const Label& label) {
     const QColor colour = caption_colour(label);
     if (is_symbol_font(label.Font)) {
-        draw_symbols(painter_, box, caption, pixel_size(label.Font), colour);
+        draw_symbols(painter_, caption_box(label), shown_text(label.Caption.get()),
+                     pixel_size(label.Font), colour);
         return;
     }
-    const PainterState state(painter_);
-    painter_.setFont(screen_font(label.Font));
-    const auto draw_at = [&](const QPoint& offset) {
-        draw_text(label, box.translated(offset), caption);
-    };
+    const LabelCaption caption(label);
+    const auto draw_at = [&](const QPoint& offset) { caption.draw(painter_, offset); };
     if (label.HasRim) {
         draw_rimmed(painter_, colour, draw_at);
         return;
@@ -94,17 +90,6 @@ QColor ControlPainter::caption_colour(const Label& label) const {
     const QColor colour = screen_colour(label.ForeColor, palette_);
     return label.Role == LabelRole::link ? readable_on(palette_.color(QPalette::Window), colour)
                                          : colour;
-}
-
-void ControlPainter::draw_text(const Label& label, const QRect& box, const QString& text) {
-    const Qt::Alignment alignment = Qt::AlignTop | horizontal_alignment(label.Align);
-    if (!label.wraps()) {
-        painter_.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, text);
-        return;
-    }
-    const PainterState state(painter_);
-    painter_.setClipRect(box, Qt::IntersectClip);
-    WrappedText(text, painter_.font(), alignment, box.width()).draw(painter_, box.topLeft());
 }
 
 void ControlPainter::visit(Image& image) {

@@ -31,9 +31,8 @@ class ControlPainter : public DrawnControlVisitor {
     void visit(Shape& shape) override;
 
   private:
-    void draw_caption(const Label& label, const QRect& box);
+    void draw_caption(const Label& label);
     QColor caption_colour(const Label& label) const;
-    void draw_text(const Label& label, const QRect& box, const QString& text);
     void draw_rectangle(const Shape& shape);
     void draw_ellipse(const Shape& shape);
     void draw_picture(const Control& control, const PictureReference& picture, const QRect& target);

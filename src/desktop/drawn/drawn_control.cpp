@@ -29,7 +29,7 @@ QRectF area_of(const Label& label) {
     QRectF area = exact_rectangle(label.bounds());
     if (label.wraps())
         return area;
-    const Size size = measure_text(label.Caption, label.Font);
+    const Size size = measure_text(label.seen_caption(), label.Font);
     area.setWidth(std::max(area.width(), to_pixels(size.Width)));
     area.setHeight(std::max(area.height(), to_pixels(size.Height)));
     return area;

@@ -1,7 +1,10 @@
 #include "desktop/drawn/drawn_controls.h"
 
 #include "desktop/drawn/control_painter.h"
+#include "desktop/drawn/label_caption.h"
 #include "desktop/style/colours.h"
+#include "desktop/style/fonts.h"
+#include "runtime/controls/label.h"
 #include "runtime/form.h"
 
 #include <QPainter>
@@ -13,10 +16,14 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// Whole pixels, with one more around for smooth edges, rims and the overhang of slanted
-/// letters.
+/// All that a control can be painted on: whole pixels, with one more around for smooth edges and
+/// rims.
 QRect painted_area(const DrawnControl& drawn) {
-    return drawn.area.toAlignedRect().adjusted(-1, -1, 1, 1);
+    QRectF area = drawn.area;
+    const auto* const label = dynamic_cast<const Label*>(drawn.control);
+    if (label && !is_symbol_font(label->Font))
+        area |= LabelCaption(*label).extent();
+    return area.toAlignedRect().adjusted(-1, -1, 1, 1);
 }
 
 } // namespace
@@ -55,22 +62,21 @@ void DrawnControls::forget(const Element& element) {
 /// Rectangle by rectangle: within a region of another shape Qt paints a picture span by span and
 /// wakes its threads, which takes longer than the painting.
 void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalette& palette) {
-    for (const QRect& area : region) {
-        painter.setClipRect(area);
+    for (const QRect& area : region)
         paint_area(painter, area, palette);
-    }
     painter.setClipping(false);
 }
 
 void DrawnControls::paint_area(QPainter& painter, const QRect& area, const QPalette& palette) {
+    painter.setClipRect(area);
     painter.fillRect(area, screen_colour(form_.BackColor, palette));
     ControlPainter control_painter(painter, palette, pictures_);
     for (Control* const control : std::views::reverse(form_.controls())) {
-        if (!control->Visible)
+        const auto shown = shown_.find(control);
+        if (!control->Visible || shown == shown_.end() || !shown->second.area.intersects(area))
             continue;
-        const auto drawn = drawn_control(*control);
-        if (drawn && painted_area(*drawn).intersects(area))
-            control->accept(control_painter);
+        painter.setClipRect(shown->second.area & area);
+        control->accept(control_painter);
     }
 }
 

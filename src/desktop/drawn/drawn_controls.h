@@ -38,8 +38,8 @@ class DrawnControls {
     /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
-    /// Draws the part of the window that lies in the region, back to front. The painter is left
-    /// without a clip.
+    /// Draws the part of the window that lies in the region, back to front, each control as far as
+    /// it is painted again when it changes. The painter is left without a clip.
     void paint(QPainter& painter, const QRegion& region, const QPalette& palette);
 
     /// The frontmost visible control under the point that takes the mouse.

@@ -1,8 +1,8 @@
 #include "desktop/style/fonts.h"
 
 #include "desktop/style/geometry.h"
+#include "desktop/style/laid_out_text.h"
 #include "desktop/style/texts.h"
-#include "desktop/style/wrapped_text.h"
 
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -58,7 +58,11 @@ QFont family_font(std::string_view name) {
     return fonts.at(static_cast<std::size_t>(substitute - substitutes.begin()));
 }
 
-int overhang(const QFontMetrics& metrics, const QString& line) {
+/// Upright letters are given the room that they take, all the same in a font of fixed pitch.
+int overhang(const QFont& font, const QString& line) {
+    if (!font.italic())
+        return 0;
+    const QFontMetrics metrics(font);
     return std::max(0, metrics.boundingRect(line).right() + 1 - metrics.horizontalAdvance(line));
 }
 
@@ -68,7 +72,7 @@ QSize plain_size(const QString& text, const QFont& font) {
     QSize size = metrics.size(no_flags, text);
     int beyond = 0;
     for (const QString& line : text.split('\n'))
-        beyond = std::max(beyond, overhang(metrics, line));
+        beyond = std::max(beyond, overhang(font, line));
     return {size.width() + beyond, size.height()};
 }
 
@@ -104,7 +108,8 @@ Size measure_text(const std::string& text, const Font& font) {
 }
 
 Size measure_wrapped_text(const std::string& text, const Font& font, float width) {
-    const WrappedText wrapped(shown_text(text), screen_font(font), Qt::AlignLeft, to_pixels(width));
+    const LaidOutText wrapped(shown_text(text), screen_font(font), Qt::AlignLeft, to_pixels(width),
+                              QTextOption::WrapAtWordBoundaryOrAnywhere);
     return {width, to_twips(static_cast<int>(std::ceil(wrapped.height())))};
 }
 

@@ -6,6 +6,7 @@
 #include "runtime/runtime.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace lookfar {
@@ -13,6 +14,7 @@ namespace lookfar {
 Label::Label(Form& owner, const LabelDesign& design)
     : BoxControl(owner, design.At, design.Visible),
       Caption(*this, design.Caption, {.changed = [this] { follow_caption(); }}),
+      Room(*this, std::numeric_limits<float>::max(), {.changed = [this] { follow_caption(); }}),
       BackColor(*this, design.BackColor),
       ForeColor(*this, design.ForeColor),
       Align(design.Align),
@@ -34,6 +36,13 @@ void Label::accept(ControlVisitor& visitor) {
     visitor.visit(*this);
 }
 
+std::string Label::seen_caption() const {
+    std::string caption = Caption;
+    if (Sizing == LabelSizing::to_caption_on_one_line)
+        std::ranges::replace(caption, '\n', ' ');
+    return caption;
+}
+
 void Label::follow_caption() {
     switch (Sizing) {
     case LabelSizing::as_designed:
@@ -42,6 +51,8 @@ void Label::follow_caption() {
         return fit_caption();
     case LabelSizing::to_caption_in_window:
         return fit_caption_in_window();
+    case LabelSizing::to_caption_on_one_line:
+        return fit_caption_on_one_line();
     case LabelSizing::downwards:
         return grow_downwards();
     }
@@ -56,6 +67,12 @@ void Label::fit_caption_in_window() {
     const Size size = runtime.platform().text_size(Caption, Font, std::nullopt);
     wraps_ = size.Width > room;
     take(wraps_ ? runtime.platform().text_size(Caption, Font, room) : size);
+}
+
+void Label::fit_caption_on_one_line() {
+    const Size size = runtime.platform().text_size(seen_caption(), Font, std::nullopt);
+    is_shortened_ = size.Width > Room;
+    take({.Width = std::clamp(Room.get(), 0.0F, size.Width), .Height = size.Height});
 }
 
 void Label::grow_downwards() {

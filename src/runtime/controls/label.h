@@ -18,6 +18,9 @@ enum class LabelSizing {
     to_caption,
     /// The same, but it wraps a caption that would run over the window's right edge.
     to_caption_in_window,
+    /// It takes the size of its caption, which stands on one line and ends in an ellipsis where the
+    /// label has no more room.
+    to_caption_on_one_line,
     /// It keeps its width, wraps its caption and grows downwards; it never gets lower than it was
     /// designed.
     downwards,
@@ -54,8 +57,15 @@ class Label : public BoxControl, public MouseEvents {
 
     /// Whether the caption is wrapped at the label's width.
     bool wraps() const { return wraps_; }
+    /// Whether the caption is longer than the one line that there is room for.
+    bool is_shortened() const { return is_shortened_; }
+    /// What is to be seen of the caption where there is room: on one line blanks stand for its line
+    /// feeds.
+    std::string seen_caption() const;
 
     Property<std::string> Caption;
+    /// The width, in twips, that a caption on one line may take; without bound at first.
+    Property<float> Room;
     Property<Colour> BackColor;
     Property<Colour> ForeColor;
 
@@ -75,10 +85,12 @@ class Label : public BoxControl, public MouseEvents {
     void follow_caption();
     void fit_caption();
     void fit_caption_in_window();
+    void fit_caption_on_one_line();
     void grow_downwards();
     void take(const Size& size);
 
     bool wraps_;
+    bool is_shortened_ = false;
     const float design_width_;
     const float design_height_;
 };

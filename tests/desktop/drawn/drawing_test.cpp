@@ -199,6 +199,59 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
     }
 }
 
+TEST_F(DrawingTest, LettersThatHangOutOfTheirLabelAreShownWholeAndLeaveNothingBehind) {
+    for (const LabelSizing sizing : {LabelSizing::as_designed, LabelSizing::to_caption}) {
+        Form form(runtime, black_form);
+        Label label(form, {.Caption = "jay",
+                           .At = {600, 600, 2100, 900},
+                           .Back = BackStyle::transparent,
+                           .ForeColor = colour::white,
+                           .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
+                           .Sizing = sizing});
+        show(form);
+        EXPECT_LT(lit_rectangle(pixels(form)).left(), 38) << "the tail of the j";
+        WindowView& view = window(form);
+        for (const char* const caption : {"abc", "jay"}) {
+            label.Caption = std::string(caption);
+            ASSERT_TRUE(comes_true([&] {
+                const QImage shown = view.screen()->grabWindow(view.winId()).toImage();
+                return lit_rectangle(shown) == lit_rectangle(pixels(form));
+            })) << caption;
+        }
+    }
+}
+
+TEST_F(DrawingTest, AllTurnsOfATextOfFixedPitchAreOfOneWidth) {
+    const Font font{.Name = "Courier New", .Bold = true};
+    std::string text = "Loading...  ";
+    const float width = measure_text(text, font).Width;
+    for (std::size_t turn = 0; turn < text.size(); ++turn) {
+        std::ranges::rotate(text, text.begin() + 1);
+        EXPECT_EQ(measure_text(text, font).Width, width) << text;
+    }
+}
+
+TEST_F(DrawingTest, ACaptionOnOneLineEndsInAnEllipsisWhereItsRoomDoes) {
+    Form form(runtime, black_form);
+    Label label(form, {.At = {150, 150, 15, 15},
+                       .Back = BackStyle::transparent,
+                       .ForeColor = colour::white,
+                       .Font = {.Name = "Arial", .Size = 12},
+                       .Sizing = LabelSizing::to_caption_on_one_line});
+    label.Caption = std::string("one line");
+    show(form);
+    const QImage whole = pixels(form);
+    label.Caption = std::string("one\nline");
+    let_loop_come_round();
+    EXPECT_TRUE(pixels(form) == whole);
+    label.Room = 1500;
+    label.Caption = std::string("one line that is longer than the room it has");
+    let_loop_come_round();
+    const QRect shortened = lit_rectangle(pixels(form));
+    EXPECT_EQ(shortened.height(), lit_rectangle(whole).height());
+    EXPECT_NEAR(shortened.right(), 110, 10);
+}
+
 TEST_F(DrawingTest, ALinkCanBeReadOnALightAndOnADarkGround) {
     Form form(runtime, {.Client = {3000, 1500}});
     const Label link(form, {.Caption = "Link",
