@@ -77,6 +77,8 @@ class Form : public Element, public MouseEvents {
 
     Event<> Initialize;
     Event<> Load;
+    /// The window has come up and is painted for the first time since.
+    Event<> Seen;
     /// The window is on another screen than before, or its screen has another size.
     Event<> ScreenChange;
     Event<> Resize;

@@ -18,7 +18,13 @@ SplashWindow::SplashWindow(Program& program)
       Form1(program.Form1) {
     Timer1.Tick.connect(this, &SplashWindow::Timer1_Timer);
     Timer2.Tick.connect(this, &SplashWindow::Timer2_Timer);
+    Seen.connect(this, &SplashWindow::Form_Seen);
     QueryUnload.connect(this, &SplashWindow::Form_QueryUnload);
+}
+
+/// The second counts from when the user sees the window, and every write restarts the count.
+void SplashWindow::Form_Seen() {
+    Timer1.Interval = Timer1.Interval;
 }
 
 void SplashWindow::Timer1_Timer() {

@@ -53,6 +53,7 @@ class SplashWindow : public Form {
                   .AccessibleName = "Lookfar"}};
 
   private:
+    void Form_Seen();
     void Timer1_Timer();
     void Timer2_Timer();
     void Form_QueryUnload(short& Cancel, short UnloadMode);

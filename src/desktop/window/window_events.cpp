@@ -55,7 +55,13 @@ void WindowView::paintEvent(QPaintEvent* event) {
     if (!coming_up_.isActive())
         return;
     coming_up_.stop();
+    QMetaObject::invokeMethod(this, &WindowView::tell_that_it_is_seen, Qt::QueuedConnection);
     windows_.synchronise_later();
+}
+
+void WindowView::tell_that_it_is_seen() {
+    if (follows_)
+        windows_.actions().deliver(*form_, [this] { form_->Seen.raise(); });
 }
 
 /// Whether the window closes is for the form to decide, so Qt never closes it.

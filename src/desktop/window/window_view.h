@@ -92,6 +92,7 @@ class WindowView : public QWidget {
     void follow_screen();
     void watch_screen();
     void tell_of_screen();
+    void tell_that_it_is_seen();
     void synchronise_control(Control& control);
     /// Scales the pictures ahead of the first paint event.
     void prepare_pictures();
