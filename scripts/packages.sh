@@ -84,10 +84,12 @@ install_build_packages() {
         g++ \
         libbenchmark-dev \
         libcurl4-openssl-dev \
+        libdbus-1-dev \
         libgif-dev \
         libgtest-dev \
         libseccomp-dev \
         libturbojpeg0-dev \
+        libxcb1-dev \
         ninja-build \
         pkgconf \
         qt6-base-dev

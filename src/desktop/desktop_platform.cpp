@@ -3,6 +3,7 @@
 #include "decoder/decoder_client.h"
 #include "desktop/accessible/accessibility.h"
 #include "desktop/accessible/change_reporter.h"
+#include "desktop/bus/patient_bus.h"
 #include "desktop/display_required.h"
 #include "desktop/end_signals.h"
 #include "desktop/message_boxes.h"
@@ -19,6 +20,7 @@
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <QDesktopServices>
 #include <QPixmap>
 #include <QScreen>
@@ -62,6 +64,9 @@ struct DesktopPlatform::Parts {
           windows([icons] { return icon_of(icons); }, change_reporter),
           input_synchroniser(windows) {
         prepare();
+        // Qt connects when it first asks for the bus.
+        QDBusConnection::sessionBus();
+        patient_bus.shut_door();
         application.installEventFilter(&input_synchroniser);
         application.installEventFilter(&screen_wakefulness);
     }
@@ -69,6 +74,7 @@ struct DesktopPlatform::Parts {
     Parts& operator=(const Parts&) = delete;
     ~Parts() { transfers.reset(); }
 
+    desktop::PatientBus patient_bus;
     QApplication application;
     desktop::Accessibility accessibility;
     desktop::ChangeReporter change_reporter;

@@ -2,7 +2,11 @@
 
 #include "demo/misbehaviour.h"
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 
@@ -62,6 +66,34 @@ TEST_F(Start, LivesWithStandardStreamsThatAreClosedAndWritesThatFail) {
         ::kill(static_cast<pid_t>(program.processId()), signal);
     click(title::main_window, "push button 'Reload'");
     EXPECT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
+}
+
+/// The session's bus, which takes connections and says nothing as long as this lives.
+struct SilentBus {
+    SilentBus() { ::kill(process, SIGSTOP); }
+    SilentBus(const SilentBus&) = delete;
+    SilentBus& operator=(const SilentBus&) = delete;
+    ~SilentBus() { ::kill(process, SIGCONT); }
+
+    const pid_t process = static_cast<pid_t>(
+        QDBusConnection::sessionBus().interface()->servicePid("org.freedesktop.DBus").value());
+};
+
+TEST_F(Start, WaitsForNoBusAndTellsAssistiveTechnologyOnceItIsThere) {
+    {
+        const SilentBus bus;
+        start({"Harbour"});
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        expect_good_end();
+        // Now nothing but the session's bus knows where that of assistive technology is.
+        ASSERT_EQ(std::system("xprop -root -remove AT_SPI_BUS"), 0);
+        launch();
+        EXPECT_TRUE(comes_true(
+            [] { return std::system("xprop -name Lookfar WM_STATE >/dev/null 2>&1") == 0; }));
+        EXPECT_TRUE(windows().empty());
+    }
+    EXPECT_TRUE(comes_up(title::main_window));
+    EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour"));
 }
 
 TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {

@@ -1,0 +1,45 @@
+#include "desktop/bus/accessibility_bus.h"
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+
+namespace lookfar::desktop {
+
+namespace {
+
+template <class Reply>
+using Received = std::unique_ptr<Reply, decltype(&std::free)>;
+
+} // namespace
+
+std::string accessibility_bus_address() {
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> server(
+        xcb_connect(nullptr, nullptr), xcb_disconnect);
+    if (xcb_connection_has_error(server.get()))
+        return {};
+    constexpr std::string_view property = "AT_SPI_BUS";
+    constexpr auto length = static_cast<std::uint16_t>(property.size());
+    const Received<xcb_intern_atom_reply_t> atom(
+        xcb_intern_atom_reply(server.get(),
+                              xcb_intern_atom(server.get(), 1, length, property.data()), nullptr),
+        std::free);
+    if (!atom)
+        return {};
+    constexpr std::uint32_t longest_words = 256;
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(server.get())).data->root;
+    const Received<xcb_get_property_reply_t> value(
+        xcb_get_property_reply(
+            server.get(),
+            xcb_get_property(server.get(), 0, root, atom->atom, XCB_ATOM_STRING, 0, longest_words),
+            nullptr),
+        std::free);
+    if (!value)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(value.get())),
+            static_cast<std::size_t>(xcb_get_property_value_length(value.get()))};
+}
+
+} // namespace lookfar::desktop

@@ -1,0 +1,113 @@
+#include "desktop/bus/patient_bus.h"
+
+#include "desktop/bus/accessibility_bus.h"
+#include "desktop/bus/bus_connection.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdlib>
+#include <poll.h>
+#include <string_view>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <utility>
+
+namespace lookfar::desktop {
+
+namespace {
+
+constexpr const char* address_variable = "DBUS_SESSION_BUS_ADDRESS";
+
+/// Empty where there is no bus.
+std::string session_bus_address() {
+    if (const char* const address = std::getenv(address_variable))
+        return address;
+    const char* const folder = std::getenv("XDG_RUNTIME_DIR");
+    return folder ? "unix:path=" + std::string(folder) + "/bus" : "";
+}
+
+bool is_silent(const std::string& address) {
+    using namespace std::chrono;
+    const auto end = steady_clock::now() + milliseconds(300);
+    BusConnection bus(address);
+    while (bus.is_open()) {
+        if (bus.take())
+            return false;
+        const auto left = ceil<milliseconds>(end - steady_clock::now());
+        if (left <= milliseconds::zero())
+            return true;
+        std::vector<pollfd> polled = bus.wanted();
+        ::poll(polled.data(), polled.size(), static_cast<int>(left.count()));
+        bus.handle(polled);
+    }
+    return false;
+}
+
+/// A socket that listens under a name that the system chooses.
+decoder::Descriptor listening_socket() {
+    decoder::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    const bool listens = ::bind(socket.number(), reinterpret_cast<const sockaddr*>(&name),
+                                sizeof name.sun_family) == 0 &&
+                         ::listen(socket.number(), SOMAXCONN) == 0;
+    return listens ? std::move(socket) : decoder::Descriptor();
+}
+
+std::string address_of(const decoder::Descriptor& socket) {
+    sockaddr_un name{};
+    socklen_t size = sizeof name;
+    ::getsockname(socket.number(), reinterpret_cast<sockaddr*>(&name), &size);
+    // The name of such a socket begins behind a zero, and has no end but its size.
+    const std::size_t begin = offsetof(sockaddr_un, sun_path) + 1;
+    return "unix:abstract=" + std::string(name.sun_path + 1, size - begin);
+}
+
+bool is_of_this_process(const decoder::Descriptor& client) {
+    ucred peer{};
+    socklen_t size = sizeof peer;
+    return ::getsockopt(client.number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+           peer.pid == ::getpid();
+}
+
+} // namespace
+
+PatientBus::PatientBus() : address_(session_bus_address()) {
+    if (!address_.empty() && is_silent(address_))
+        open_door();
+}
+
+PatientBus::~PatientBus() {
+    shut_door();
+    for (Guest& guest : guests_) {
+        guest.link.end();
+        guest.thread.join();
+    }
+}
+
+void PatientBus::open_door() {
+    door_ = listening_socket();
+    if (!door_)
+        return;
+    accessibility_bus_ = accessibility_bus_address();
+    ::setenv(address_variable, address_of(door_).c_str(), true);
+    doorkeeper_ = std::thread([this] { let_in(); });
+}
+
+void PatientBus::let_in() {
+    while (decoder::Descriptor client{::accept4(door_.number(), nullptr, nullptr, SOCK_CLOEXEC)}) {
+        if (is_of_this_process(client))
+            guests_.emplace_back(std::move(client), address_, accessibility_bus_);
+    }
+}
+
+void PatientBus::shut_door() {
+    if (!doorkeeper_.joinable())
+        return;
+    ::setenv(address_variable, address_.c_str(), true);
+    ::shutdown(door_.number(), SHUT_RDWR);
+    doorkeeper_.join();
+}
+
+} // namespace lookfar::desktop
