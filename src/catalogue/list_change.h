@@ -10,7 +10,8 @@ namespace lookfar::catalogue {
 /// How the camera list is kept safe.
 ///
 /// Nobody writes into the list. Whoever changes it makes a whole new list beside it, the copy, and
-/// that takes the list's place. Each danger has its guard:
+/// that takes the list's place. Whoever makes the first list (`read_at_start`) does so under a name
+/// that no file bears. Each danger has its guard:
 ///
 /// - The disk fills up, an operation fails, or the machine stops. The copy takes the list's place
 ///   in one step, once all its lines are on the disk (`NumberedFiles::Replace`). So the list is the

@@ -4,6 +4,8 @@
 #include "file_numbers.h"
 #include "runtime/failure.h"
 
+#include <random>
+
 namespace lookfar::catalogue {
 
 namespace {
@@ -63,18 +65,19 @@ bool has_a_line(NumberedFiles& files) {
 
 void write_default_camera(NumberedFiles& files) {
     const ListLock lock(files.disk());
-    change_list(files, [&](const std::string& copy_path) {
-        // Another program may have written a list since this one looked for it.
-        if (has_a_line(files))
-            return CopyOutcome::abandoned;
-        files.OpenForOutput(file_number::list_copy, copy_path);
-        const FileCloser closer(files, file_number::list_copy);
-        files.Print(file_number::list_copy, "Eiffeltower");
-        files.Print(file_number::list_copy,
-                    "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
-        files.Close(file_number::list_copy);
-        return CopyOutcome::whole;
-    });
+    // What bears the copy's usual name may be all that is left of a list.
+    const std::string path = files.disk().folder_of(list_name) + list_name + '.' +
+                             std::to_string(std::random_device()());
+    files.OpenForOutput(file_number::list_copy, path, OpenMode::create_new);
+    const FileRemover remover(files, path);
+    const FileCloser closer(files, file_number::list_copy);
+    files.Print(file_number::list_copy, "Eiffeltower");
+    files.Print(file_number::list_copy,
+                "http://" LOOKFAR_DEFAULT_CAMERA_HOST "/eiffel1.jpg?1011467343523");
+    files.Close(file_number::list_copy);
+    // Another program may have written a list since this one looked for it.
+    if (!has_a_line(files))
+        files.Replace(path, list_name);
 }
 
 } // namespace

@@ -15,8 +15,8 @@ inline constexpr const char* copy_name = "C1.DAT";
 
 /// Gives the titles of a well-formed list in the order of the file, skipping blank lines where a
 /// title is expected. A list that is missing or has no line at all is written anew with the one
-/// default camera first (`change_list`). Whatever else ends the reading early, the titles given so
-/// far are the list, and the file is left alone.
+/// default camera first; no other file is touched. Whatever else ends the reading early, the titles
+/// given so far are the list, and the file is left alone.
 ///
 /// Throws a `Failure` when the list can't be opened or read before it has given a title, and when
 /// the default camera can't be written.

@@ -32,7 +32,7 @@ TEST(StartUp, DrawsEveryCamera) {
 
 TEST(StartUp, SaysWhyTheListCantBeMadeAndGoesOnWithoutOne) {
     Machine machine(0);
-    machine.platform.faulty_disk.fail("open-create C1.DAT", EROFS);
+    machine.platform.faulty_disk.fail("open-create-new Cams.inf.", EROFS);
     machine.start();
     machine.platform.run_for(seconds(60));
     EXPECT_TRUE(machine.Form1->Visible && machine.Form1->Label2.Visible);

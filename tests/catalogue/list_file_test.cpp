@@ -43,6 +43,9 @@ struct ListFile : ::testing::Test {
             entries.push_back(list.List(index));
         return entries;
     }
+    static long files_in_folder() {
+        return std::distance(std::filesystem::directory_iterator("."), {});
+    }
     void expect_nothing_open() {
         write_file("any", "");
         files.OpenForInput(1, "any");
@@ -99,13 +102,15 @@ TEST_F(ListFile, GivesEveryPassWhatAPlainModelReads) {
 }
 
 TEST_F(ListFile, IsMadeAnewWhereItIsMissingOrHasNoLine) {
+    write_file("C1.DAT", "perhaps the only copy");
     for (const bool is_missing : {true, false}) {
         if (!is_missing)
             write_file("Cams.inf", "");
         EXPECT_EQ(titles_at_start(), Lines{"Eiffeltower"});
         EXPECT_EQ(content_of("Cams.inf"), default_list);
     }
-    EXPECT_FALSE(exists("C1.DAT"));
+    EXPECT_EQ(content_of("C1.DAT"), "perhaps the only copy");
+    EXPECT_EQ(files_in_folder(), 2);
 }
 
 TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
@@ -133,7 +138,7 @@ TEST_F(ListFile, IsNeverReplacedBecauseOfADiskThatFails) {
 
 TEST_F(ListFile, IsMadeWholeOrNotAtAll) {
     for (const char* operation :
-         {"open-create C1.DAT", "write C1.DAT", "sync C1.DAT", "replace Cams.inf"}) {
+         {"open-create-new Cams.inf.", "write Cams.inf.", "sync Cams.inf.", "replace Cams.inf"}) {
         for (const bool is_missing : {true, false}) {
             std::filesystem::remove("Cams.inf");
             if (!is_missing)
@@ -144,16 +149,21 @@ TEST_F(ListFile, IsMadeWholeOrNotAtAll) {
             expect_nothing_open();
             EXPECT_EQ(exists("Cams.inf"), !is_missing) << operation;
             EXPECT_EQ(content_of("Cams.inf"), "") << operation;
+            EXPECT_EQ(files_in_folder(), is_missing ? 1 : 2) << operation;
         }
     }
 }
 
 TEST_F(ListFile, ThatAnotherProgramMakesAtTheSameTimeIsLeftToIt) {
-    disk.before = [&](const std::string& operation) {
-        if (operation == "lock Cams.inf")
-            write_file("Cams.inf", "a\r\nua\r\n");
-    };
-    EXPECT_EQ(titles_at_start(), Lines{"a"});
+    for (const char* moment : {"lock Cams.inf", "write Cams.inf.", "sync Cams.inf."}) {
+        std::filesystem::remove("Cams.inf");
+        disk.before = [&](const std::string& operation) {
+            if (operation.starts_with(moment))
+                write_file("Cams.inf", "a\r\nua\r\n");
+        };
+        EXPECT_EQ(titles_at_start(), Lines{"a"}) << moment;
+        EXPECT_EQ(files_in_folder(), 1) << moment;
+    }
 }
 
 } // namespace

@@ -52,7 +52,8 @@ void FaultyDisk::fail(const std::string& operation, int error) {
 
 std::unique_ptr<DiskFile> FaultyDisk::open(const std::string& path, OpenMode mode) {
     const std::string name = name_of(path);
-    const char* const words[] = {"open-read ", "open-create ", "open-overwrite "};
+    const char* const words[] = {"open-read ", "open-create ", "open-create-new ",
+                                 "open-overwrite "};
     note(words[static_cast<int>(mode)] + name);
     return std::make_unique<FaultyFile>(*this, name, disk_->open(path, mode));
 }

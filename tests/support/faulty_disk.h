@@ -13,9 +13,9 @@ namespace lookfar::testing {
 class FaultyDisk : public Disk {
   public:
     /// Called before every operation, told as "open-read Cams.inf", "open-create C1.DAT",
-    /// "open-overwrite data.dat", or "read", "write", "sync", "remove", "replace", "state" or
-    /// "lock" and the name, and once more as "replaced Cams.inf" when a file has taken its place.
-    /// What it throws is the operation's failure.
+    /// "open-create-new Cams.inf.123", "open-overwrite data.dat", or "read", "write", "sync",
+    /// "remove", "replace", "state" or "lock" and the name, and once more as "replaced Cams.inf"
+    /// when a file has taken its place. What it throws is the operation's failure.
     std::function<void(const std::string& operation)> before;
 
     /// Has every operation that starts so fail with this error number.

@@ -24,6 +24,8 @@ enum class OpenMode {
     /// A new file. What bore its name before is removed, and so never written into, whatever file
     /// it may have been a link to.
     create,
+    /// A new file, under a name that nothing bears; else it fails.
+    create_new,
     /// A file that is kept as it is and written over from its start. It must be a plain file of
     /// one name, and no link; else it is replaced, as by `create`.
     overwrite,

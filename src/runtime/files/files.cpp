@@ -21,6 +21,8 @@ struct NumberedFiles::OpenFile {
     std::string buffer = {};
     std::size_t position = 0;
     bool has_lost_lines = false;
+
+    bool takes_lines() const { return mode == OpenMode::create || mode == OpenMode::create_new; }
 };
 
 NumberedFiles::NumberedFiles(Disk& disk) : disk_(disk) {}
@@ -35,9 +37,9 @@ void NumberedFiles::OpenForInput(int number, const std::string& path) {
     throw Failure(FailureKind::too_large, path + " is too large.");
 }
 
-void NumberedFiles::OpenForOutput(int number, const std::string& path) {
+void NumberedFiles::OpenForOutput(int number, const std::string& path, OpenMode mode) {
     complete_.erase(path);
-    open(number, path, OpenMode::create);
+    open(number, path, mode);
 }
 
 void NumberedFiles::OpenForBinary(int number, const std::string& path) {
@@ -91,7 +93,7 @@ void NumberedFiles::Put(int number, std::span<const std::uint8_t> bytes) {
 
 void NumberedFiles::Close(int number) {
     const std::unique_ptr<OpenFile> closing = std::move(slot(number));
-    if (!closing || closing->mode != OpenMode::create)
+    if (!closing || !closing->takes_lines())
         return;
     flush(*closing);
     closing->file->sync();
@@ -173,6 +175,10 @@ void NumberedFiles::flush(OpenFile& file) {
         file.has_lost_lines = true;
         throw;
     }
+}
+
+FileRemover::~FileRemover() {
+    attempt([this] { files_.Kill(path_); });
 }
 
 FileCloser::~FileCloser() {

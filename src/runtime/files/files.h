@@ -10,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace lookfar {
 
@@ -35,8 +36,8 @@ class NumberedFiles {
     static constexpr std::size_t largest_file = 1 << 28;
 
     void OpenForInput(int number, const std::string& path);
-    /// For lines, into a new file (`OpenMode::create`).
-    void OpenForOutput(int number, const std::string& path);
+    /// For lines, into a new file (`OpenMode::create` or `OpenMode::create_new`).
+    void OpenForOutput(int number, const std::string& path, OpenMode mode = OpenMode::create);
     /// For bytes from offset 0, into a file that is kept as it is (`OpenMode::overwrite`).
     void OpenForBinary(int number, const std::string& path);
 
@@ -71,6 +72,19 @@ class NumberedFiles {
     std::array<std::unique_ptr<OpenFile>, 2> open_;
     /// The files whose lines are all on the disk, by path.
     std::map<std::string, FileState> complete_;
+};
+
+/// Removes a file at the end of its life, unless it has taken another's place.
+class FileRemover {
+  public:
+    FileRemover(NumberedFiles& files, std::string path) : files_(files), path_(std::move(path)) {}
+    FileRemover(const FileRemover&) = delete;
+    FileRemover& operator=(const FileRemover&) = delete;
+    ~FileRemover();
+
+  private:
+    NumberedFiles& files_;
+    std::string path_;
 };
 
 /// Closes a file number at the end of its life, so that a pass which fails leaves nothing open.

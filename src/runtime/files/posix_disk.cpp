@@ -18,10 +18,14 @@ std::unique_ptr<PosixFile> open_to_read(const std::string& path) {
     return file;
 }
 
+std::unique_ptr<PosixFile> create_new(const std::string& path) {
+    return std::make_unique<PosixFile>(path, O_WRONLY | O_CREAT | O_EXCL);
+}
+
 std::unique_ptr<PosixFile> create(const std::string& path) {
     if (::unlink(path.c_str()) == -1 && errno != ENOENT)
         throw disk_failure(path, errno);
-    return std::make_unique<PosixFile>(path, O_WRONLY | O_CREAT | O_EXCL);
+    return create_new(path);
 }
 
 std::unique_ptr<PosixFile> open_to_overwrite(const std::string& path) {
@@ -67,6 +71,8 @@ class PosixDisk : public Disk {
             return open_to_read(path);
         case OpenMode::create:
             return create(path);
+        case OpenMode::create_new:
+            return create_new(path);
         case OpenMode::overwrite:
             return open_to_overwrite(path);
         }
