@@ -29,14 +29,14 @@ void fit(Image& image, const Bounds& area) {
     image.Top = area.Height / 2 - image.Height / 2 + area.Top;
 }
 
-/// Whole seconds between two readings of the clock. Midnight sets it back by a day; whoever sets it
-/// back by less leaves nothing to tell.
+/// Whole seconds between two readings of the clock, negative where somebody has set it back.
+/// Midnight sets it back by a day.
 short whole_seconds(float start, float end) {
     constexpr float seconds_a_day = 86400;
     const float step = end - start;
     const float duration = step < -seconds_a_day / 2 ? step + seconds_a_day : step;
-    constexpr float longest = std::numeric_limits<short>::max();
-    return round_to_short(std::clamp(duration, 0.0F, longest));
+    using Limits = std::numeric_limits<short>;
+    return round_to_short(std::clamp<float>(duration, Limits::min(), Limits::max()));
 }
 
 } // namespace

@@ -127,10 +127,17 @@ TEST_F(Fetch, AcrossMidnightReportsTheSecondsThatPassed) {
     EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 00:00:04 ( 7 Sec/Pic )");
 }
 
-TEST_F(Fetch, WhileTheClockIsSetBackReportsNoTime) {
-    platform.after(seconds(1), [&] { platform.set_time_of_day(std::chrono::hours(1)); });
-    refresh_with(picture_file(32, 24), seconds(7));
-    EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 01:00:06 ( 0 Sec/Pic )");
+TEST_F(Fetch, WhileTheClockIsSetReportsTheDifference) {
+    const std::pair<int, const char*> cases[] = {{1, "01:00:06 (-32768 Sec/Pic )"},
+                                                 {11, "11:00:06 (-3594 Sec/Pic )"},
+                                                 {12, "12:00:06 ( 6 Sec/Pic )"},
+                                                 {23, "23:00:06 ( 32767 Sec/Pic )"}};
+    for (const auto& [hour, status] : cases) {
+        platform.set_time_of_day(std::chrono::hours(12));
+        platform.after(seconds(1), [&] { platform.set_time_of_day(std::chrono::hours(hour)); });
+        refresh_with(picture_file(32, 24), seconds(7));
+        EXPECT_EQ(Form2->Label4.Caption.get(), std::string("Screenshot taken: ") + status);
+    }
 }
 
 TEST_F(Fetch, OfATextGivesTheBodyOrShowsTheFailure) {
