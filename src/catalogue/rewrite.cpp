@@ -32,8 +32,8 @@ class EditorCopy {
     EditorCopy(NumberedFiles& files, const Save& save) : files_(files), save_(save) {}
 
     SaveOutcome make(const std::string& copy_path) {
-        attempt_reading([&] { files_.OpenForInput(file_number::list, list_name); });
-        attempt([&] { files_.OpenForOutput(file_number::list_copy, copy_path); });
+        attempt_step([&] { files_.OpenForInput(file_number::list, list_name); });
+        attempt_step([&] { files_.OpenForOutput(file_number::list_copy, copy_path); });
         do {
             if (copy_line() == SaveOutcome::refused)
                 return SaveOutcome::refused;
@@ -42,16 +42,17 @@ class EditorCopy {
         attempt([&] { files_.Close(file_number::list); });
         if (!is_placed_)
             append_record();
-        attempt([&] { files_.Close(file_number::list_copy); });
+        attempt_step([&] { files_.Close(file_number::list_copy); });
         return SaveOutcome::done;
     }
 
-    bool has_lost_input() const { return has_lost_input_; }
+    /// Nothing where the copy is whole.
+    const std::optional<Failure>& first_failure() const { return first_failure_; }
 
   private:
     SaveOutcome copy_line() {
         std::string line;
-        attempt_reading([&] { line = files_.LineInput(file_number::list); });
+        attempt_step([&] { line = files_.LineInput(file_number::list); });
         // No record has a blank title: with nothing selected no line is replaced.
         if (save_.replaced_title && !line.empty() && line == *save_.replaced_title) {
             place_record();
@@ -66,7 +67,7 @@ class EditorCopy {
     }
 
     void place_record() {
-        attempt_reading([&] { files_.LineInput(file_number::list); });
+        attempt_step([&] { files_.LineInput(file_number::list); });
         print_record();
         is_placed_ = true;
     }
@@ -85,26 +86,27 @@ class EditorCopy {
 
     void print(const std::string& line) {
         awaits_url_ = !awaits_url_ && !line.empty();
-        attempt([&] { files_.Print(file_number::list_copy, line); });
+        attempt_step([&] { files_.Print(file_number::list_copy, line); });
     }
 
     bool more_lines_follow() {
         bool follow = false;
-        attempt_reading([&] { follow = !files_.EndOfFile(file_number::list); });
+        attempt_step([&] { follow = !files_.EndOfFile(file_number::list); });
         return follow;
     }
 
-    /// Drops a failing step, but remembers that a part of the old list is lost with it. Nothing is
-    /// lost where the list is missing or at its end.
+    /// Drops a failing step, but remembers that the copy lacks something for that. It lacks nothing
+    /// where the old list is missing or at its end.
     template <class Step>
-    void attempt_reading(Step step) {
+    void attempt_step(Step step) {
         try {
             step();
         } catch (const Failure& failure) {
             const bool nothing_is_lost = failure.Kind == FailureKind::file_not_found ||
                                          failure.Kind == FailureKind::past_end_of_file ||
                                          failure.Kind == FailureKind::bad_file_number;
-            has_lost_input_ = has_lost_input_ || !nothing_is_lost;
+            if (!nothing_is_lost && !first_failure_)
+                first_failure_ = failure;
         }
     }
 
@@ -113,7 +115,7 @@ class EditorCopy {
     bool is_placed_ = false;
     /// Whether the copy so far ends on a title.
     bool awaits_url_ = false;
-    bool has_lost_input_ = false;
+    std::optional<Failure> first_failure_;
 };
 
 /// The question, which goes out once however often the copy is made. The lock is not held
@@ -150,22 +152,19 @@ SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
     Save asking_once = save;
     asking_once.may_overwrite = asked_once(save.may_overwrite, lock);
     SaveOutcome outcome = SaveOutcome::done;
-    bool is_copy_made = false;
+    std::optional<Failure> failure;
     const auto make_copy = [&](const std::string& copy_path) {
         const FileCloser list_closer(files, file_number::list);
         const FileCloser copy_closer(files, file_number::list_copy);
         EditorCopy copy(files, asking_once);
         outcome = copy.make(copy_path);
-        is_copy_made = true;
-        const bool is_whole = outcome == SaveOutcome::done && !copy.has_lost_input();
+        failure = copy.first_failure();
+        const bool is_whole = outcome == SaveOutcome::done && !failure;
         return is_whole ? CopyOutcome::whole : CopyOutcome::abandoned;
     };
-    try {
-        change_list(files, make_copy);
-    } catch (const Failure& failure) {
-        if (!is_copy_made || failure.Kind == FailureKind::file_in_use)
-            throw;
-    }
+    change_list(files, make_copy);
+    if (outcome == SaveOutcome::done && failure)
+        throw Failure(*failure);
     return outcome;
 }
 

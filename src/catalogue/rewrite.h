@@ -31,7 +31,6 @@ struct Save {
 };
 
 enum class SaveOutcome {
-    /// The list was rewritten, or a failing step kept the old one.
     done,
     /// The user refused to overwrite; the list is as it was, the copy stays behind.
     refused,
@@ -41,8 +40,8 @@ enum class SaveOutcome {
 /// line with its title, or else at the end; a title on which the list ends gets a blank URL before
 /// that. Every other line is kept as it stands. A step that fails is skipped and the next one runs,
 /// but a copy that lacks anything of the old list or of the new record never takes the list's
-/// place. Throws a `Failure` where no copy can be begun, and where another program goes on changing
-/// the list; the list then stays as it was.
+/// place: the first such failure is thrown then, as are those of `change_list`, and the list stays
+/// as it was.
 SaveOutcome save_camera(NumberedFiles& files, const Save& save);
 
 } // namespace lookfar::catalogue

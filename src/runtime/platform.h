@@ -85,7 +85,8 @@ class Platform {
     /// Puts a visible window before the others.
     virtual void bring_forward(Form& form) = 0;
     virtual void set_focus(Control& control) = 0;
-    /// Tells the user for a while what a control needs, beside it; returns at once.
+    /// Shows a text at a control of a visible window until the user presses a key or a mouse
+    /// button, in the place of the text that stood there before; returns at once.
     virtual void show_hint(Control& control, const std::string& text) = 0;
     /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere,
     /// the default entry set off; returns at once.

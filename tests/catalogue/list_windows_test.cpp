@@ -73,19 +73,39 @@ TEST_F(ListWindows, AskBeforeTheyRemoveAndSelectTheFirstCameraAfterwards) {
     EXPECT_EQ(Form3->List1.ListCount(), 2);
 }
 
-TEST_F(ListWindows, ShowWhatTheFileHoldsWhenARemovalFails) {
-    const std::pair<const char*, short> cases[] = {
-        {"write C1.DAT", 3}, {"replace Cams.inf", 3}, {"replaced Cams.inf", 2}};
-    for (const auto& [failing, cameras] : cases) {
-        platform.faulty_disk.fail(failing, EIO);
-        answer(MessageBoxAnswer::yes);
-        press_remove();
-        platform.faulty_disk.mend();
-        EXPECT_EQ(content_of("Cams.inf") == list, cameras == 3) << failing;
-        EXPECT_EQ(Form3->List1.ListCount(), cameras) << failing;
-        EXPECT_EQ(Form1->Combo1.ListCount(), cameras) << failing;
-        EXPECT_EQ(Form1->Label2.Visible, cameras == 3) << failing;
-        refresh();
+TEST_F(ListWindows, ShowWhatTheFileHoldsAndSayWhyWhenAChangeFails) {
+    const struct {
+        const char* failing;
+        const char* reason;
+        int change;
+    } cases[] = {{"open-create C1.DAT", "open-create C1.DAT", 0},
+                 {"write C1.DAT", "write C1.DAT", 0},
+                 {"sync C1.DAT", "sync C1.DAT", 0},
+                 {"replace Cams.inf", "replace Cams.inf", 0},
+                 {"replaced Cams.inf", "", 1}};
+    short cameras = 3;
+    for (const auto& [failing, reason, change] : cases) {
+        for (const bool adds : {true, false}) {
+            platform.faulty_disk.fail(failing, ENOSPC);
+            answer(MessageBoxAnswer::yes);
+            Form4->Show();
+            if (adds)
+                save("new", "unew");
+            else
+                press_remove();
+            platform.faulty_disk.mend();
+            cameras = static_cast<short>(cameras + (adds ? change : -change));
+            EXPECT_EQ(content_of("Cams.inf") == list, change == 0 || !adds) << failing;
+            EXPECT_EQ(Form3->List1.ListCount(), cameras) << failing;
+            EXPECT_EQ(Form1->Combo1.ListCount(), cameras) << failing;
+            EXPECT_EQ(Form4->Visible, !adds) << failing;
+            expect_error_display(false);
+            const std::string told = adds ? "'new' was not saved. " : "'a' was not removed. ";
+            EXPECT_EQ(platform.hints.empty() ? "" : platform.hints.back().second,
+                      change == 0 ? told + reason + ": No space left on device" : "");
+            platform.hints.clear();
+            let_tick();
+        }
     }
 }
 
@@ -145,7 +165,10 @@ TEST_F(ListWindows, KeepWhatWasTypedWhileAnotherProgramChangesTheList) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         save("new", "unew");
         EXPECT_EQ(Form4->Visible, lock != nullptr);
-        expect_error_display(lock != nullptr);
+        EXPECT_EQ(platform.hints,
+                  (decltype(platform.hints){
+                      {&Form4->Text1, "'new' was not saved. Cams.inf is being changed by another "
+                                      "program."}}));
         EXPECT_EQ(content_of("Cams.inf") == list, lock != nullptr);
         refresh();
         lock.reset();
@@ -164,6 +187,10 @@ TEST_F(ListWindows, OpenTheEditorWhereverTheUrlCantBeFound) {
         EXPECT_EQ(Form4->Text1.Text.get() + Form4->Text2.Text.get(), "bkept") << content;
         EXPECT_EQ(Form4->Label3.Caption.get(), "1") << content;
     }
+    platform.faulty_disk.fail("read Cams.inf", EIO);
+    Form3->Command3.Click.raise();
+    EXPECT_EQ(platform.hints.at(0).second,
+              "The URL of 'b' was not read. read Cams.inf: Input/output error");
 }
 
 TEST_F(ListWindows, AskBeforeTheyOverwriteACameraAndLetNoRefreshInBetween) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/form.h"
 #include "runtime/platform.h"
 #include "support/faulty_disk.h"
 
@@ -91,7 +92,8 @@ class ScriptedPlatform : public Platform {
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }
     void set_focus(Control& control) override { focus = &control; }
     void show_hint(Control& control, const std::string& text) override {
-        hints.emplace_back(&control, text);
+        if (control.form.Visible)
+            hints.emplace_back(&control, text);
     }
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,

@@ -52,14 +52,20 @@ void CameraEditor::Command1_Click() {
         Text1.ShowHint("A camera needs a title.");
         return;
     }
+    std::string complaint;
     try {
         if (catalogue::save_camera(runtime.files(), what_is_saved()) ==
             catalogue::SaveOutcome::refused)
             return;
     } catch (const Failure& failure) {
-        Form1->show_error(failure);
-        Show();
-        return;
+        complaint = "'" + Text1.Text.get() + "' was not saved. " + failure.Description;
+        // The other program will be done soon, and what was typed can be saved then.
+        if (failure.Kind == FailureKind::file_in_use) {
+            Show();
+            Text1.ShowHint(complaint);
+            return;
+        }
+        Hide();
     }
     attempt_each({
         [&] { catalogue::refill(runtime.files(), Form3->selector_lists()); },
@@ -68,6 +74,8 @@ void CameraEditor::Command1_Click() {
         [&] { Form3->List1.Text = on_one_line(Text1.Text.get()); },
         [&] { Form3->Show(); },
     });
+    if (!complaint.empty())
+        Form3->List1.ShowHint(complaint);
 }
 
 catalogue::Save CameraEditor::what_is_saved() {

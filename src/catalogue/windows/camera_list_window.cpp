@@ -52,12 +52,18 @@ void CameraListWindow::Command1_Click() {
 
 void CameraListWindow::Command3_Click() {
     Form4->Text1.Text = List1.List(List1.ListIndex);
-    attempt([this] {
+    std::string complaint;
+    try {
         if (const auto url = catalogue::find_url(runtime.files(), List1.List(List1.ListIndex)))
             Form4->Text2.Text = *url;
-    });
+    } catch (const Failure& failure) {
+        if (failure.Kind != FailureKind::past_end_of_file)
+            complaint = "The URL of '" + List1.Text + "' was not read. " + failure.Description;
+    }
     Form4->Label3.Caption = editor_mode::edit;
     Form4->Show();
+    if (!complaint.empty())
+        Form4->Text2.ShowHint(complaint);
 }
 
 void CameraListWindow::Command2_Click() {
@@ -71,7 +77,7 @@ void CameraListWindow::Command2_Click() {
     try {
         catalogue::remove_cameras(runtime.files(), title);
     } catch (const Failure& failure) {
-        Form1->show_error(failure);
+        List1.ShowHint("'" + title + "' was not removed. " + failure.Description);
         return;
     }
     catalogue::refill(runtime.files(), selector_lists());

@@ -1,59 +1,70 @@
 #include "desktop/native/hint.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
-#include <QTimer>
 #include <QToolTip>
 
-#include <chrono>
+#include <algorithm>
+#include <cmath>
 
 namespace lookfar::desktop {
 
 namespace {
 
-constexpr std::chrono::seconds longest_shown(10);
 constexpr int gap = 2;
 constexpr int room_around_text = 3;
 
-/// Whether the user has read a hint, and goes on.
-bool ends_hint(const QEvent& event) {
-    switch (event.type()) {
-    case QEvent::KeyPress:
-    case QEvent::MouseButtonPress:
-    case QEvent::FocusOut:
-    case QEvent::Hide:
-        return true;
-    default:
-        return false;
-    }
+/// What is long in a hint is a name; the reason behind it must be seen.
+QString without_middle(const QString& text) {
+    constexpr qsizetype longest_start = 60;
+    constexpr qsizetype longest_end = 140;
+    if (text.size() <= longest_start + longest_end)
+        return text;
+    return text.left(longest_start) + QChar(0x2026) + text.right(longest_end);
+}
+
+/// The width of the text's lines.
+int line_width(const QLabel& label, const QWidget& widget) {
+    const int unbroken = label.fontMetrics().horizontalAdvance(label.text()) + 1;
+    return std::min(unbroken, widget.width() - 2 * room_around_text);
 }
 
 } // namespace
 
-Hint::Hint(const QString& text, QWidget& widget, QWidget& window) : QLabel(text, &window) {
+Hint::Hint(const QString& text, const QWidget& widget, QWidget& window)
+    : QLabel(without_middle(text), &window),
+      lines_(this->text(), font(), Qt::AlignLeft, line_width(*this, widget),
+             QTextOption::WrapAtWordBoundaryOrAnywhere) {
     setTextFormat(Qt::PlainText);
     setPalette(QToolTip::palette());
-    setForegroundRole(QPalette::ToolTipText);
-    setMargin(room_around_text);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    adjustSize();
-    move(widget.geometry().bottomLeft() + QPoint(0, gap));
+    const int height = static_cast<int>(std::ceil(lines_.height())) + 2 * room_around_text;
+    const int lowest = window.height() - height - gap;
+    setGeometry(widget.x(), std::min(widget.geometry().bottom() + gap, lowest),
+                line_width(*this, widget) + 2 * room_around_text, height);
     show();
-    widget.installEventFilter(this);
-    QTimer::singleShot(longest_shown, this, &QObject::deleteLater);
+    qApp->installEventFilter(this);
 }
 
-void Hint::paintEvent(QPaintEvent* event) {
+void Hint::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionFrame option;
     option.initFrom(this);
-    QStylePainter(this).drawPrimitive(QStyle::PE_PanelTipLabel, option);
-    QLabel::paintEvent(event);
+    QStylePainter painter(this);
+    painter.drawPrimitive(QStyle::PE_PanelTipLabel, option);
+    painter.setPen(palette().color(QPalette::ToolTipText));
+    lines_.draw(painter, QPointF(room_around_text, room_around_text));
+}
+
+void Hint::hideEvent(QHideEvent* event) {
+    QLabel::hideEvent(event);
+    deleteLater();
 }
 
 bool Hint::eventFilter(QObject* object, QEvent* event) {
-    if (ends_hint(*event))
-        deleteLater();
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress)
+        hide();
     return QLabel::eventFilter(object, event);
 }
 

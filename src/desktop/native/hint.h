@@ -1,20 +1,27 @@
 #pragma once
 
+#include "desktop/style/laid_out_text.h"
+
 #include <QLabel>
 
 namespace lookfar::desktop {
 
-/// A short text that looks like a tooltip and stands below a widget, until the user changes what
-/// the widget holds or turns to another one, or some time has passed. It goes by itself. Unlike a
-/// tooltip it stays when the pointer moves.
+/// A text that looks like a tooltip and stands at a widget, until the user presses a key or a mouse
+/// button anywhere in the program. It goes then, and wherever else it is hidden. Unlike a tooltip
+/// it stays when the pointer moves.
 class Hint : public QLabel {
   public:
-    /// Comes up at once, inside the window.
-    Hint(const QString& text, QWidget& widget, QWidget& window);
+    /// Comes up at once, inside the window and no wider than the widget: below it, or over its foot
+    /// where there is no room below. Of a long text the middle is left out.
+    Hint(const QString& text, const QWidget& widget, QWidget& window);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
+
+  private:
+    LaidOutText lines_;
 };
 
 } // namespace lookfar::desktop

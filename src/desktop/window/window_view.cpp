@@ -168,7 +168,10 @@ void WindowView::show_hint(const Control& control, const QString& text) {
     QWidget* const widget = natives_.widget_of(control);
     if (!widget)
         return;
-    windows_.observer().hint_shown(*owned_by_qt<Hint>(text, *widget, *this));
+    if (hint_)
+        hint_->hide();
+    hint_ = owned_by_qt<Hint>(text, *widget, *this);
+    windows_.observer().hint_shown(*hint_);
 }
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {

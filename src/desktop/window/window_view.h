@@ -7,6 +7,7 @@
 
 #include <QIcon>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
@@ -23,6 +24,7 @@ class PopupMenu;
 
 namespace lookfar::desktop {
 
+class Hint;
 class Windows;
 
 /// One window on the screen: hands what the form says to the window's frame, native widgets and
@@ -58,7 +60,7 @@ class WindowView : public QWidget {
 
     /// Gives the keyboard to a control, now or when the window comes up.
     void set_focus(const Control& control) { natives_.set_focus(control); }
-    /// Shows a text below a native control until its user goes on, and tells of it.
+    /// Shows a text at a native control, in the place of the one before, and tells of it.
     void show_hint(const Control& control, const QString& text);
     /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere.
     void pop_up(const PopupMenu& menu, const MenuItem* default_entry);
@@ -112,6 +114,7 @@ class WindowView : public QWidget {
     NativeChildren natives_;
     std::optional<TiedWidget<QMenu>> menu_;
     QMetaObject::Connection screen_watch_;
+    QPointer<Hint> hint_;
     /// Whether the form was visible when the window took over what it says.
     bool follows_ = false;
     /// Runs from the moment when the window is shown until it is painted.

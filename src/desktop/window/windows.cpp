@@ -132,7 +132,7 @@ void Windows::set_focus(Control& control) {
 void Windows::show_hint(Control& control, const std::string& text) {
     synchronise();
     if (WindowView* const view = view_of(control.form))
-        view->show_hint(control, shown_text(text));
+        view->show_hint(control, whole_text(text));
 }
 
 void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {

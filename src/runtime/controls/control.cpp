@@ -1,6 +1,8 @@
 #include "runtime/controls/control.h"
 
 #include "runtime/form.h"
+#include "runtime/platform.h"
+#include "runtime/runtime.h"
 
 namespace lookfar {
 
@@ -11,6 +13,10 @@ Control::Control(Form& owner, bool visible)
 
 Control::~Control() {
     form.remove(*this);
+}
+
+void Control::ShowHint(const std::string& text) {
+    runtime.platform().show_hint(*this, text);
 }
 
 BoxControl::BoxControl(Form& owner, const Bounds& bounds, bool visible)

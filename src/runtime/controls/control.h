@@ -5,6 +5,8 @@
 #include "runtime/look.h"
 #include "runtime/property.h"
 
+#include <string>
+
 namespace lookfar {
 
 class ControlVisitor;
@@ -20,6 +22,10 @@ class Control : public Element {
     ~Control() override;
 
     virtual void accept(ControlVisitor& visitor) = 0;
+
+    /// Shows a text at the control, which the keyboard can be at and whose window is visible, until
+    /// the user presses a key or a mouse button; returns at once.
+    void ShowHint(const std::string& text);
 
     Form& form;
     Property<bool> Visible;

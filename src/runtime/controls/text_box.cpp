@@ -27,8 +27,4 @@ void TextBox::SetFocus() {
     runtime.platform().set_focus(*this);
 }
 
-void TextBox::ShowHint(const std::string& text) {
-    runtime.platform().show_hint(*this, text);
-}
-
 } // namespace lookfar

@@ -62,8 +62,6 @@ class TextBox : public BoxControl {
 
     /// Puts the keyboard focus into the box.
     void SetFocus();
-    /// Tells the user for a while what the box needs; returns at once.
-    void ShowHint(const std::string& text);
 
     Property<std::string> Text;
     /// The selection: its first character and its count of characters.
