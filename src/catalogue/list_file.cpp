@@ -12,6 +12,16 @@ namespace {
 
 enum class Found { no_line, no_title, titles };
 
+/// What is wrong with a list that ends on this title.
+Failure title_without_url(const std::string& title) {
+    // Since a lone line feed ends no line, a list without carriage returns is a single one.
+    const bool has_foreign_line_ends = title.find('\n') != std::string::npos;
+    return Failure(FailureKind::past_end_of_file,
+                   has_foreign_line_ends
+                       ? std::string("The lines of ") + list_name + " must end in CR LF."
+                       : "'" + title + "', the last title in " + list_name + ", has no address.");
+}
+
 /// A title counts once its URL is read: a title on which the list ends is no camera yet. The
 /// refill after a change (`catalogue::refill`) shows that one too.
 void add_titles_of_whole_cameras(NumberedFiles& files,
@@ -22,6 +32,8 @@ void add_titles_of_whole_cameras(NumberedFiles& files,
         if (found == Found::no_line)
             found = Found::no_title;
         if (!title.empty()) {
+            if (files.EndOfFile(file_number::list))
+                throw title_without_url(title);
             files.LineInput(file_number::list);
             add_title(title);
             found = Found::titles;
@@ -50,7 +62,9 @@ Found read_list(NumberedFiles& files, const std::function<void(const std::string
     } catch (const Failure& failure) {
         // Only the end of the file before the first line means that the list is empty. A list on a
         // disk that can't be read must not be replaced.
-        if (failure.Kind != FailureKind::past_end_of_file && found != Found::titles)
+        const bool is_empty =
+            failure.Kind == FailureKind::past_end_of_file && found == Found::no_line;
+        if (!is_empty && found != Found::titles)
             throw;
     }
     return found;

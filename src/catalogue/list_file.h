@@ -18,8 +18,9 @@ inline constexpr const char* copy_name = "C1.DAT";
 /// default camera first; no other file is touched. Whatever else ends the reading early, the titles
 /// given so far are the list, and the file is left alone.
 ///
-/// Throws a `Failure` when the list can't be opened or read before it has given a title, and when
-/// the default camera can't be written.
+/// Throws a `Failure` when the list can't be opened or read before it has given a title, when it
+/// ends on its first title, as one without carriage returns does, and when the default camera can't
+/// be written.
 void read_at_start(NumberedFiles& files, const std::function<void(const std::string&)>& add_title);
 
 /// Gives every line of the list, titles, URLs and blank lines alike. The step may read further

@@ -55,6 +55,21 @@ TEST(StartUp, WithAListOfNoCameraSelectsNothingKeepsTheCellsAndSaysSo) {
     EXPECT_EQ(content_of("Cams.inf"), "\r\n\r\n");
 }
 
+TEST(StartUp, SaysWhatIsWrongWithAListThatEndsOnItsFirstTitleAndLeavesItAlone) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"a\nua\nb\nub\n", "The lines of Cams.inf must end in CR LF."},
+        {"\r\na", "'a', the last title in Cams.inf, has no address."}};
+    for (const auto& [list, complaint] : cases) {
+        Machine machine(0);
+        write_file("Cams.inf", list);
+        machine.start();
+        machine.platform.run_for(seconds(30));
+        EXPECT_TRUE(machine.Form1->Label3.Visible && machine.Form2->Timer2.Enabled);
+        EXPECT_EQ(machine.Form1->Label3.Caption.get(), complaint);
+        EXPECT_EQ(content_of("Cams.inf"), list);
+    }
+}
+
 TEST(StartUp, TakesTheFirst32767CamerasAndLeavesTheFileAlone) {
     Machine machine(0);
     std::string list;

@@ -81,7 +81,10 @@ TEST_F(ListFile, GivesEveryPassWhatAPlainModelReads) {
             continue;
         }
         Lines titles = titles_of(lines);
-        EXPECT_EQ(titles_at_start(), titles);
+        if (titles.empty() && ends_at_title(lines))
+            EXPECT_THROW(titles_at_start(), Failure);
+        else
+            EXPECT_EQ(titles_at_start(), titles);
         EXPECT_EQ(scanned_lines(), lines);
         const auto found = std::ranges::find(lines, "a");
         if (lines.end() - found == 1)

@@ -190,7 +190,7 @@ TEST_F(ListWindows, OpenTheEditorWhereverTheUrlCantBeFound) {
     platform.faulty_disk.fail("read Cams.inf", EIO);
     Form3->Command3.Click.raise();
     EXPECT_EQ(platform.hints.at(0).second,
-              "The URL of 'b' was not read. read Cams.inf: Input/output error");
+              "The address of 'b' was not read. read Cams.inf: Input/output error");
 }
 
 TEST_F(ListWindows, AskBeforeTheyOverwriteACameraAndLetNoRefreshInBetween) {

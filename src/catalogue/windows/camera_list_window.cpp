@@ -58,7 +58,7 @@ void CameraListWindow::Command3_Click() {
             Form4->Text2.Text = *url;
     } catch (const Failure& failure) {
         if (failure.Kind != FailureKind::past_end_of_file)
-            complaint = "The URL of '" + List1.Text + "' was not read. " + failure.Description;
+            complaint = "The address of '" + List1.Text + "' was not read. " + failure.Description;
     }
     Form4->Label3.Caption = editor_mode::edit;
     Form4->Show();
