@@ -146,13 +146,13 @@ TEST_F(ListWindows, AddACameraAtTheEndAndSelectIt) {
     save("B\xC3\xBC\rro\n", "http://new.example/\r\n");
     EXPECT_TRUE(is_hidden) << "before the record is appended";
     platform.faulty_disk.mend();
-    const std::string new_list = list + "B\xC3\xBC ro\n\r\nhttp://new.example/ \r\n";
+    const std::string new_list = list + "B\xC3\xBC ro\n\r\nhttp://new.example/\r\n";
     EXPECT_EQ(content_of("Cams.inf"), new_list);
     expect_selected("B\xC3\xBC ro\n");
     EXPECT_EQ(platform.focus, &Form4->Text1);
     EXPECT_EQ(platform.brought_forward.back(), &*Form3);
     refresh();
-    EXPECT_EQ(platform.requests.back(), "http://new.example/ ");
+    EXPECT_EQ(platform.requests.back(), "http://new.example/");
 
     Form3->Command3.Click.raise();
     program.runtime.deliver([this] { Form4->Command1.Click.raise(); });

@@ -7,20 +7,21 @@
 #include "runtime/message_box.h"
 
 #include <string>
-#include <string_view>
 
 namespace lookfar {
 
 namespace {
 
-/// A line end of the list file would part a record; it becomes a blank. A lone LF ends no line.
-std::string on_one_line(std::string_view text) {
+/// A line end of the list file would part a record. A lone LF ends no line.
+std::string on_one_line(const TextBox& box) {
     std::string line;
     char before = '\0';
-    for (const char character : text) {
+    for (const char character : box.Text.get()) {
         const bool goes_on_with_line_end = before == '\r' && character == '\n';
-        if (!goes_on_with_line_end)
-            line += character == '\r' ? ' ' : character;
+        if (character == '\r')
+            line += box.LineBreaks == LineBreaks::blanks ? " " : "";
+        else if (!goes_on_with_line_end)
+            line += character;
         before = character;
     }
     return line;
@@ -71,7 +72,7 @@ void CameraEditor::Command1_Click() {
         [&] { catalogue::refill(runtime.files(), Form3->selector_lists()); },
         [&] { Form1->Combo1.ListIndex = 0; },
         [&] { Form2->Combo1.ListIndex = 0; },
-        [&] { Form3->List1.Text = on_one_line(Text1.Text.get()); },
+        [&] { Form3->List1.Text = on_one_line(Text1); },
         [&] { Form3->Show(); },
     });
     if (!complaint.empty())
@@ -79,11 +80,10 @@ void CameraEditor::Command1_Click() {
 }
 
 catalogue::Save CameraEditor::what_is_saved() {
-    catalogue::Save save{
-        .camera = {.title = on_one_line(Text1.Text.get()), .url = on_one_line(Text2.Text.get())},
-        .replaced_title = std::nullopt,
-        .may_overwrite = [this] { return may_overwrite(); },
-        .lines_are_copied = [this] { Hide(); }};
+    catalogue::Save save{.camera = {.title = on_one_line(Text1), .url = on_one_line(Text2)},
+                         .replaced_title = std::nullopt,
+                         .may_overwrite = [this] { return may_overwrite(); },
+                         .lines_are_copied = [this] { Hide(); }};
     if (Label3.Caption == editor_mode::edit)
         save.replaced_title = Form3->List1.List(Form3->List1.ListIndex);
     return save;

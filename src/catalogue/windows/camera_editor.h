@@ -43,9 +43,12 @@ class CameraEditor : public Form {
                   .Back = BackStyle::transparent,
                   .TabIndex = 2}};
     // The URL.
-    TextBox Text2{
-        *this,
-        {.Text = "Text2", .At = {120, 960, 4455, 285}, .TabIndex = 3, .AccessibleName = "URL"}};
+    TextBox Text2{*this,
+                  {.Text = "Text2",
+                   .At = {120, 960, 4455, 285},
+                   .LineBreaks = LineBreaks::nothing,
+                   .TabIndex = 3,
+                   .AccessibleName = "URL"}};
     // Rule above the buttons.
     Frame Frame1{*this, {.At = {120, 1320, 4455, 30}, .TabIndex = 4}};
     // Saves.

@@ -17,7 +17,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
     const bool is_text = role == Qt::DisplayRole || role == Qt::EditRole;
     if (!is_text || !index.isValid() || index.row() >= shown_)
         return {};
-    return shown_text(control_.List(static_cast<short>(index.row())));
+    const QString text = shown_text(control_.List(static_cast<short>(index.row())));
+    return on_one_line(text, QStringLiteral(" "));
 }
 
 void ListModel::refresh() {

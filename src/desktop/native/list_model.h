@@ -9,8 +9,9 @@
 
 namespace lookfar::desktop {
 
-/// The entries of a list control, for a native view. It reads them from the control, but shows only
-/// what was there at the last refresh, so that filling a long list costs the view nothing.
+/// The entries of a list control, each on one line, for a native view. It reads them from the
+/// control, but shows only what was there at the last refresh, so that filling a long list costs
+/// the view nothing.
 class ListModel : public QAbstractListModel {
   public:
     /// The view owns the model, which shows nothing once the tie to the control is gone.

@@ -13,15 +13,32 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QValidator>
 
 #include <algorithm>
 #include <chrono>
-#include <limits>
 #include <utility>
 
 namespace lookfar::desktop {
 
 namespace {
+
+/// Puts another text in the place of line breaks.
+class OneLine : public QValidator {
+  public:
+    OneLine(LineBreaks line_breaks, QObject* entry)
+        : QValidator(entry),
+          in_place_of_breaks_(QLatin1String(line_breaks == LineBreaks::blanks ? " " : "")) {}
+
+    State validate(QString& text, int& cursor) const override {
+        cursor = static_cast<int>(on_one_line(text.left(cursor), in_place_of_breaks_).size());
+        text = on_one_line(text, in_place_of_breaks_);
+        return Acceptable;
+    }
+
+  private:
+    QString in_place_of_breaks_;
+};
 
 /// The first selected character and the count of them; the cursor's place and 0 where none is
 /// selected.
@@ -72,7 +89,9 @@ bool shows_text_of(const TextEntry& entry, const TextBox& control) {
 
 } // namespace
 
-TextEntry::TextEntry(const TextBox& control, QWidget& window) : QLineEdit(&window) {
+TextEntry::TextEntry(const TextBox& control, QWidget& window)
+    : QLineEdit(&window), line_breaks_(owned_by_qt<OneLine>(control.LineBreaks, this)) {
+    setValidator(line_breaks_);
     setFrame(control.HasBorder);
     // A box without a border stands within a caption; this puts both texts on one line.
     if (!control.HasBorder)
@@ -92,15 +111,24 @@ void TextEntry::synchronise(const TextBox& control) {
     const QString wanted = whole_text(control.Text.get());
     take_length_limit(control, static_cast<int>(wanted.size()));
     if (text() != wanted)
-        setText(wanted);
+        take_text(wanted);
     take_selection(control);
     place(*this, control);
 }
 
+/// The line breaks of what a handler writes stay as long as the user enters nothing.
+void TextEntry::take_text(const QString& text) {
+    setValidator(nullptr);
+    setText(text);
+    setValidator(line_breaks_);
+}
+
 /// The limit is one for typing only: a longer text is shown whole.
 void TextEntry::take_length_limit(const TextBox& control, int text_length) {
-    constexpr int no_limit = std::numeric_limits<int>::max();
-    const int limit = control.MaxLength == 0 ? no_limit : std::max(control.MaxLength, text_length);
+    // To edit a line of many more takes seconds.
+    constexpr int most_typed = 32767;
+    const int limit =
+        std::max(control.MaxLength == 0 ? most_typed : control.MaxLength, text_length);
     if (maxLength() != limit)
         setMaxLength(limit);
 }

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QTimer>
 
+class QValidator;
+
 namespace lookfar::desktop {
 
 /// The native widget of a text box. Its caret stands still once its user has done nothing for ten
@@ -34,10 +36,13 @@ class TextEntry : public QLineEdit {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
+    void take_text(const QString& text);
     void take_length_limit(const TextBox& control, int text_length);
     void take_selection(const TextBox& control);
     void blink_for_a_while();
 
+    /// Takes line breaks out of what the user enters.
+    const QValidator* line_breaks_;
     QTimer caret_rest_{this};
     /// Whether the press that brought the keyboard is still held, and a handler has selected text:
     /// the rest of that click then leaves the selection as it is.

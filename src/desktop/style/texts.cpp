@@ -2,6 +2,8 @@
 
 #include "runtime/text.h"
 
+#include <QRegularExpression>
+
 namespace lookfar::desktop {
 
 namespace {
@@ -22,6 +24,11 @@ QString shown_text(std::string_view bytes) {
 
 QString whole_text(std::string_view bytes) {
     return QString::fromStdString(as_utf8(bytes));
+}
+
+QString on_one_line(QString text, const QString& in_place_of_breaks) {
+    static const QRegularExpression line_break(QStringLiteral("\\R"));
+    return text.replace(line_break, in_place_of_breaks);
 }
 
 const std::string& name_or(const std::string& accessible_name, const std::string& seen_text) {

@@ -14,6 +14,7 @@ TextBox::TextBox(Form& owner, const TextBoxDesign& design)
       HasBorder(design.HasBorder),
       Align(design.Align),
       MaxLength(design.MaxLength),
+      LineBreaks(design.LineBreaks),
       BackColor(design.BackColor),
       Font(design.Font),
       TabIndex(design.TabIndex),

@@ -36,6 +36,9 @@ enum class KeyCode : short {
     period = 190,
 };
 
+/// What the line breaks become that a user types or pastes into a text box.
+enum class LineBreaks { blanks, nothing };
+
 /// The design values of a text box.
 struct TextBoxDesign {
     std::string Text = {};
@@ -43,8 +46,9 @@ struct TextBoxDesign {
     bool Visible = true;
     bool HasBorder = true;
     Alignment Align = Alignment::left;
-    /// Limits typing only, in characters; 0 for no limit.
+    /// Limits typing only, in characters; 0 for as many as the platform's box takes.
     int MaxLength = 0;
+    lookfar::LineBreaks LineBreaks = lookfar::LineBreaks::blanks;
     Colour BackColor = colour::window_background;
     lookfar::Font Font = {};
     int TabIndex = 0;
@@ -52,8 +56,8 @@ struct TextBoxDesign {
     std::string AccessibleName = {};
 };
 
-/// One line of text for typing into. A write that changes the text raises `Change`; one of the
-/// same text does not.
+/// One line of text for typing into. Only a text that is written can hold line breaks. A write that
+/// changes the text raises `Change`; one of the same text does not.
 class TextBox : public BoxControl {
   public:
     TextBox(Form& owner, const TextBoxDesign& design);
@@ -76,6 +80,7 @@ class TextBox : public BoxControl {
     const bool HasBorder;
     const Alignment Align;
     const int MaxLength;
+    const lookfar::LineBreaks LineBreaks;
     const Colour BackColor;
     const lookfar::Font Font;
     const int TabIndex;

@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,6 +18,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -53,6 +55,7 @@ class NativeControlsTest : public DesktopTest {
     ListBox List1{form, {.At = {3000, 100, 2000, 1500}}};
     TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3}};
     TextBox Text2{form, {.At = {100, 400, 1500, 300}}};
+    TextBox Text3{form, {.At = {2000, 400, 900, 300}, .LineBreaks = LineBreaks::nothing}};
     CommandButton Command1{form, {.Caption = "OK", .At = {100, 700, 900, 375}, .Default = true}};
     CommandButton Command2{form, {.Caption = "More", .At = {1200, 700, 900, 375}}};
     StatusBar StatusBar1{form, {.At = {0, 4700, 1500, 300}}};
@@ -104,11 +107,36 @@ TEST_F(NativeControlsTest, TheLengthLimitIsForTypingOnly) {
     QTest::keyClicks(&entry, "abc");
     EXPECT_EQ(Text1.Text, std::string("12a"));
 
-    constexpr int more_than_qt_takes_by_itself = 32768;
-    Text2.Text = std::string(more_than_qt_takes_by_itself, 'x');
+    constexpr int most_typed = 32767;
+    for (const int length : {most_typed - 1, most_typed + 1}) {
+        Text2.Text = std::string(static_cast<std::size_t>(length), 'x');
+        let_loop_come_round();
+        QTest::keyClicks(&widget(Text2), "yy");
+        EXPECT_EQ(Text2.Text.get().size(), std::max(length, most_typed));
+    }
+}
+
+TEST_F(NativeControlsTest, LineBreaksStayInWhatIsWrittenOnly) {
+    const std::string written = "x\ny";
+    const QString pasted = "a\r\nb\nc\rd\u2028" + QString(100'000, 'z');
+    for (const auto& [box, kept] : {std::pair(&Text2, "a b c d z"), std::pair(&Text3, "abcdz")}) {
+        box->Text = written;
+        let_loop_come_round();
+        EXPECT_EQ(box->Text.get(), written);
+        EXPECT_EQ(widget<QLineEdit>(*box).text().toStdString(), written);
+        QApplication::clipboard()->setText(pasted);
+        widget<QLineEdit>(*box).selectAll();
+        widget<QLineEdit>(*box).paste();
+        EXPECT_TRUE(box->Text.get().starts_with(kept));
+        EXPECT_LE(box->Text.get().size(), 32767U);
+        EXPECT_EQ(box->SelStart, static_cast<int>(box->Text.get().size()));
+    }
+    List1.AddItem(written);
     let_loop_come_round();
-    QTest::keyClicks(&widget(Text2), "y");
-    EXPECT_EQ(Text2.Text.get().size(), more_than_qt_takes_by_itself + 1U);
+    EXPECT_EQ(List1.List(3), written);
+    const auto& list = widget<QListView>(List1);
+    EXPECT_EQ(list.sizeHintForIndex(list.model()->index(3, 0)).height(),
+              list.sizeHintForIndex(list.model()->index(0, 0)).height());
 }
 
 TEST_F(NativeControlsTest, AClickIntoTheBoxKeepsTheSelectionThatGotFocusMade) {
