@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <functional>
 #include <set>
+#include <tuple>
 #include <utility>
 
 namespace lookfar::testing {
@@ -120,23 +121,18 @@ TEST_F(Fetch, ShowsNoPictureOfAnotherProgramInTheSameFolder) {
     }
 }
 
-TEST_F(Fetch, AcrossMidnightReportsTheSecondsThatPassed) {
-    platform.set_time_of_day(std::chrono::hours(24) - seconds(3));
-    refresh_with(picture_file(32, 24), seconds(7));
-    EXPECT_EQ(Form2->Label7.Caption.get(), "7");
-    EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 00:00:04 ( 7 Sec/Pic )");
-}
-
-TEST_F(Fetch, WhileTheClockIsSetReportsTheDifference) {
-    const std::pair<int, const char*> cases[] = {{1, "01:00:06 (-32768 Sec/Pic )"},
-                                                 {11, "11:00:06 (-3594 Sec/Pic )"},
-                                                 {12, "12:00:06 ( 6 Sec/Pic )"},
-                                                 {23, "23:00:06 ( 32767 Sec/Pic )"}};
-    for (const auto& [hour, status] : cases) {
-        platform.set_time_of_day(std::chrono::hours(12));
-        platform.after(seconds(1), [&] { platform.set_time_of_day(std::chrono::hours(hour)); });
+TEST_F(Fetch, ReportsTheDifferenceWhereverTheClockIsSetAndAcrossMidnight) {
+    using std::chrono::hours;
+    const std::tuple<seconds, seconds, std::string> cases[] = {
+        {hours(24) - seconds(3), hours(24) - seconds(2), "00:00:04 ( 7 Sec/Pic )"},
+        {hours(12), hours(1), "01:00:06 (-32768 Sec/Pic )"},
+        {hours(12), hours(11), "11:00:06 (-3594 Sec/Pic )"},
+        {hours(12), hours(23), "23:00:06 ( 32767 Sec/Pic )"}};
+    for (const auto& [before, after, status] : cases) {
+        platform.set_time_of_day(before);
+        platform.after(seconds(1), [&, set = after] { platform.set_time_of_day(set); });
         refresh_with(picture_file(32, 24), seconds(7));
-        EXPECT_EQ(Form2->Label4.Caption.get(), std::string("Screenshot taken: ") + status);
+        EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: " + status);
     }
 }
 

@@ -101,25 +101,22 @@ TEST_F(CameraList, TellsThatACameraNeedsATitleUntilOneIsTyped) {
 }
 
 TEST_F(CameraList, TellsWhyAChangeFailedUntilTheNextKeyOrClick) {
-    const std::string before = file();
     std::filesystem::create_directory("C1.DAT");
-    open_editor("Add...");
-    hands.type("Quay");
-    hands.press(Key::enter);
     const auto is_told = [&](const std::string& hint) {
         return comes_to_read(title::list_window, "label '" + hint + "'") &&
                comes_true([&] { return reader.was_told(hint, Politeness::interrupts); });
     };
+    open_editor("Add...");
+    hands.type("Quay");
+    hands.press(Key::enter);
     EXPECT_TRUE(is_told("'Quay' was not saved. C1.DAT: Is a directory"));
     pick("Tower");
     EXPECT_TRUE(stops_reading(title::list_window, "label '"));
     press("Remove");
     answer(title::removal_question, "Yes");
     EXPECT_TRUE(is_told("'Tower' was not removed. C1.DAT: Is a directory"));
-    EXPECT_TRUE(stops_reading(title::main_window, "label 'Error"));
     hands.press(Key::down);
     EXPECT_TRUE(stops_reading(title::list_window, "label '"));
-    EXPECT_EQ(file(), before);
 }
 
 } // namespace

@@ -119,14 +119,15 @@ TEST_F(NativeControlsTest, TheLengthLimitIsForTypingOnly) {
 TEST_F(NativeControlsTest, LineBreaksStayInWhatIsWrittenOnly) {
     const std::string written = "x\ny";
     const QString pasted = "a\r\nb\nc\rd\u2028" + QString(100'000, 'z');
+    QApplication::clipboard()->setText(pasted);
     for (const auto& [box, kept] : {std::pair(&Text2, "a b c d z"), std::pair(&Text3, "abcdz")}) {
         box->Text = written;
         let_loop_come_round();
         EXPECT_EQ(box->Text.get(), written);
-        EXPECT_EQ(widget<QLineEdit>(*box).text().toStdString(), written);
-        QApplication::clipboard()->setText(pasted);
-        widget<QLineEdit>(*box).selectAll();
-        widget<QLineEdit>(*box).paste();
+        auto& entry = widget<QLineEdit>(*box);
+        EXPECT_EQ(entry.text().toStdString(), written);
+        entry.clear();
+        entry.paste();
         EXPECT_TRUE(box->Text.get().starts_with(kept));
         EXPECT_LE(box->Text.get().size(), 32767U);
         EXPECT_EQ(box->SelStart, static_cast<int>(box->Text.get().size()));
