@@ -28,18 +28,18 @@ std::string final_url(CURL* handle) {
     return url ? url : "";
 }
 
-/// A host that can't be asked with a long text would refuse every request from then on.
-std::string if_short(const std::string& validator) {
+/// A weak tag begins with a letter. A host that can't be asked with a long one would refuse every
+/// request from then on.
+bool is_usable_tag(const std::string& tag) {
+    constexpr std::size_t two_quotes = 2;
     constexpr std::size_t longest = 512;
-    return validator.size() <= longest ? validator : std::string();
+    return tag.size() > two_quotes && tag.size() <= longest && tag.starts_with('"') &&
+           tag.ends_with('"');
 }
 
-Validators validators(CURL* handle, bool is_redirected) {
-    Validators read{.etag = if_short(header(handle, "ETag"))};
-    // A redirect may lead to another picture the next time, which may be older than this one.
-    if (!is_redirected)
-        read.last_modified = if_short(header(handle, "Last-Modified"));
-    return read;
+std::string entity_tag(CURL* handle) {
+    const std::string tag = header(handle, "ETag");
+    return is_usable_tag(tag) ? tag : std::string();
 }
 
 } // namespace
@@ -49,7 +49,7 @@ Answer answer_head(CURL* handle, const Address& asked) {
     const bool is_redirected = final_url(handle) != asked.url;
     return {.status = status(handle),
             .media_type = media_type_of(header(handle, "Content-Type")),
-            .validators = validators(handle, is_redirected),
+            .entity_tag = entity_tag(handle),
             .is_not_to_be_stored = rules.find("no-store") != std::string::npos,
             .had_credentials = asked.has_credentials() && !is_redirected};
 }

@@ -8,21 +8,14 @@
 
 namespace lookfar {
 
-/// What the host names its answer by, so that it can be asked whether that still holds. Either may
-/// be empty.
-struct Validators {
-    std::string etag = {};
-    std::string last_modified = {};
-
-    bool empty() const { return etag.empty() && last_modified.empty(); }
-};
-
 /// What a host has answered, behind all redirects.
 struct Answer {
     long status = 0;
     /// In small letters, without parameters; empty where the host tells none.
     std::string media_type = {};
-    Validators validators = {};
+    /// The strong entity tag of the body; empty where the host tells none. A weak one and a date
+    /// may stay the same while the picture changes.
+    std::string entity_tag = {};
     /// The host wants nothing of it kept.
     bool is_not_to_be_stored = false;
     /// The host was told a user name and a password if it asked for them.

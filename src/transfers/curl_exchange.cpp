@@ -100,8 +100,8 @@ void CurlExchange::set_trust() {
 void CurlExchange::set_manners(const std::string& media_types) {
     set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
     append(header_lines_, "Accept: " + media_types + all_else);
-    for (const std::string& line : conditions(known_))
-        append(header_lines_, line);
+    if (known_)
+        append(header_lines_, "If-None-Match: " + known_->entity_tag);
     set(CURLOPT_HTTPHEADER, header_lines_.get());
     set(CURLOPT_ACCEPT_ENCODING, all_encodings);
 }

@@ -20,23 +20,14 @@ KnownAnswerReference known_answer(const Answer& answer, const std::string& addre
                                   DecodedBodyReference body) {
     return std::make_shared<const KnownAnswer>(
         KnownAnswer{.address = address,
-                    .validators = may_be_confirmed(answer) ? answer.validators : Validators(),
+                    .entity_tag = may_be_confirmed(answer) ? answer.entity_tag : std::string(),
                     .body = std::move(body)});
 }
 
 } // namespace
 
-std::vector<std::string> conditions(const KnownAnswerReference& known) {
-    std::vector<std::string> lines;
-    if (known && !known->validators.etag.empty())
-        lines.push_back("If-None-Match: " + known->validators.etag);
-    if (known && !known->validators.last_modified.empty())
-        lines.push_back("If-Modified-Since: " + known->validators.last_modified);
-    return lines;
-}
-
 KnownAnswerReference LastAnswer::known_at(const std::string& address) const {
-    return last_ && last_->address == address && !last_->validators.empty() ? last_ : nullptr;
+    return last_ && last_->address == address && !last_->entity_tag.empty() ? last_ : nullptr;
 }
 
 std::optional<TransferOutcome>

@@ -6,7 +6,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace lookfar {
 
@@ -14,25 +13,21 @@ namespace lookfar {
 struct KnownAnswer {
     /// As it was asked for.
     std::string address;
-    /// Empty where the host is not to be asked whether they still hold.
-    Validators validators;
+    /// Empty where the host is not to be asked whether its picture still is that one.
+    std::string entity_tag;
     DecodedBodyReference body;
 };
 using KnownAnswerReference = std::shared_ptr<const KnownAnswer>;
 
-/// The lines of a request's head that ask for a picture only if it is no longer the known one. None
-/// where nothing is known.
-std::vector<std::string> conditions(const KnownAnswerReference& known);
-
 /// Makes of each answer what the asker gets, and keeps the last one where that was a picture.
 class LastAnswer {
   public:
-    /// What the host at the address can confirm instead of sending it again; null where there is
-    /// nothing.
+    /// What the host at the address can confirm, by its entity tag, instead of sending it again;
+    /// null where there is nothing.
     KnownAnswerReference known_at(const std::string& address) const;
 
-    /// What comes of an answer that needs no decoding, to a request that went out with the
-    /// conditions of `known`: the picture that is confirmed, or that was not asked about, or the
+    /// What comes of an answer that needs no decoding, to a request that went out for
+    /// anything but `known`: the picture that is confirmed, or that was not asked about, or the
     /// one that equals the last, wherever that came from. Nothing for any other answer.
     std::optional<TransferOutcome> outcome_without_decoding(const Answer& answer,
                                                             const std::string& address,
