@@ -44,14 +44,17 @@ std::string entity_tag(CURL* handle) {
 
 } // namespace
 
-Answer answer_head(CURL* handle, const Address& asked) {
+Answer answer_head(CURL* handle, const Address& asked, bool are_credentials_told) {
     const std::string rules = in_small_letters(header(handle, "Cache-Control"));
     const bool is_redirected = final_url(handle) != asked.url;
     return {.status = status(handle),
             .media_type = media_type_of(header(handle, "Content-Type")),
             .entity_tag = entity_tag(handle),
             .is_not_to_be_stored = rules.find("no-store") != std::string::npos,
-            .had_credentials = asked.has_credentials() && !is_redirected};
+            .is_packed = !header(handle, "Content-Encoding").empty(),
+            .credentials = !asked.has_credentials() || is_redirected ? Credentials::none
+                           : are_credentials_told                    ? Credentials::told
+                                                                     : Credentials::untold};
 }
 
 } // namespace lookfar

@@ -1,12 +1,22 @@
 #pragma once
 
 #include "runtime/bytes.h"
+#include "runtime/failure.h"
 #include "transfers/address.h"
 #include "transfers/curl_handles.h"
 
+#include <optional>
 #include <string>
 
 namespace lookfar {
+
+/// What the host behind all redirects has learnt of the address's user name and password.
+enum class Credentials {
+    /// There are none for it.
+    none,
+    untold,
+    told
+};
 
 /// What a host has answered, behind all redirects.
 struct Answer {
@@ -18,13 +28,17 @@ struct Answer {
     std::string entity_tag = {};
     /// The host wants nothing of it kept.
     bool is_not_to_be_stored = false;
-    /// The host was told a user name and a password if it asked for them.
-    bool had_credentials = false;
+    /// The host says that the body is packed.
+    bool is_packed = false;
+    Credentials credentials = Credentials::none;
     Bytes body = {};
+    /// Why the end of the body is not certain. The bytes that have come may be a whole picture all
+    /// the same; where they are none, this is the outcome.
+    std::optional<Failure> failure = {};
 };
 
-/// Reads the head of the answer to a transfer that has ended well and had asked that address. The
-/// body is left empty.
-Answer answer_head(CURL* handle, const Address& asked);
+/// Reads the head of the last answer of a transfer that had asked that address. Body and failure
+/// are left empty.
+Answer answer_head(CURL* handle, const Address& asked, bool are_credentials_told);
 
 } // namespace lookfar

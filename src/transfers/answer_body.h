@@ -24,6 +24,7 @@ class AnswerBody {
 
     /// Whether it is the first part of a multipart answer, and all of it is there.
     bool is_whole_part() const { return is_whole_part_; }
+    bool is_empty() const { return bytes_.empty(); }
     const std::optional<Failure>& refusal() const { return refusal_; }
 
     /// What has come of it, which is the whole body where the transfer has ended well. Takes no

@@ -57,10 +57,20 @@ std::string with_reason(long status) {
     return found == reasons.end() ? number : number + " " + std::string(found->phrase);
 }
 
+std::string complaint_about_credentials(Credentials credentials) {
+    switch (credentials) {
+    case Credentials::none:
+        return "The camera asks for a user name and a password (401).";
+    case Credentials::untold:
+        return "The camera asks for the password in a way that isn't known (401).";
+    default:
+        return "The camera refuses the user name or the password (401).";
+    }
+}
+
 std::string complaint_about_status(const Answer& answer) {
     if (answer.status == unauthorized)
-        return answer.had_credentials ? "The camera refuses the user name or the password (401)."
-                                      : "The camera asks for a user name and a password (401).";
+        return complaint_about_credentials(answer.credentials);
     if (answer.status == proxy_authentication_required)
         return "The proxy asks for a user name and a password (407).";
     return "The camera answered " + with_reason(answer.status) + ".";

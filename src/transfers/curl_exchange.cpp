@@ -1,11 +1,5 @@
 #include "transfers/curl_exchange.h"
 
-#include "transfers/curl_transfers.h"
-
-#include <algorithm>
-#include <climits>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -13,34 +7,34 @@ namespace lookfar {
 
 namespace {
 
-constexpr const char* spoken_protocols = "http,https";
 /// A stream gives a picture too. Whatever else a host has, its answer may tell the user more than
 /// a refusal does.
 constexpr const char* all_else = ",multipart/x-mixed-replace;q=0.5,*/*;q=0.1";
-/// The library's word against those that the environment names.
-constexpr const char* no_proxy = "";
-/// The library's word for those that it unpacks.
-constexpr const char* all_encodings = "";
-/// Eight times what the library takes at once by itself.
-constexpr long most_bytes_at_once = 131072;
 
-/// The library takes zero as "no limit" and refuses what does not fit an int.
-long timeout_milliseconds(std::chrono::milliseconds timeout) {
-    return static_cast<long>(std::clamp<std::int64_t>(timeout.count(), 1, INT_MAX));
+bool offers_basic(CURL* handle) {
+    long schemes = 0;
+    curl_easy_getinfo(handle, CURLINFO_HTTPAUTH_AVAIL, &schemes);
+    return (static_cast<unsigned long>(schemes) & CURLAUTH_BASIC) != 0;
+}
+
+std::chrono::milliseconds time_taken(CURL* handle) {
+    curl_off_t microseconds = 0;
+    curl_easy_getinfo(handle, CURLINFO_TOTAL_TIME_T, &microseconds);
+    return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::microseconds(microseconds));
 }
 
 } // namespace
 
 CurlExchange::CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
-                           const std::string& media_types, KnownAnswerReference known)
+                           RequestManner manner, const std::string& media_types,
+                           KnownAnswerReference known)
     : multi_(multi),
       ticket_(std::move(ticket)),
       address_(address_of(ticket_->request.url)),
+      manner_(manner),
       known_(std::move(known)) {
-    set_destination();
-    set_trust();
-    set_manners(media_types);
-    set_limits();
+    set_head_lines(media_types);
+    set_request(easy_.get(), address_, manner_, header_lines_);
     set_receiver();
     if (curl_multi_add_handle(multi_, easy_.get()) != CURLM_OK)
         throw failure_of(CURLE_FAILED_INIT);
@@ -50,104 +44,117 @@ CurlExchange::~CurlExchange() {
     curl_multi_remove_handle(multi_, easy_.get());
 }
 
+std::optional<RequestManner> CurlExchange::other_manner(CURLcode code) const {
+    RequestManner other = manner_;
+    other.timeout -= time_taken(easy_.get());
+    if (is_packed_unknown(code) && manner_.unpacks)
+        other.unpacks = false;
+    else if (code == CURLE_OK && is_password_withheld() && offers_basic(easy_.get()))
+        other.authentication = CURLAUTH_BASIC;
+    else
+        return std::nullopt;
+    return other;
+}
+
 std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
-    if (code != CURLE_OK && !body_.is_whole_part())
+    if (code == CURLE_OK || body_.is_whole_part())
+        return answer();
+    // Another question for the password, which is not answered.
+    if (code == CURLE_ABORTED_BY_CALLBACK)
+        return head();
+    if (!may_hold_picture(code))
         return failure(code);
-    Answer answer = answer_head(easy_.get(), address_);
+    Answer cut_off = answer();
+    cut_off.failure = failure(code);
+    return cut_off;
+}
+
+/// A host that is told the password unasked has it before its first question for it, and any other
+/// host after that.
+bool CurlExchange::is_password_told() const {
+    const int questions = manner_.authentication == CURLAUTH_BASIC ? 0 : 1;
+    return heads_.unauthorized() > questions;
+}
+
+Answer CurlExchange::head() const {
+    return answer_head(easy_.get(), address_, is_password_told());
+}
+
+/// Whether the host has asked for the password, and the library, which has one, has not told it.
+bool CurlExchange::is_password_withheld() const {
+    constexpr long unauthorized = 401;
+    const Answer answer = head();
+    return answer.status == unauthorized && answer.credentials == Credentials::untold;
+}
+
+/// Whether not a byte of the body could be unpacked.
+bool CurlExchange::is_packed_unknown(CURLcode code) const {
+    const bool is_refused = heads_.is_too_large() || body_.refusal();
+    return (code == CURLE_BAD_CONTENT_ENCODING || code == CURLE_WRITE_ERROR) && body_.is_empty() &&
+           !is_refused;
+}
+
+/// A host may count or end its body wrong although the picture is whole.
+bool CurlExchange::may_hold_picture(CURLcode code) const {
+    return !body_.is_empty() && !body_.refusal() && code != CURLE_OPERATION_TIMEDOUT &&
+           code != CURLE_FILESIZE_EXCEEDED;
+}
+
+Answer CurlExchange::answer() {
+    Answer answer = head();
     answer.body = body_.take();
+    if (answer.is_packed && !manner_.unpacks)
+        answer.failure = failure(CURLE_BAD_CONTENT_ENCODING);
     return answer;
 }
 
 Failure CurlExchange::failure(CURLcode code) const {
     if (const auto& refusal = body_.refusal())
         return *refusal;
-    if (is_head_too_large_)
+    if (heads_.is_too_large())
         return answer_head_too_large();
     long tunnel_status = 0;
     curl_easy_getinfo(easy_.get(), CURLINFO_HTTP_CONNECTCODE, &tunnel_status);
     return failure_of({.code = code,
-                       .stage = stage_,
+                       .stage = heads_.stage(),
                        .tunnel_status = tunnel_status,
                        .words = error_text_.data()});
 }
 
-template <class Value>
-void CurlExchange::set(CURLoption option, Value value) {
-    if (const CURLcode code = curl_easy_setopt(easy_.get(), option, value); code != CURLE_OK)
-        throw failure_of(code);
-}
-
-void CurlExchange::set_destination() {
-    set(CURLOPT_URL, address_.url.c_str());
-    if (address_.has_credentials()) {
-        set(CURLOPT_USERNAME, address_.user_name.c_str());
-        set(CURLOPT_PASSWORD, address_.password.c_str());
-    }
-    if (!ticket_->request.uses_proxies)
-        set(CURLOPT_PROXY, no_proxy);
-    set(CURLOPT_PROTOCOLS_STR, spoken_protocols);
-    set(CURLOPT_REDIR_PROTOCOLS_STR, spoken_protocols);
-    set(CURLOPT_FOLLOWLOCATION, 1L);
-    set(CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
-    set(CURLOPT_HTTPAUTH, CURLAUTH_ANY);
-}
-
-void CurlExchange::set_trust() {
-    if (const char* const certificates = std::getenv("SSL_CERT_FILE"))
-        set(CURLOPT_CAINFO, certificates);
-}
-
-void CurlExchange::set_manners(const std::string& media_types) {
-    set(CURLOPT_USERAGENT, LOOKFAR_USER_AGENT);
+void CurlExchange::set_head_lines(const std::string& media_types) {
     append(header_lines_, "Accept: " + media_types + all_else);
     if (known_)
         append(header_lines_, "If-None-Match: " + known_->entity_tag);
-    set(CURLOPT_HTTPHEADER, header_lines_.get());
-    set(CURLOPT_ACCEPT_ENCODING, all_encodings);
-}
-
-void CurlExchange::set_limits() {
-    const long timeout = timeout_milliseconds(ticket_->request.timeout);
-    set(CURLOPT_TIMEOUT_MS, timeout);
-    set(CURLOPT_CONNECTTIMEOUT_MS, timeout);
-    set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(AnswerBody::largest));
-    set(CURLOPT_NOSIGNAL, 1L);
-    // A name look-up that hangs is left behind rather than waited for.
-    set(CURLOPT_QUICK_EXIT, 1L);
 }
 
 void CurlExchange::set_receiver() {
-    set(CURLOPT_ERRORBUFFER, error_text_.data());
-    set(CURLOPT_BUFFERSIZE, most_bytes_at_once);
-    set(CURLOPT_PREREQFUNCTION, &CurlExchange::begin_request);
-    set(CURLOPT_PREREQDATA, this);
-    set(CURLOPT_HEADERFUNCTION, &CurlExchange::receive_header);
-    set(CURLOPT_HEADERDATA, this);
-    set(CURLOPT_WRITEFUNCTION, &CurlExchange::receive_body);
-    set(CURLOPT_WRITEDATA, this);
+    CURL* const handle = easy_.get();
+    set(handle, CURLOPT_ERRORBUFFER, error_text_.data());
+    set(handle, CURLOPT_PREREQFUNCTION, &CurlExchange::begin_request);
+    set(handle, CURLOPT_PREREQDATA, this);
+    set(handle, CURLOPT_HEADERFUNCTION, &CurlExchange::receive_header);
+    set(handle, CURLOPT_HEADERDATA, this);
+    set(handle, CURLOPT_WRITEFUNCTION, &CurlExchange::receive_body);
+    set(handle, CURLOPT_WRITEDATA, this);
 }
 
+/// The library would answer a host's questions for the password as often as it follows redirects.
 int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
-    static_cast<CurlExchange*>(exchange)->stage_ = ExchangeStage::reading_head;
+    auto& self = *static_cast<CurlExchange*>(exchange);
+    if (self.is_password_told())
+        return CURL_PREREQFUNC_ABORT;
+    self.heads_.begin_request();
     return CURL_PREREQFUNC_OK;
 }
 
 // The library ends the transfer if fewer bytes are taken than it gives.
 std::size_t CurlExchange::receive_header(char* data, std::size_t, std::size_t size,
                                          void* exchange) {
-    return static_cast<CurlExchange*>(exchange)->count_header({data, size}) ? size : 0;
+    return static_cast<CurlExchange*>(exchange)->heads_.append({data, size}) ? size : 0;
 }
 
 std::size_t CurlExchange::receive_body(char* data, std::size_t, std::size_t size, void* exchange) {
     return static_cast<CurlExchange*>(exchange)->append_body({data, size}) ? size : 0;
-}
-
-bool CurlExchange::count_header(std::string_view line) {
-    const bool is_last = line == "\r\n" || line == "\n";
-    stage_ = is_last ? ExchangeStage::reading_body : ExchangeStage::reading_head;
-    header_size_ += line.size();
-    is_head_too_large_ = header_size_ > CurlTransfers::largest_header;
-    return !is_head_too_large_;
 }
 
 bool CurlExchange::append_body(std::span<const char> part) {

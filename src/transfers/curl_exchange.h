@@ -4,14 +4,16 @@
 #include "transfers/address.h"
 #include "transfers/answer.h"
 #include "transfers/answer_body.h"
+#include "transfers/answer_heads.h"
 #include "transfers/curl_handles.h"
-#include "transfers/exchange_failures.h"
+#include "transfers/curl_request.h"
 #include "transfers/last_answer.h"
 
 #include <array>
 #include <atomic>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -33,9 +35,9 @@ struct TransferTicket {
 /// belongs to the worker.
 class CurlExchange {
   public:
-    /// Asks for pictures of these media types, with commas between them. Throws a Failure if the
-    /// request cannot be started.
-    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket,
+    /// Asks in that manner for pictures of these media types, with commas between them. Throws a
+    /// Failure if the request cannot be started.
+    CurlExchange(CURLM* multi, std::shared_ptr<TransferTicket> ticket, RequestManner manner,
                  const std::string& media_types, KnownAnswerReference known);
     CurlExchange(const CurlExchange&) = delete;
     CurlExchange& operator=(const CurlExchange&) = delete;
@@ -47,33 +49,37 @@ class CurlExchange {
     /// What the host was asked to send its picture for only if that has changed.
     const KnownAnswerReference& known() const { return known_; }
 
-    /// The answer to, or the failure of, a transfer that the library ended with the code.
+    /// How the host is to be asked once more, in the time that is left, where the library has ended
+    /// the transfer with the code and another manner may bring the picture.
+    std::optional<RequestManner> other_manner(CURLcode code) const;
+
+    /// The answer to, or the failure of, a transfer that the library ended with the code. What has
+    /// come of a body that was cut off is an answer too.
     std::variant<Answer, Failure> take_answer(CURLcode code);
 
   private:
-    template <class Value>
-    void set(CURLoption option, Value value);
-    void set_destination();
-    void set_trust();
-    void set_manners(const std::string& media_types);
-    void set_limits();
+    void set_head_lines(const std::string& media_types);
     void set_receiver();
 
     static int begin_request(void* exchange, char*, char*, int, int);
     static std::size_t receive_header(char* data, std::size_t, std::size_t size, void* exchange);
     static std::size_t receive_body(char* data, std::size_t, std::size_t size, void* exchange);
-    bool count_header(std::string_view line);
     bool append_body(std::span<const char> part);
+    bool is_password_told() const;
+    Answer head() const;
+    bool is_password_withheld() const;
+    bool is_packed_unknown(CURLcode code) const;
+    bool may_hold_picture(CURLcode code) const;
+    Answer answer();
     Failure failure(CURLcode code) const;
 
     CURLM* multi_;
     std::shared_ptr<TransferTicket> ticket_;
     Address address_;
+    RequestManner manner_;
     KnownAnswerReference known_;
+    AnswerHeads heads_;
     AnswerBody body_;
-    std::size_t header_size_ = 0;
-    ExchangeStage stage_ = ExchangeStage::connecting;
-    bool is_head_too_large_ = false;
     std::array<char, CURL_ERROR_SIZE> error_text_{};
     HeaderLines header_lines_;
     EasyHandle easy_ = make_easy_handle();

@@ -89,7 +89,8 @@ class CurlTransfers::Worker {
             return;
         for (const auto& ticket : take_waiting())
             if (!ticket->is_abandoned)
-                start(ticket);
+                start(ticket, {.timeout = ticket->request.timeout,
+                               .uses_proxies = ticket->request.uses_proxies});
     }
 
     std::vector<std::shared_ptr<TransferTicket>> take_waiting() {
@@ -97,11 +98,11 @@ class CurlTransfers::Worker {
         return std::exchange(waiting_, {});
     }
 
-    void start(const std::shared_ptr<TransferTicket>& ticket) {
+    void start(const std::shared_ptr<TransferTicket>& ticket, const RequestManner& manner) {
         report_failure_of(ticket, [&] {
-            running_.push_back(
-                std::make_unique<CurlExchange>(multi_.get(), ticket, decoder_->media_types(),
-                                               last_answer_.known_at(ticket->request.url)));
+            running_.push_back(std::make_unique<CurlExchange>(
+                multi_.get(), ticket, manner, decoder_->media_types(),
+                last_answer_.known_at(ticket->request.url)));
         });
     }
 
@@ -136,7 +137,10 @@ class CurlTransfers::Worker {
             running_, [handle](const auto& exchange) { return exchange->is_on(handle); });
         const auto exchange = std::move(*found);
         running_.erase(found);
-        report_failure_of(exchange->ticket(), [&] { report(*exchange, code); });
+        if (const auto other_manner = exchange->other_manner(code))
+            start(exchange->ticket(), *other_manner);
+        else
+            report_failure_of(exchange->ticket(), [&] { report(*exchange, code); });
     }
 
     void report(CurlExchange& exchange, CURLcode code) {

@@ -12,8 +12,8 @@ namespace lookfar {
 
 namespace {
 
-/// Since libcurl 8.6, which names it CURLE_TOO_LARGE. Before, a header line that is too long ended
-/// as if there were no memory for it.
+/// Since libcurl 8.6, which names it CURLE_TOO_LARGE. Before, a line of a header or a trailer that
+/// is too long ended as if there were no memory for it.
 constexpr auto value_too_large = static_cast<CURLcode>(100);
 
 constexpr const char* not_received = "The camera's answer can't be received.";
@@ -60,9 +60,8 @@ bool is_of_another_protocol(const ExchangeEnd& end) {
            (end.code == CURLE_UNSUPPORTED_PROTOCOL && end.stage == ExchangeStage::reading_head);
 }
 
-bool is_of_too_large_head(const ExchangeEnd& end) {
-    return end.stage == ExchangeStage::reading_head &&
-           (end.code == value_too_large || end.code == CURLE_OUT_OF_MEMORY);
+bool is_of_too_long_line(const ExchangeEnd& end) {
+    return end.code == value_too_large || end.code == CURLE_OUT_OF_MEMORY;
 }
 
 bool is_refused_tunnel(const ExchangeEnd& end) {
@@ -78,8 +77,10 @@ Failure failure_of(const ExchangeEnd& end) {
                                       std::to_string(end.tunnel_status) + ")."};
     if (is_of_another_protocol(end))
         return {CURLE_UNSUPPORTED_PROTOCOL, "The camera's answer is not HTTP."};
-    if (is_of_too_large_head(end))
+    if (end.stage == ExchangeStage::reading_head && is_of_too_long_line(end))
         return answer_head_too_large();
+    if (end.stage == ExchangeStage::reading_body && is_of_too_long_line(end))
+        return sentence_for({.code = CURLE_RECV_ERROR});
     if (end.code == CURLE_UNSUPPORTED_PROTOCOL || end.code == CURLE_URL_MALFORMAT)
         return {end.code, "The camera redirects to no address of http or https."};
     // What can't be unpacked can fail to be written, too.

@@ -12,7 +12,7 @@ constexpr int ok = 200;
 constexpr int not_modified = 304;
 
 bool may_be_confirmed(const Answer& answer) {
-    return answer.status == ok && !answer.is_not_to_be_stored &&
+    return answer.status == ok && !answer.failure && !answer.is_not_to_be_stored &&
            !answer.media_type.starts_with("multipart/");
 }
 
@@ -47,6 +47,8 @@ LastAnswer::outcome_without_decoding(const Answer& answer, const std::string& ad
 TransferOutcome LastAnswer::outcome_of(Answer answer, const std::string& address,
                                        DecodedPicture picture) {
     const bool is_picture = std::holds_alternative<Pixels>(picture);
+    if (answer.failure && !is_picture)
+        return *answer.failure;
     const std::string complaint = complaint_about(answer);
     auto body = decoded_body(std::move(answer.body), std::move(picture), complaint);
     last_ = is_picture ? known_answer(answer, address, body) : nullptr;

@@ -33,7 +33,8 @@ class LastAnswer {
                                                             const std::string& address,
                                                             const KnownAnswerReference& known);
 
-    /// The body of the answer from the address with what it was decoded to.
+    /// The body of the answer from the address with what it was decoded to, or the answer's failure
+    /// where that is no picture.
     TransferOutcome outcome_of(Answer answer, const std::string& address, DecodedPicture picture);
 
   private:

@@ -72,12 +72,45 @@ TEST_F(Transfers, UnpackCompressedBodies) {
         });
         EXPECT_EQ(text_at("/packed"), "hello") << encoding;
     }
-    for (const auto& [encoding, body] : {std::pair("gzip", "hello"), std::pair("rot13", "uryyb")}) {
-        server.answer("/badly-packed",
-                      always({.body = body, .headers = {{"Content-Encoding", encoding}}}));
-        EXPECT_EQ(text_at("/badly-packed"),
-                  "failure 61: The camera's answer is compressed in a way that can't be unpacked.");
-    }
+}
+
+TEST_F(Transfers, ShowAPictureThatIsWholeHoweverItsTransferEnds) {
+    const std::string packed("\x1F\x8B\x08\0\0\0\0\0\x02\x03\xCBH\xCD\xC9\xC9\x07\0\x86\xA6\x10\x36"
+                             "\x05\0\0\0",
+                             25);
+    const std::string too_early = "failure 18: The camera's answer ends too early.";
+    const std::string not_unpacked =
+        "failure 61: The camera's answer is compressed in a way that can't be unpacked.";
+    const struct {
+        std::string head;
+        std::string body;
+        std::string failure;
+    } cases[] = {
+        {"Content-Length: 9", "hello", too_early},
+        {"Transfer-Encoding: chunked", "5\r\nhello\r\n", too_early},
+        {"Transfer-Encoding: chunked",
+         "5\r\nhello\r\n0\r\nTrailer: " + std::string(180'000, 'a') + "\r\n\r\n",
+         "failure 56: The camera's answer can't be received."},
+        {"Content-Encoding: gzip", packed + std::string(500'000, 'a'), not_unpacked},
+        {"Content-Encoding: gzip", packed.substr(0, packed.size() - 8) + "?1234567", not_unpacked},
+        {"Content-Encoding: gzip", "hello", not_unpacked},
+        {"Content-Encoding: utf-8", "hello", not_unpacked},
+    };
+    const auto answer = [this](const std::string& bytes) {
+        server.answer("/odd", [bytes](const demo::Request&) {
+            return demo::RawAnswer([bytes](const demo::Socket& socket) { socket.write(bytes); });
+        });
+    };
+    for (const bool is_picture : {false, true})
+        for (const auto& [head, body, failure] : cases) {
+            decode = [is_picture]() -> Pixels {
+                return is_picture ? Pixels() : throw Failure(FailureKind::invalid_picture, "cut");
+            };
+            answer("HTTP/1.1 200 OK\r\nETag: \"a\"\r\n" + head + "\r\n\r\n" + body);
+            for (int count = 0; count < 2; ++count)
+                EXPECT_EQ(text_at("/odd"), is_picture ? "hello" : failure) << head << body[0];
+            EXPECT_EQ(server.last_request().header("If-None-Match"), std::nullopt);
+        }
 }
 
 TEST_F(Transfers, EndAStreamBehindItsFirstPicture) {

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "transfers/exchange_failures.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace lookfar {
+
+/// Follows the heads of an exchange's answers, its redirects and its questions for a password
+/// among them.
+class AnswerHeads {
+  public:
+    void begin_request() { stage_ = ExchangeStage::reading_head; }
+    /// Takes the next line, with its end. False where all lines so far are too large.
+    bool append(std::string_view line);
+
+    ExchangeStage stage() const { return stage_; }
+    bool is_too_large() const;
+    /// How many of the answers have the status 401.
+    int unauthorized() const { return unauthorized_; }
+
+  private:
+    std::size_t size_ = 0;
+    ExchangeStage stage_ = ExchangeStage::connecting;
+    int unauthorized_ = 0;
+};
+
+} // namespace lookfar
