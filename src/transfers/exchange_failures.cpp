@@ -75,6 +75,8 @@ Failure failure_of(const ExchangeEnd& end) {
     if (is_refused_tunnel(end))
         return {CURLE_RECV_ERROR, "The proxy does not connect to the camera (" +
                                       std::to_string(end.tunnel_status) + ")."};
+    if (end.code == CURLE_COULDNT_CONNECT && end.is_by_proxy)
+        return {end.code, "The proxy can't be reached."};
     if (is_of_another_protocol(end))
         return {CURLE_UNSUPPORTED_PROTOCOL, "The camera's answer is not HTTP."};
     if (end.stage == ExchangeStage::reading_head && is_of_too_long_line(end))

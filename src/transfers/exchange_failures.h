@@ -22,6 +22,8 @@ struct ExchangeEnd {
     ExchangeStage stage = ExchangeStage::connecting;
     /// What a proxy has answered to the wish for a tunnel to the host; zero without one.
     long tunnel_status = 0;
+    /// The host was to be asked through a proxy.
+    bool is_by_proxy = false;
     /// What libcurl tells of it; may be empty.
     std::string_view words = {};
 };

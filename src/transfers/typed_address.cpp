@@ -68,6 +68,17 @@ std::string_view without_slashes_before(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of('/'), text.size()));
 }
 
+/// Whether the text, from the colon behind it on, makes the word a scheme and not a host.
+bool names_scheme(std::string_view word, std::string_view from_colon) {
+    constexpr std::array<std::string_view, 6> without_slashes{"about", "blob",       "data",
+                                                              "file",  "javascript", "mailto"};
+    if (from_colon.starts_with("://"))
+        return is_scheme(word);
+    const std::string_view port = from_colon.substr(0, from_colon.find_first_of("/?#"));
+    return std::ranges::find(without_slashes, word) != without_slashes.end() &&
+           !from_colon.empty() && port.find_first_not_of("0123456789", 1) != std::string_view::npos;
+}
+
 struct SplitAddress {
     std::string scheme;
     /// From the user name or the host on.
@@ -79,7 +90,7 @@ SplitAddress split(std::string_view text) {
     const std::string scheme = in_small_letters(text.substr(0, colon));
     if (scheme == "http" || scheme == "https")
         return {scheme, without_slashes_before(text.substr(std::min(colon + 1, text.size())))};
-    if (is_scheme(scheme) && text.substr(colon).starts_with("://"))
+    if (names_scheme(scheme, text.substr(colon)))
         throw Failure(CURLE_UNSUPPORTED_PROTOCOL, "The address is neither http nor https.");
     return {"http", without_slashes_before(text)};
 }

@@ -40,6 +40,27 @@ TEST_F(Transfers, SayInTheProgramsWordsWhyThereIsNoConnection) {
               "failure 56: The proxy does not connect to the camera (400).");
 }
 
+TEST_F(Transfers, BlameAProxyOnlyForTheHostsThatAreAskedThroughIt) {
+    const EnvironmentVariable dead_proxy("http_proxy", "http://127.0.0.1:2");
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "proxy"},
+        {"*", "camera"},
+        {"cam.example 127.0.0.1", "camera"},
+        {"10.0.0.0/8,127.0.0.0/8", "camera"},
+        {"127.128.0.0/9,::/0,127.0.0.2", "proxy"},
+        {".localhost", "camera"},
+        {"host,xlocalhost", "proxy"},
+    };
+    for (const auto& [exceptions, culprit] : cases) {
+        const EnvironmentVariable no_proxy("no_proxy", exceptions);
+        const std::string host =
+            exceptions.find("host") == std::string::npos ? "127.0.0.1" : "LocalHost";
+        EXPECT_EQ(text_from("http://" + host + ":1/"),
+                  "failure 7: The " + culprit + " can't be reached.")
+            << exceptions;
+    }
+}
+
 TEST_F(Transfers, FailWhereTheirBodyIsTooMuchForTheMemory) {
     decode = []() -> Pixels { throw std::bad_alloc(); };
     EXPECT_EQ(text_at("/hello"), "failure 27: There is not enough memory for the camera's answer.");
