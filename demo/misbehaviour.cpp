@@ -108,6 +108,7 @@ std::map<std::string, Responder> streams() {
                           .tells_length = false};
     return {
         {"/stream", always(stream(small_picture))},
+        {"/stream-short-length", always(stream(small_picture, {.untold_bytes = 1000}))},
         {"/stream-bare", always(stream(small_picture, bare))},
         {"/stream-odd", always(stream(small_picture, odd))},
         {"/stream-of-one", always(stream_of_one(small_picture()))},

@@ -11,7 +11,9 @@ std::string head_of(const StreamStyle& style) {
 
 std::string part_of(const Answer& picture, const StreamStyle& style) {
     const std::string length =
-        style.tells_length ? "Content-Length: " + std::to_string(picture.body.size()) + "\r\n" : "";
+        style.tells_length
+            ? "Content-Length: " + std::to_string(picture.body.size() - style.untold_bytes) + "\r\n"
+            : "";
     return style.delimiter + "\r\nContent-Type: " + picture.content_type + "\r\n" + length +
            "\r\n" + picture.body + "\r\n";
 }

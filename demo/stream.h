@@ -3,6 +3,7 @@
 #include "demo/connection.h"
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -14,6 +15,7 @@ struct StreamStyle {
     std::string delimiter = "--frame";   ///< As it stands in the body.
     std::string preamble = {};           ///< What the body starts with.
     bool tells_length = true;            ///< In each part's header.
+    std::size_t untold_bytes = 0;        ///< By so many the told length is too short.
     std::chrono::milliseconds pause{50}; ///< Between two pictures.
 };
 

@@ -13,7 +13,8 @@ std::string_view text_of(std::span<const std::uint8_t> bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
-/// The length that a header line tells, if it is the one that does.
+/// The length that a header line tells, if it is the one that does. That there is nothing is not
+/// believed.
 std::optional<std::size_t> length_in(std::string_view line) {
     const std::size_t colon = line.find(':');
     if (in_small_letters(trimmed_of_blanks(line.substr(0, colon))) != "content-length")
@@ -22,7 +23,7 @@ std::optional<std::size_t> length_in(std::string_view line) {
     std::size_t length = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), length);
     const bool is_number = error == std::errc() && end == digits.data() + digits.size();
-    return is_number ? std::optional(length) : std::nullopt;
+    return is_number && length > 0 ? std::optional(length) : std::nullopt;
 }
 
 /// The line end before a delimiter belongs to the delimiter.
@@ -85,7 +86,10 @@ bool FirstPart::pass_header_line(std::string_view body) {
 bool FirstPart::end_by_length(std::string_view body, std::size_t length) {
     if (body.size() - begin_ < length)
         return false;
-    end_at(begin_ + length, begin_ + length);
+    if (boundary_.may_begin(body.substr(begin_ + length)))
+        end_at(begin_ + length, begin_ + length);
+    else
+        length_.reset();
     return true;
 }
 

@@ -14,9 +14,11 @@ namespace lookfar {
 /// Finds the first part of a multipart answer in the body while that comes, so that a stream of
 /// pictures gives its current one.
 ///
-/// It reads what cameras really send: parts with and without a Content-Length, text before the
+/// It reads what cameras really send: parts with a Content-Length, which need not be true, and
+/// without, text before the
 /// first delimiter, a delimiter right behind a picture, lines that end in LF alone. A part without
-/// a byte counts for none.
+/// a byte counts for none. Where no delimiter follows on the length that a part tells, it goes on
+/// to the next delimiter; where nothing has come behind that length, the part is whole.
 class FirstPart {
   public:
     explicit FirstPart(MultipartBoundary boundary) : boundary_(std::move(boundary)) {}

@@ -15,6 +15,12 @@ std::string_view without_dashes_before(std::string_view text) {
     return text.substr(std::min(text.find_first_not_of('-'), text.size()));
 }
 
+std::string_view without_line_end_before(std::string_view text) {
+    text.remove_prefix(text.starts_with('\r') ? 1 : 0);
+    text.remove_prefix(text.starts_with('\n') ? 1 : 0);
+    return text;
+}
+
 std::size_t begin_of_dashes(std::string_view text, std::size_t end) {
     const std::size_t before = text.substr(0, end).find_last_not_of('-');
     return before == std::string_view::npos ? 0 : before + 1;
@@ -55,6 +61,13 @@ bool MultipartBoundary::is_delimiter(std::string_view line) const {
     const std::string_view text = without_dashes_before(trimmed_of_blanks(line));
     return is_known() && text.starts_with(text_) &&
            (text.size() == text_.size() || text.substr(text_.size()) == end_of_stream);
+}
+
+bool MultipartBoundary::may_begin(std::string_view text) const {
+    const std::string_view line = without_dashes_before(without_line_end_before(text));
+    if (line.size() < text_.size())
+        return text_.starts_with(line);
+    return line.starts_with(text_) && is_line_over(line.substr(text_.size())) != false;
 }
 
 MultipartBoundary::Place MultipartBoundary::find_delimiter(std::string_view text,

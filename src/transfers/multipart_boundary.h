@@ -22,6 +22,10 @@ class MultipartBoundary {
     /// Whether a line, without its end, is a delimiter.
     bool is_delimiter(std::string_view line) const;
 
+    /// Whether the text begins with a delimiter and the line end that belongs to it, or may do so
+    /// with more text.
+    bool may_begin(std::string_view text) const;
+
     /// Where in a text a delimiter is, or how far there is none.
     struct Place {
         std::size_t begin;

@@ -122,6 +122,7 @@ TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
         {"guest:wrong@/digest", 481, "The camera refuses the user name or the password (401)."},
         {"/long-length"},
         {"/stream"},
+        {"/stream-short-length"},
         {"/stream-bare"},
         {"/stream-odd"},
         {"/stream-of-one"},
