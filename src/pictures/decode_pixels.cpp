@@ -1,9 +1,13 @@
 #include "pictures/decode_pixels.h"
 
+#include "pictures/exif_orientation.h"
+#include "pictures/gif_blocks.h"
 #include "pictures/image_pixels.h"
 #include "pictures/jpeg_decoder.h"
-#include "pictures/png_texts.h"
+#include "pictures/picture_failures.h"
+#include "pictures/png_chunks.h"
 #include "pictures/readable_pictures.h"
+#include "pictures/webp_chunks.h"
 #include "runtime/failure.h"
 
 #include <QBuffer>
@@ -12,22 +16,25 @@
 #include <QImageReader>
 #include <QTransform>
 
+#include <climits>
 #include <new>
-#include <string>
 #include <string_view>
 
 namespace lookfar {
 
 namespace {
 
-[[noreturn]] void refuse(const std::string& reason) {
-    throw Failure(FailureKind::invalid_picture, reason);
+void refuse_size(QSize size) {
+    if (size.isEmpty())
+        throw Failure(FailureKind::invalid_picture, "The picture has no size.");
+    refuse_large(size.width(), size.height());
 }
 
-void refuse_size(QSize size) {
-    if (!size.isValid() || size.isEmpty())
-        refuse("The picture has no size.");
-    refuse_large(size.width(), size.height());
+/// A bitmap whose top row comes first has a negative height, and a picture without a header that
+/// can be read two negative sides.
+QSize without_direction(QSize size) {
+    const bool is_top_down = size.width() >= 0 && size.height() < 0 && size.height() > INT_MIN;
+    return is_top_down ? QSize(size.width(), -size.height()) : size;
 }
 
 /// In megabytes; Qt's own limit is lower than ours.
@@ -59,7 +66,8 @@ class FileContent : public QBuffer {
 /// Qt's reader over the bytes of a picture that may be decoded.
 class Reader {
   public:
-    explicit Reader(std::span<const std::uint8_t> bytes) : content_(bytes), reader_(&content_) {
+    explicit Reader(std::span<const std::uint8_t> bytes)
+        : bytes_(bytes), content_(bytes), reader_(&content_) {
         QImageReader::setAllocationLimit(reader_allocation_limit);
         format_ = format_of(bytes);
         // Any other reader would be loaded to be asked.
@@ -68,25 +76,51 @@ class Reader {
         if (format_.empty() || !reader_.canRead())
             throw Failure(FailureKind::unknown_picture_format,
                           "The camera's answer is not a picture.");
-        refuse_size(reader_.size());
+        if (!size().isValid())
+            refuse_unreadable();
+        refuse_size(size());
     }
 
     bool is_jpeg() const { return format_ == "jpeg"; }
-    QSize size() const { return reader_.size(); }
-    QImageIOHandler::Transformations orientation() const { return reader_.transformation(); }
+    QSize size() const { return without_direction(reader_.size()); }
+    /// Qt's readers of the other formats look at no orientation mark.
+    QImageIOHandler::Transformations orientation() const {
+        return is_jpeg() ? reader_.transformation() : orientation_in_exif(exif());
+    }
 
     QImage read() {
         refuse_hungry(size().width(), size().height(), bytes_for_each_pixel());
         QImage image = reader_.read();
         if (image.isNull())
-            refuse("The picture can't be decoded: " + reader_.errorString().toStdString());
+            refuse_unreadable();
         refuse_size(image.size());
-        if (reads_what_it_needs() && content_.was_too_short())
+        if (is_cut_short())
             throw picture_cut_short();
         return image;
     }
 
   private:
+    std::span<const std::uint8_t> exif() const {
+        if (format_ == "png")
+            return exif_in_png(bytes_);
+        return format_ == "webp" ? exif_in_webp(bytes_) : std::span<const std::uint8_t>();
+    }
+
+    [[noreturn]] void refuse_unreadable() const {
+        throw is_cut_short() ? picture_cut_short() : picture_not_decodable();
+    }
+
+    bool is_cut_short() const {
+        if (is_jpeg())
+            return is_cut_short_jpeg(bytes_);
+        if (format_ == "gif")
+            return is_cut_short_gif(bytes_);
+        if (format_ == "webp")
+            return is_cut_short_webp(bytes_);
+        // The readers of the others ask for no byte that the picture doesn't need.
+        return content_.was_too_short();
+    }
+
     /// Those of the reader's own format, and of the same with three bytes and the opacity.
     int bytes_for_each_pixel() const {
         constexpr int bits_per_byte = 8;
@@ -98,9 +132,7 @@ class Reader {
         return own + bytes_per_pixel + 1;
     }
 
-    /// Readers of these formats ask for no byte that the picture doesn't need.
-    bool reads_what_it_needs() const { return format_ == "png" || format_ == "bmp"; }
-
+    std::span<const std::uint8_t> bytes_;
     FileContent content_;
     QImageReader reader_;
     std::string_view format_;
@@ -140,7 +172,6 @@ Pixels decode(std::span<const std::uint8_t> bytes, const PixelAllocator& allocat
     refuse_many_scans(bytes, reader.size().width(), reader.size().height());
     if (const auto pixels = decode_jpeg(bytes, allocate))
         return laid(*pixels, reader.orientation(), allocate);
-    refuse_cut_short_jpeg(bytes);
     return decode_by_reader(reader, allocate);
 }
 

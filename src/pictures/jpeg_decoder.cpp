@@ -1,5 +1,6 @@
 #include "pictures/jpeg_decoder.h"
 
+#include "pictures/picture_failures.h"
 #include "runtime/pictures/pixel_layout.h"
 
 #include <turbojpeg.h>
@@ -7,7 +8,6 @@
 #include <cstddef>
 #include <cstring>
 #include <new>
-#include <string>
 #include <type_traits>
 
 namespace lookfar {
@@ -113,9 +113,9 @@ std::optional<Header> read_header(tjhandle handle, std::span<const std::uint8_t>
 /// up.
 void refuse_failed(tjhandle handle, std::span<const std::uint8_t> bytes) {
     if (tjGetErrorCode(handle) != TJERR_WARNING)
-        throw Failure(FailureKind::invalid_picture,
-                      std::string("The picture can't be decoded: ") + tjGetErrorStr2(handle));
-    refuse_cut_short_jpeg(bytes);
+        throw picture_not_decodable();
+    if (is_cut_short_jpeg(bytes))
+        throw picture_cut_short();
 }
 
 } // namespace
@@ -126,15 +126,6 @@ bool starts_jpeg(std::span<const std::uint8_t> bytes) {
 
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
     return starts_jpeg(bytes) && !has_end_marker(bytes);
-}
-
-Failure picture_cut_short() {
-    return Failure(FailureKind::invalid_picture, "The picture ends too early.");
-}
-
-void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
-    if (is_cut_short_jpeg(bytes))
-        throw picture_cut_short();
 }
 
 int count_jpeg_scans(std::span<const std::uint8_t> bytes) {

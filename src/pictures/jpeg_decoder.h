@@ -16,12 +16,6 @@ bool starts_jpeg(std::span<const std::uint8_t> bytes);
 /// part that is missing and report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
-/// The failure of a picture that ends too early, of whatever format.
-Failure picture_cut_short();
-
-/// Throws that failure for such a JPEG.
-void refuse_cut_short_jpeg(std::span<const std::uint8_t> bytes);
-
 /// The scans that a JPEG is stored in: one, or about ten for a picture that comes clearer step by
 /// step. None for other bytes.
 int count_jpeg_scans(std::span<const std::uint8_t> bytes);

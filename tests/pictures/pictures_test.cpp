@@ -1,6 +1,6 @@
 #include "pictures/decode_pixels.h"
 #include "pictures/jpeg_decoder.h"
-#include "pictures/png_texts.h"
+#include "pictures/png_chunks.h"
 #include "pictures/readable_pictures.h"
 #include "runtime/failure.h"
 #include "runtime/pictures/picture_loader.h"
@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <string>
 #include <utility>
 
@@ -53,6 +54,16 @@ Bytes with_scans(int count) {
     for (int number = 0; number < count; ++number)
         jpeg.insert(jpeg.end() - 2 - std::ssize(scan), scan.begin(), scan.end());
     return jpeg;
+}
+
+/// A bitmap of 32 x 16 pixels, its bottom row first, with another height in its header.
+Bytes with_height(std::int32_t height) {
+    constexpr std::ptrdiff_t height_offset = 22;
+    Bytes bitmap = picture_with_white_corner(32, 16, "bmp");
+    for (const unsigned byte : {0U, 1U, 2U, 3U})
+        bitmap[height_offset + byte] =
+            static_cast<std::uint8_t>(static_cast<std::uint32_t>(height) >> 8 * byte);
+    return bitmap;
 }
 
 TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
@@ -150,9 +161,33 @@ TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
     EXPECT_THROW(load(decoded(half), jpeg), Failure) << "the half is refused, whatever follows it";
 }
 
+/// A picture of 32 x 16 pixels with a white corner and an orientation mark.
+Bytes marked_picture(const std::string& format, std::uint8_t mark) {
+    const Bytes file = picture_with_white_corner(32, 16, format.c_str());
+    std::string marked(file.begin(), file.end());
+    std::string exif("MM\0*\0\0\0\x08\0\x01\x01\x12\0\3\0\0\0\1\0?\0\0\0\0\0\0", 26);
+    exif[exif.find('?')] = static_cast<char>(mark);
+    if (format == "jpg")
+        marked.insert(2, std::string("\xFF\xE1\0\x22"
+                                     "Exif\0\0",
+                                     10) +
+                             exif);
+    if (format == "png")
+        marked.insert(33, std::string("\0\0\0\x1A"
+                                      "eXIf",
+                                      8) +
+                              exif + "1234");
+    if (format == "webp") {
+        marked.insert(12, std::string("VP8X\x0A\0\0\0\x08\0\0\0\x1F\0\0\x0F\0\0", 18));
+        marked += std::string("EXIF\x1A\0\0\0", 8) + exif;
+        marked.replace(
+            4, 2,
+            {static_cast<char>(marked.size() - 8), static_cast<char>((marked.size() - 8) >> 8U)});
+    }
+    return bytes_of(marked);
+}
+
 TEST(Pictures, LieAsTheirOrientationMarkSays) {
-    constexpr std::size_t behind_start_marker = 2;
-    const Bytes file = picture_with_white_corner(32, 16);
     const struct {
         std::uint8_t mark;
         int width;
@@ -160,20 +195,14 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
         int row;
     } cases[] = {{1, 32, 0, 0}, {2, 32, 31, 0}, {3, 32, 31, 15}, {4, 32, 0, 15},
                  {5, 16, 0, 0}, {6, 16, 15, 0}, {7, 16, 15, 31}, {8, 16, 0, 31}};
-    for (const auto& [mark, width, column, row] : cases) {
-        const Bytes segment = bytes_of(std::string("\xFF\xE1\0\x22"
-                                                   "Exif\0\0MM\0*\0\0\0\x08\0\x01"
-                                                   "\x01\x12\0\3\0\0\0\1\0?\0\0\0\0\0\0",
-                                                   36));
-        Bytes marked = file;
-        marked.insert(marked.begin() + behind_start_marker, segment.begin(), segment.end());
-        *std::ranges::find(marked, std::uint8_t{'?'}) = mark;
-        const Picture picture(decode_pixels(marked));
-        ASSERT_EQ(std::pair(picture.width(), picture.height()), std::pair(width, 48 - width));
-        EXPECT_GT(picture.bytes()[static_cast<std::size_t>(row * picture.stride() + column * 3)],
-                  200)
-            << int{mark};
-    }
+    for (const char* format : {"jpg", "png", "webp"})
+        for (const auto& [mark, width, column, row] : cases) {
+            const Picture picture(decode_pixels(marked_picture(format, mark)));
+            ASSERT_EQ(std::pair(picture.width(), picture.height()), std::pair(width, 48 - width))
+                << format << int{mark};
+            const auto place = static_cast<std::size_t>(row * picture.stride() + column * 3);
+            EXPECT_GT(picture.bytes()[place], 200) << format << int{mark};
+        }
 }
 
 TEST(Pictures, AreDecodedUpToTheLargestSize) {
@@ -199,6 +228,17 @@ TEST(Pictures, AreRefusedWithAReason) {
     const Bytes network = picture_file(64, 64, 0x336699, "png");
     Bytes wrecked = picture_file(40, 30, 0x336699, "png");
     std::fill(wrecked.end() - 40, wrecked.end(), std::uint8_t{0});
+    const Bytes unknown_chunk = bytes_of(std::string("\0\0\0\0"
+                                                     "ABCD\xDB\x17\x20\xA5",
+                                                     12));
+    Bytes extended = network;
+    extended.insert(extended.begin() + 33, unknown_chunk.begin(), unknown_chunk.end());
+    const auto frame = std::ranges::search(whole, Bytes{0xFF, 0xC0}).begin() - whole.begin();
+    Bytes of_twelve_bits = whole;
+    of_twelve_bits[static_cast<std::size_t>(frame) + 4] = 12;
+    Bytes lossless = whole;
+    lossless[static_cast<std::size_t>(frame) + 1] = 0xC3;
+    const std::string not_decodable = "of a kind that can't be decoded";
     const auto cut = [](const Bytes& file, std::ptrdiff_t missing) {
         return Bytes(file.begin(), file.end() - missing);
     };
@@ -213,16 +253,47 @@ TEST(Pictures, AreRefusedWithAReason) {
         {"a huge picture", claiming_size(60000), too_large},
         {"half a JPEG", cut(whole, std::ssize(whole) / 2), "ends too early"},
         {"half a BMP", cut(bitmap, std::ssize(bitmap) / 2), "ends too early"},
+        {"the start of a BMP", {bitmap.begin(), bitmap.begin() + 20}, "ends too early"},
         {"a BMP without its last byte", cut(bitmap, 1), "ends too early"},
-        {"a PNG cut in its pixels", cut(network, 40), ""},
+        {"a PNG cut in its pixels", cut(network, 40), "ends too early"},
         {"a JPEG of a hundred scans", with_scans(100), "too many scans"},
-        {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, ""},
-        {"a wrecked PNG", wrecked, "can't be decoded"},
+        {"the start of a JPEG", {whole.begin(), whole.begin() + 3}, "ends too early"},
+        {"a wrecked PNG", wrecked, not_decodable},
+        {"a PNG with a chunk that matters and isn't known", extended, not_decodable},
+        {"a JPEG of twelve bits", of_twelve_bits, not_decodable},
+        {"a lossless JPEG", lossless, not_decodable},
+        {"a bitmap of the lowest height", with_height(INT_MIN), not_decodable},
     };
     for (const auto& [name, bytes, reason] : cases) {
         const std::string refusal = refusal_of(bytes);
         EXPECT_NE(refusal, "none") << name;
         EXPECT_NE(refusal.find(reason), std::string::npos) << name << refusal;
+    }
+}
+
+TEST(Pictures, MayHaveTheirTopRowFirstInABitmap) {
+    const Picture picture(decode_pixels(with_height(-16)));
+    EXPECT_EQ(std::pair(picture.width(), picture.height()), std::pair(32, 16));
+    EXPECT_EQ(picture.bytes()[0], 0);
+    EXPECT_EQ(picture.bytes().last(96)[0], 255) << "what was the top row is the last one";
+}
+
+TEST(Pictures, ThatBreakOffAnywhereAreRefused) {
+    const Bytes gif =
+        bytes_of(std::string("GIF89a\1\0\1\0\0\0\0!\xF9\4\0\0\0\0\0,\0\0\0\0\1\0\1\0\x80"
+                             "\0\0\0\xFF\xFF\xFF\2\2D\1\0",
+                             42));
+    for (const Bytes& file : {gif, picture_with_white_corner(32, 16, "webp")}) {
+        EXPECT_EQ(refusal_of(file), "none");
+        for (std::size_t length = 12; length < file.size(); ++length) {
+            Bytes part(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(length));
+            EXPECT_EQ(refusal_of(part), "The picture ends too early.") << file[1] << length;
+            if (file[0] == 'R') {
+                part[4] = static_cast<std::uint8_t>(length - 8);
+                part[5] = static_cast<std::uint8_t>((length - 8) >> 8U);
+                EXPECT_NE(refusal_of(part), "none") << "with a length that fits " << length;
+            }
+        }
     }
 }
 

@@ -29,13 +29,13 @@ Bytes deep_png(int width, int height) {
     return encode(image, "png");
 }
 
-Bytes picture_with_white_corner(int width, int height) {
+Bytes picture_with_white_corner(int width, int height, const char* format) {
     QImage image(width, height, QImage::Format_RGB32);
     image.fill(Qt::black);
     for (int row = 0; row < 8; ++row)
         for (int column = 0; column < 8; ++column)
             image.setPixel(column, row, qRgb(255, 255, 255));
-    return encode(image, "jpg");
+    return encode(image, format);
 }
 
 Bytes detailed_jpeg(int width, int height, std::uint32_t seed) {

@@ -13,4 +13,8 @@ bool starts_png(std::span<const std::uint8_t> bytes);
 /// text can hold gigabytes.
 std::vector<std::uint8_t> without_png_texts(std::span<const std::uint8_t> bytes);
 
+/// The content of the first EXIF chunk of a PNG file; empty where it has none. The bytes must start
+/// with the PNG signature.
+std::span<const std::uint8_t> exif_in_png(std::span<const std::uint8_t> bytes);
+
 } // namespace lookfar

@@ -1,4 +1,4 @@
-#include "pictures/png_texts.h"
+#include "pictures/png_chunks.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::array<std::uint8_t, 8> signature{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 constexpr std::size_t length_size = 4;
-constexpr std::size_t type_size = 4;
+constexpr std::size_t head_size = length_size + 4;
 constexpr std::size_t checksum_size = 4;
 
 std::size_t content_length(std::span<const std::uint8_t> chunk) {
@@ -21,15 +21,18 @@ std::size_t content_length(std::span<const std::uint8_t> chunk) {
     return length;
 }
 
+bool is_of_type(std::span<const std::uint8_t> chunk, std::string_view name) {
+    return chunk.size() >= head_size &&
+           std::ranges::equal(chunk.subspan(length_size, name.size()), name);
+}
+
 bool is_text(std::span<const std::uint8_t> chunk) {
-    const auto type = chunk.subspan(length_size, type_size);
-    const auto is_type = [type](std::string_view name) { return std::ranges::equal(type, name); };
-    return is_type("tEXt") || is_type("zTXt") || is_type("iTXt");
+    return is_of_type(chunk, "tEXt") || is_of_type(chunk, "zTXt") || is_of_type(chunk, "iTXt");
 }
 
 /// The chunk that the bytes start with, or all of them where they end too early.
 std::span<const std::uint8_t> first_chunk(std::span<const std::uint8_t> bytes) {
-    constexpr std::size_t around_content = length_size + type_size + checksum_size;
+    constexpr std::size_t around_content = head_size + checksum_size;
     if (bytes.size() < around_content)
         return bytes;
     return bytes.first(std::min(bytes.size(), content_length(bytes) + around_content));
@@ -48,11 +51,23 @@ std::vector<std::uint8_t> without_png_texts(std::span<const std::uint8_t> bytes)
     auto rest = bytes.subspan(signature.size());
     while (!rest.empty()) {
         const auto chunk = first_chunk(rest);
-        if (chunk.size() < length_size + type_size || !is_text(chunk))
+        if (!is_text(chunk))
             kept.insert(kept.end(), chunk.begin(), chunk.end());
         rest = rest.subspan(chunk.size());
     }
     return kept;
+}
+
+std::span<const std::uint8_t> exif_in_png(std::span<const std::uint8_t> bytes) {
+    auto rest = bytes.subspan(signature.size());
+    while (!rest.empty()) {
+        const auto chunk = first_chunk(rest);
+        if (is_of_type(chunk, "eXIf"))
+            return chunk.subspan(head_size,
+                                 std::min(content_length(chunk), chunk.size() - head_size));
+        rest = rest.subspan(chunk.size());
+    }
+    return {};
 }
 
 } // namespace lookfar
