@@ -3,6 +3,8 @@
 #include "transfers/ascii.h"
 #include "transfers/curl_transfers.h"
 
+#include <string>
+
 namespace lookfar {
 
 namespace {
@@ -22,7 +24,18 @@ bool AnswerHeads::append(std::string_view line) {
     size_ += line.size();
     if (is_status_of_unauthorized(line))
         ++unauthorized_;
+    look_for_digest(line);
     return !is_too_large();
+}
+
+void AnswerHeads::look_for_digest(std::string_view line) {
+    const std::string field = in_small_letters(line);
+    const std::size_t digest = field.find("digest ");
+    const bool is_first = digest_ == Digest::none && digest != std::string::npos;
+    if (!is_first || !field.starts_with("www-authenticate:"))
+        return;
+    const bool is_wrong = field.find("sha-512-256", digest) != std::string::npos;
+    digest_ = is_wrong ? Digest::wrong : Digest::good;
 }
 
 bool AnswerHeads::is_too_large() const {

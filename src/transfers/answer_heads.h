@@ -19,11 +19,19 @@ class AnswerHeads {
     bool is_too_large() const;
     /// How many of the answers have the status 401.
     int unauthorized() const { return unauthorized_; }
+    /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of the
+    /// library take for SHA-256. Of several Digests the library takes the first.
+    bool asks_for_wrong_digest() const { return digest_ == Digest::wrong; }
 
   private:
+    enum class Digest { none, good, wrong };
+
+    void look_for_digest(std::string_view line);
+
     std::size_t size_ = 0;
     ExchangeStage stage_ = ExchangeStage::connecting;
     int unauthorized_ = 0;
+    Digest digest_ = Digest::none;
 };
 
 } // namespace lookfar

@@ -51,7 +51,7 @@ std::optional<RequestManner> CurlExchange::other_manner(CURLcode code) const {
     other.timeout -= time_taken(easy_.get());
     if (is_packed_unknown(code) && manner_.unpacks)
         other.unpacks = false;
-    else if (code == CURLE_OK && is_password_withheld() && offers_basic(easy_.get()))
+    else if (is_password_withheld(code) && offers_basic(easy_.get()))
         other.authentication = CURLAUTH_BASIC;
     else
         return std::nullopt;
@@ -61,7 +61,7 @@ std::optional<RequestManner> CurlExchange::other_manner(CURLcode code) const {
 std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
     if (code == CURLE_OK || body_.is_whole_part())
         return answer();
-    // Another question for the password, which is not answered.
+    // A question for the password was not to be answered.
     if (code == CURLE_ABORTED_BY_CALLBACK)
         return head();
     if (!may_hold_picture(code))
@@ -83,10 +83,11 @@ Answer CurlExchange::head() const {
 }
 
 /// Whether the host has asked for the password, and the library, which has one, has not told it.
-bool CurlExchange::is_password_withheld() const {
+bool CurlExchange::is_password_withheld(CURLcode code) const {
     constexpr long unauthorized = 401;
     const Answer answer = head();
-    return answer.status == unauthorized && answer.credentials == Credentials::untold;
+    return (code == CURLE_OK || code == CURLE_ABORTED_BY_CALLBACK) &&
+           answer.status == unauthorized && answer.credentials == Credentials::untold;
 }
 
 /// Whether not a byte of the body could be unpacked.
@@ -143,10 +144,11 @@ void CurlExchange::set_receiver() {
     set(handle, CURLOPT_WRITEDATA, this);
 }
 
-/// The library would answer a host's questions for the password as often as it follows redirects.
+/// The library would answer a host's questions for the password as often as it follows redirects,
+/// and some wrong.
 int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
     auto& self = *static_cast<CurlExchange*>(exchange);
-    if (self.is_password_told())
+    if (self.is_password_told() || self.heads_.asks_for_wrong_digest())
         return CURL_PREREQFUNC_ABORT;
     self.heads_.begin_request();
     return CURL_PREREQFUNC_OK;

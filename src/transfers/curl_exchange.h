@@ -67,7 +67,7 @@ class CurlExchange {
     bool append_body(std::span<const char> part);
     bool is_password_told() const;
     Answer head() const;
-    bool is_password_withheld() const;
+    bool is_password_withheld(CURLcode code) const;
     bool is_packed_unknown(CURLcode code) const;
     bool may_hold_picture(CURLcode code) const;
     Answer answer();
