@@ -22,12 +22,6 @@ long status(CURL* handle) {
     return code;
 }
 
-std::string final_url(CURL* handle) {
-    const char* url = nullptr;
-    curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &url);
-    return url ? url : "";
-}
-
 /// A weak tag begins with a letter. A host that can't be asked with a long one would refuse every
 /// request from then on.
 bool is_usable_tag(const std::string& tag) {

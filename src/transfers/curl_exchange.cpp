@@ -116,15 +116,14 @@ Failure CurlExchange::failure(CURLcode code) const {
         return *refusal;
     if (heads_.is_too_large())
         return answer_head_too_large();
-    const char* url = "";
-    curl_easy_getinfo(easy_.get(), CURLINFO_EFFECTIVE_URL, &url);
     long tunnel_status = 0;
     curl_easy_getinfo(easy_.get(), CURLINFO_HTTP_CONNECTCODE, &tunnel_status);
-    return failure_of({.code = code,
-                       .stage = heads_.stage(),
-                       .tunnel_status = tunnel_status,
-                       .is_by_proxy = manner_.uses_proxies && is_asked_by_proxy(url),
-                       .words = error_text_.data()});
+    return failure_of(
+        {.code = code,
+         .stage = heads_.stage(),
+         .tunnel_status = tunnel_status,
+         .is_by_proxy = manner_.uses_proxies && is_asked_by_proxy(final_url(easy_.get())),
+         .words = error_text_.data()});
 }
 
 void CurlExchange::set_head_lines(const std::string& media_types) {

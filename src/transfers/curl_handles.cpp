@@ -38,6 +38,12 @@ UrlHandle make_url_handle() {
     return handle;
 }
 
+std::string final_url(CURL* handle) {
+    const char* url = nullptr;
+    curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &url);
+    return url ? url : "";
+}
+
 void append(HeaderLines& lines, const std::string& line) {
     curl_slist* const all = curl_slist_append(lines.get(), line.c_str());
     if (!all)

@@ -50,6 +50,9 @@ EasyHandle make_easy_handle();
 MultiHandle make_multi_handle();
 UrlHandle make_url_handle();
 
+/// The URL that was asked last, behind all redirects.
+std::string final_url(CURL* handle);
+
 /// Adds a line behind the others. Throws a Failure where there is no memory for it.
 void append(HeaderLines& lines, const std::string& line);
 

@@ -106,7 +106,7 @@ TEST_F(Secrets, AreToldOnceAndInAWayThatCamerasSpeak) {
         decode = [is_open = text == "open"]() -> Pixels {
             return is_open ? Pixels() : throw Failure(FailureKind::unknown_picture_format, "");
         };
-        server.answer(path, [&](const demo::Request& request) {
+        server.answer(path, [opening_scheme, locked](const demo::Request& request) {
             const bool opens =
                 request.header("Authorization").value_or("").starts_with(opening_scheme);
             return opens ? demo::Answer{.body = "open"} : locked;

@@ -32,7 +32,7 @@ TEST_F(Secrets, ShowInNoWindowAndNoLogWhetherTheyOpenTheCameraOrNot) {
     ASSERT_TRUE(comes_to_show(picture(), colour::red));
     expect_none_shown();
     const QPoint middle = picture();
-    cameras->answer("/locked", [](const demo::Request&) { return demo::status_page(401); });
+    cameras->answer("/locked", demo::locked_by_basic(demo::status_page(401)));
     constexpr const char* refused = "label 'The camera refuses the user name or the password";
     EXPECT_TRUE(comes_to_read(title::main_window, refused));
     expect_none_shown();
