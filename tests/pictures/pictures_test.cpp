@@ -200,8 +200,8 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
             const Picture picture(decode_pixels(marked_picture(format, mark)));
             ASSERT_EQ(std::pair(picture.width(), picture.height()), std::pair(width, 48 - width))
                 << format << int{mark};
-            const auto place = static_cast<std::size_t>(row * picture.stride() + column * 3);
-            EXPECT_GT(picture.bytes()[place], 200) << format << int{mark};
+            const int place = row * picture.stride() + column * 3;
+            EXPECT_GT(picture.bytes().data()[place], 200) << format << int{mark};
         }
 }
 

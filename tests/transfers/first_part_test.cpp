@@ -82,11 +82,13 @@ TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
 }
 
 TEST(FirstPart, EndsAtTheBoundaryWhereItsLengthIsUntrue) {
-    const std::string next = "\r\n--cut\r\nContent-Length: 4\r\n\r\nNEXT\r\n--cut\r\n";
+    const std::string parts =
+        "\r\n\r\nPICTURE--cu\r\n--cut\r\nContent-Length: 4\r\n\r\nNEXT\r\n--cut\r\n";
     for (const std::string length : {"0", "2", "6", "8", "16", "40"}) {
         FirstPart reader = reader_of("multipart/x-mixed-replace; boundary=cut");
-        const std::string head = "--cut\r\nContent-Length: " + length + "\r\n\r\n";
-        EXPECT_EQ(part_in(reader, head + "PICTURE--cu" + next), "PICTURE--cu") << length;
+        std::string body = "--cut\r\nContent-Length: ";
+        body.append(length).append(parts);
+        EXPECT_EQ(part_in(reader, body), "PICTURE--cu") << length;
     }
 }
 

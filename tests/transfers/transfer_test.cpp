@@ -117,9 +117,11 @@ TEST_F(Transfers, ShowAPictureThatIsWholeHoweverItsTransferEnds) {
         {"Content-Encoding: gzip", "hello", not_unpacked},
         {"Content-Encoding: utf-8", "hello", not_unpacked},
     };
-    const auto answer = [this](const std::string& bytes) {
-        server.answer("/odd", [bytes](const demo::Request&) {
-            return demo::RawAnswer([bytes](const demo::Socket& socket) { socket.write(bytes); });
+    const auto answer = [this](const std::string& head, const std::string& body) {
+        server.answer("/odd", [head, body](const demo::Request&) {
+            return demo::RawAnswer([head, body](const demo::Socket& socket) {
+                socket.write("HTTP/1.1 200 OK\r\nETag: \"a\"\r\n" + head + "\r\n\r\n" + body);
+            });
         });
     };
     for (const bool is_picture : {false, true})
@@ -127,7 +129,7 @@ TEST_F(Transfers, ShowAPictureThatIsWholeHoweverItsTransferEnds) {
             decode = [is_picture]() -> Pixels {
                 return is_picture ? Pixels() : throw Failure(FailureKind::invalid_picture, "cut");
             };
-            answer("HTTP/1.1 200 OK\r\nETag: \"a\"\r\n" + head + "\r\n\r\n" + body);
+            answer(head, body);
             for (int count = 0; count < 2; ++count)
                 EXPECT_EQ(text_at("/odd"), is_picture ? "hello" : failure) << head << body[0];
             EXPECT_EQ(server.last_request().header("If-None-Match"), std::nullopt);
