@@ -23,7 +23,7 @@ Responder redirect_to(const std::string& location);
 /// - /redirect-circle, /redirect-to-file, /redirect-nowhere, /redirect-once,
 ///   /redirect-chain (100 of them to /good)
 /// - /stream, /stream-short-length, /stream-bare (without lengths), /stream-odd, /stream-of-one,
-/// /stream-stall
+///   /stream-stall
 /// - /gone (status 404), /gone-with-picture, /busy (503 and no body), /unknown-format
 /// - /page, /nothing, /huge-picture, /truncated, /one-pixel, /one-row, /one-column,
 ///   /large-metadata, /many-scans, /animation, /deflate-bomb, /pixel-bomb, /text-bomb
