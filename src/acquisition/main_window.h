@@ -179,8 +179,9 @@ class MainWindow : public Form {
     void GetRESOURCE(std::string url);
     /// The text behind a URL; empty after a failure, which is shown.
     std::string GetHTML(const std::string& WWW_Adresse);
-    /// Shows a failure's number and text in both windows, until a fetch succeeds.
-    void show_error(const Failure& failure);
+
+    /// Says at the selector what is wrong with a list that ends on a title without an address.
+    void tell_of_incomplete_list();
 
     /// Asks the remote access service, where there is one, about the dial-up connections in force.
     /// Gives true, whatever it answers.
@@ -204,6 +205,7 @@ class MainWindow : public Form {
     void fit_in_fullscreen_window();
     void show_in_main_window(PictureFile& file);
     void clear_error_display();
+    void show_error(const Failure& failure);
     void write_error_captions(const Failure& failure);
     void report_duration(float start);
 

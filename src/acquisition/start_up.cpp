@@ -25,6 +25,15 @@ void MainWindow::Form_Load() {
     Loading->Hide();
 }
 
+/// Where there is no camera at all, the error display says it.
+void MainWindow::tell_of_incomplete_list() {
+    attempt([this] {
+        const auto complaint = catalogue::complaint_about_end(runtime.files());
+        if (complaint && Combo1.ListCount() > 0)
+            Combo1.ShowHint(*complaint);
+    });
+}
+
 void MainWindow::fill_selector_lists() {
     catalogue::read_at_start(runtime.files(),
                              [this](const std::string& title) { Form3->List1.AddItem(title); });

@@ -13,13 +13,12 @@ namespace {
 enum class Found { no_line, no_title, titles };
 
 /// What is wrong with a list that ends on this title.
-Failure title_without_url(const std::string& title) {
+std::string complaint_about_last(const std::string& title) {
+    const std::string list = list_name;
     // Since a lone line feed ends no line, a list without carriage returns is a single one.
-    const bool has_foreign_line_ends = title.find('\n') != std::string::npos;
-    return Failure(FailureKind::past_end_of_file,
-                   has_foreign_line_ends
-                       ? std::string("The lines of ") + list_name + " must end in CR LF."
-                       : "'" + title + "', the last title in " + list_name + ", has no address.");
+    if (title.find('\n') != std::string::npos)
+        return "The lines of " + list + " must end in CR LF.";
+    return "'" + title + "', the last title in " + list + ", has no address.";
 }
 
 /// A title counts once its URL is read: a title on which the list ends is no camera yet. The
@@ -33,7 +32,7 @@ void add_titles_of_whole_cameras(NumberedFiles& files,
             found = Found::no_title;
         if (!title.empty()) {
             if (files.EndOfFile(file_number::list))
-                throw title_without_url(title);
+                throw Failure(FailureKind::past_end_of_file, complaint_about_last(title));
             files.LineInput(file_number::list);
             add_title(title);
             found = Found::titles;
@@ -109,6 +108,17 @@ void scan_lines(NumberedFiles& files, const std::function<void(const std::string
     do
         step(files.LineInput(file_number::list));
     while (!files.EndOfFile(file_number::list));
+}
+
+std::optional<std::string> complaint_about_end(NumberedFiles& files) {
+    std::string title;
+    bool awaits_url = false;
+    scan_lines(files, [&](const std::string& line) {
+        awaits_url = !awaits_url && !line.empty();
+        if (awaits_url)
+            title = line;
+    });
+    return awaits_url ? std::optional(complaint_about_last(title)) : std::nullopt;
 }
 
 std::optional<std::string> find_url(NumberedFiles& files, const std::string& title) {

@@ -30,6 +30,10 @@ void read_at_start(NumberedFiles& files, const std::function<void(const std::str
 /// Throws a `Failure` when the list can't be opened or read; it is closed in every case.
 void scan_lines(NumberedFiles& files, const std::function<void(const std::string&)>& step);
 
+/// What is wrong with a list that ends on a title, which is no camera: its lines end in LF alone,
+/// or the title has no address. Nothing for any other list. Throws as `scan_lines` does.
+std::optional<std::string> complaint_about_end(NumberedFiles& files);
+
 /// The line behind the first line that equals the title; nothing where there is none. Throws as
 /// `scan_lines` does.
 std::optional<std::string> find_url(NumberedFiles& files, const std::string& title);

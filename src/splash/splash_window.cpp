@@ -36,6 +36,7 @@ void SplashWindow::Timer1_Timer() {
     Form1->Show();
     Timer1.Enabled = false;
     Timer2.Enabled = false;
+    Form1->tell_of_incomplete_list();
 }
 
 void SplashWindow::Timer2_Timer() {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <fstream>
 #include <set>
 #include <utility>
 
@@ -59,6 +60,24 @@ TEST(StartUp, WithAListOfNoCameraSelectsNothingKeepsTheCellsAndSaysSo) {
         EXPECT_EQ(machine.Form1->Label3.Caption.get(), complaint);
         EXPECT_TRUE(machine.platform.requests.empty());
         EXPECT_EQ(content_of("Cams.inf"), list);
+    }
+}
+
+TEST(StartUp, SaysWhichTitleAtTheEndOfTheListIsNoCamera) {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
+        {"", {}},
+        {"b", {"'b', the last title in Cams.inf, has no address."}},
+        {"b\nub\n", {"The lines of Cams.inf must end in CR LF."}}};
+    for (const auto& [end, complaints] : cases) {
+        Machine machine(1);
+        std::ofstream("Cams.inf", std::ios::binary | std::ios::app) << end;
+        machine.start();
+        std::vector<std::string> told;
+        for (const auto& [control, text] : machine.platform.hints)
+            told.push_back(text);
+        EXPECT_EQ(told, complaints);
+        EXPECT_EQ(machine.Form1->Combo1.ListCount(), 1);
+        EXPECT_FALSE(machine.Form1->Label3.Visible);
     }
 }
 
