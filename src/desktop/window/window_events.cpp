@@ -74,6 +74,10 @@ void WindowView::closeEvent(QCloseEvent* event) {
 
 void WindowView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        coming_forward_.stop();
+        windows_.synchronise_later();
+    }
     if (event->type() != QEvent::WindowStateChange || is_leaving())
         return;
     if (const auto state = frame_.state_by_user())
@@ -89,6 +93,7 @@ void WindowView::moveEvent(QMoveEvent* event) {
 void WindowView::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     coming_up_.stop();
+    coming_forward_.stop();
     drawn_.pictures().drop_all();
 }
 

@@ -14,13 +14,6 @@ namespace lookfar::desktop {
 
 namespace {
 
-Qt::WindowFlags window_type(const Form& form) {
-    // Task bars leave tool windows out.
-    if (form.Border == FormBorder::fixed_tool_window || !form.ShowInTaskbar)
-        return Qt::Tool;
-    return form.Border == FormBorder::fixed_dialog ? Qt::Dialog : Qt::Window;
-}
-
 Qt::WindowFlags title_bar(const Form& form) {
     Qt::WindowFlags flags = Qt::WindowTitleHint;
     if (!form.ControlBox)
@@ -56,11 +49,10 @@ QRect screen_at(const QPoint& point, const QWidget& window) {
 } // namespace
 
 Qt::WindowFlags window_flags(const Form& form) {
-    const Qt::WindowFlags type = window_type(form);
     // A dialog that merely asks for no title bar gets one on Wayland.
     if (form.Border == FormBorder::none || is_bare_dialog(form))
-        return type | Qt::FramelessWindowHint;
-    return type | Qt::CustomizeWindowHint | title_bar(form);
+        return Qt::Window | Qt::FramelessWindowHint;
+    return Qt::Window | Qt::CustomizeWindowHint | title_bar(form);
 }
 
 bool is_bare_dialog(const Form& form) {
@@ -76,8 +68,8 @@ void WindowFrame::take_over(QScreen& screen) {
 }
 
 /// The screen may be another one than last time, or may stand elsewhere. A window that stood on a
-/// larger one may have its place outside of this one; on the same screen it stays where its user has
-/// put it.
+/// larger one may have its place outside of this one; on the same screen it stays where its user
+/// has put it.
 void WindowFrame::take_screen(QScreen& screen) {
     window_.setScreen(&screen);
     const QRect before = std::exchange(screen_, screen.geometry());

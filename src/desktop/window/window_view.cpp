@@ -5,6 +5,7 @@
 #include "desktop/native/popup_menus.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"
+#include "desktop/window/task_bars.h"
 #include "desktop/window/window_observer.h"
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
@@ -39,6 +40,10 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);
     coming_up_.callOnTimeout([this] { windows_.synchronise_later(); });
+    constexpr std::chrono::milliseconds longest_coming_forward(300);
+    coming_forward_.setSingleShot(true);
+    coming_forward_.setInterval(longest_coming_forward);
+    coming_forward_.callOnTimeout([this] { windows_.synchronise_later(); });
     // Ticks of a millisecond that the changes ask for come first.
     constexpr std::chrono::milliseconds behind_the_ticks(3);
     update_.setSingleShot(true);
@@ -68,6 +73,8 @@ void WindowView::come_up() {
     if (isVisible())
         return;
     follow_screen();
+    if (!form_->ShowInTaskbar)
+        keep_out_of_task_bars(*this);
     prepare_pictures();
     coming_up_.start();
     show();
@@ -114,6 +121,17 @@ bool WindowView::covers_screen() const {
 
 bool WindowView::is_coming_up() const {
     return coming_up_.isActive() && form_->Visible;
+}
+
+void WindowView::come_forward() {
+    raise();
+    activateWindow();
+    if (isVisible() && !isActiveWindow())
+        coming_forward_.start();
+}
+
+bool WindowView::is_coming_forward() const {
+    return coming_forward_.isActive() && form_->Visible;
 }
 
 bool WindowView::is_leaving() const {

@@ -47,6 +47,11 @@ class WindowView : public QWidget {
     /// Whether the window has been shown and is not painted yet. That lasts for two seconds at
     /// most, since what covers the window may keep it from ever being painted.
     bool is_coming_up() const;
+    /// Puts the window before the others and gives it the keyboard.
+    void come_forward();
+    /// Whether that was asked for and the keyboard is not there yet. That lasts for a moment at
+    /// most, since the window manager may refuse.
+    bool is_coming_forward() const;
     /// Whether the window is still on the screen although its form is hidden. The user's actions
     /// don't reach such a window.
     bool is_leaving() const;
@@ -119,6 +124,8 @@ class WindowView : public QWidget {
     bool follows_ = false;
     /// Runs from the moment when the window is shown until it is painted.
     QTimer coming_up_;
+    /// Runs from the moment when the window is to have the keyboard until it has it.
+    QTimer coming_forward_;
     QTimer update_;
     QRegion to_update_;
 };

@@ -59,20 +59,25 @@ void Windows::synchronise() {
     if (actions_.are_suspended())
         return;
     const UserActions::Suspension suspension(actions_);
-    changed_.clear();
-    for (Element* const element : std::exchange(changed_in_order_, {}))
-        synchronise(*element);
-    for (const auto& view : std::views::values(views_))
-        view->take_edited_pictures();
-    if (is_any_coming_up())
+    take_changes_over();
+    if (is_any_on_its_way())
         return;
     hide_leaving();
     take_icon();
 }
 
-bool Windows::is_any_coming_up() const {
-    return std::ranges::any_of(std::views::values(views_),
-                               [](const auto& view) { return view->is_coming_up(); });
+void Windows::take_changes_over() {
+    changed_.clear();
+    for (Element* const element : std::exchange(changed_in_order_, {}))
+        synchronise(*element);
+    for (const auto& view : std::views::values(views_))
+        view->take_edited_pictures();
+}
+
+bool Windows::is_any_on_its_way() const {
+    return std::ranges::any_of(std::views::values(views_), [](const auto& view) {
+        return view->is_coming_up() || view->is_coming_forward();
+    });
 }
 
 void Windows::hide_leaving() {
@@ -116,11 +121,13 @@ TiedWidget<WindowView> Windows::make_view(Form& form) {
 }
 
 void Windows::bring_forward(Form& form) {
-    synchronise();
-    if (WindowView* const view = view_of(form)) {
-        view->raise();
-        view->activateWindow();
+    if (!actions_.are_suspended()) {
+        const UserActions::Suspension suspension(actions_);
+        take_changes_over();
     }
+    if (WindowView* const view = view_of(form))
+        view->come_forward();
+    synchronise();
 }
 
 void Windows::set_focus(Control& control) {

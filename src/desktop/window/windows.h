@@ -43,8 +43,9 @@ class Windows {
     /// Lets the element go; for a window, its widgets too.
     void forget(Element& element);
 
-    /// Shows all that has changed. A window that comes up is shown before another one goes: that
-    /// one stays on the screen until the new one is painted.
+    /// Shows all that has changed. A window that comes up or forward does so before another one
+    /// goes: that one stays on the screen until the new one is painted and has the keyboard. Else
+    /// the window manager would choose who gets the keyboard.
     void synchronise();
     /// The same, from the message loop.
     void synchronise_later();
@@ -68,7 +69,8 @@ class Windows {
   private:
     void synchronise(Element& element);
     void synchronise_window(Form& form);
-    bool is_any_coming_up() const;
+    void take_changes_over();
+    bool is_any_on_its_way() const;
     void hide_leaving();
     void take_icon();
     TiedWidget<WindowView> make_view(Form& form);

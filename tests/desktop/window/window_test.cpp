@@ -177,6 +177,30 @@ TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
     EXPECT_FALSE(window(successor).isVisible()) << "nobody comes after it";
 }
 
+TEST_F(WindowTest, StaysUntilTheOneThatComesForwardHasTheKeyboard) {
+    Form other(runtime, {.Client = {3000, 1500}});
+    show(other);
+    show(form);
+    form.Hide();
+    other.Show();
+    EXPECT_TRUE(window(form).isVisible());
+    EXPECT_TRUE(comes_true([&] { return !window(form).isVisible(); }));
+    EXPECT_TRUE(window(other).isActiveWindow());
+}
+
+TEST_F(WindowTest, KeepsOutOfTheTaskBarWithoutStandingAboveAllOthers) {
+    Form small(runtime, {.Client = {3000, 1500}, .ShowInTaskbar = false});
+    for (int time = 0; time < 2; ++time) {
+        show(small);
+        const std::string properties = "xprop -id " + std::to_string(window(small).winId()) +
+                                       " _NET_WM_STATE WM_TRANSIENT_FOR";
+        EXPECT_EQ(std::system((properties + " | grep -q SKIP_TASKBAR").c_str()), 0);
+        EXPECT_NE(std::system((properties + " | grep -q 'window id'").c_str()), 0);
+        small.Hide();
+        let_loop_come_round();
+    }
+}
+
 TEST_F(WindowTest, TakesEverythingOverWhenItIsShownAgain) {
     const auto& entry = widget<QLineEdit>(form.Text1);
     form.Hide();
