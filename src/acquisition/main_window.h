@@ -111,6 +111,7 @@ class MainWindow : public Form {
     // Busy mark: a picture is on its way.
     Image Image1{*this,
                  {.Picture = program_icon(48),
+                  .FinePicture = program_icon(128),
                   .At = {240, 240, 480, 480},
                   .Visible = false,
                   .Stretch = true,

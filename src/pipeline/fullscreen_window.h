@@ -44,6 +44,7 @@ class FullscreenWindow : public Form {
     // Title banner: loading mark, up until a fetch succeeds.
     Image Image2{*this,
                  {.Picture = program_icon(48),
+                  .FinePicture = program_icon(128),
                   .At = {7620, 4920, 720, 720},
                   .Visible = false,
                   .AccessibleName = "A picture is on its way"}};

@@ -37,10 +37,13 @@ class AboutWindow : public Form {
     // Rule under the name.
     Line Line1{*this, {.X1 = 120, .Y1 = 480, .X2 = 3480, .Y2 = 480}};
     // Emblem.
-    Image Image1{*this, {.Picture = program_icon(48), .At = {3600, 120, 720, 720}}};
-    // Maker's notice.
+    Image Image1{*this,
+                 {.Picture = program_icon(48),
+                  .FinePicture = program_icon(128),
+                  .At = {3600, 120, 720, 720}}};
+    // Maker's notice, with this release's own number; the version above is the name of the line.
     Label Label3{*this,
-                 {.Caption = LOOKFAR_RELEASE_YEAR " Lookfar founders",
+                 {.Caption = LOOKFAR_VERSION ", " LOOKFAR_RELEASE_YEAR " founders",
                   .At = {120, 960, 4335, 255},
                   .Align = Alignment::right,
                   .Back = BackStyle::transparent,

@@ -95,7 +95,13 @@ QColor ControlPainter::caption_colour(const Label& label) const {
 void ControlPainter::visit(Image& image) {
     const QRect box = picture_rectangle(image);
     const QRect natural(box.topLeft(), size_in_pixels(image.Picture));
-    draw_picture(image, image.Picture, image.Stretch ? box : natural);
+    const QRect target = image.Stretch ? box : natural;
+    draw_picture(image, has_too_few_pixels(image, target) ? image.FinePicture : image.Picture,
+                 target);
+}
+
+bool ControlPainter::has_too_few_pixels(const Image& image, const QRect& target) const {
+    return image.FinePicture && size_in_pixels(image.Picture).width() < device_size(target).width();
 }
 
 void ControlPainter::visit(PictureBox& box) {
@@ -109,9 +115,11 @@ void ControlPainter::draw_picture(const Control& control, const PictureReference
                                   const QRect& target) {
     if (!picture || target.isEmpty())
         return;
-    const double pixel_ratio = painter_.device()->devicePixelRatioF();
-    const QSize device_size = (QSizeF(target.size()) * pixel_ratio).toSize();
-    painter_.drawImage(target, pictures_.picture_for(control, picture, device_size));
+    painter_.drawImage(target, pictures_.picture_for(control, picture, device_size(target)));
+}
+
+QSize ControlPainter::device_size(const QRect& target) const {
+    return (QSizeF(target.size()) * painter_.device()->devicePixelRatioF()).toSize();
 }
 
 void ControlPainter::visit(Shape& shape) {

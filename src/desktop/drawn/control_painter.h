@@ -35,6 +35,9 @@ class ControlPainter : public DrawnControlVisitor {
     QColor caption_colour(const Label& label) const;
     void draw_rectangle(const Shape& shape);
     void draw_ellipse(const Shape& shape);
+    bool has_too_few_pixels(const Image& image, const QRect& target) const;
+    /// In the pixels of the screen.
+    QSize device_size(const QRect& target) const;
     void draw_picture(const Control& control, const PictureReference& picture, const QRect& target);
 
     QPainter& painter_;

@@ -8,6 +8,7 @@ Image::Image(Form& owner, const ImageDesign& design)
     : BoxControl(owner, design.At, design.Visible),
       Picture(*this, design.Picture, {.changed = [this] { take_natural_size(); }}),
       Stretch(*this, design.Stretch, {.changed = [this] { take_natural_size(); }}),
+      FinePicture(design.FinePicture),
       ToolTipText(design.ToolTipText),
       AccessibleName(design.AccessibleName) {}
 

@@ -10,6 +10,9 @@ namespace lookfar {
 /// The design values of an image.
 struct ImageDesign {
     PictureReference Picture = {};
+    /// The design picture once more, with more pixels, for screens that have more of them; may be
+    /// none.
+    PictureReference FinePicture = {};
     Bounds At = {};
     bool Visible = true;
     bool Stretch = false;
@@ -30,6 +33,7 @@ class Image : public BoxControl, public MouseEvents {
     Property<PictureReference> Picture;
     Property<bool> Stretch;
 
+    const PictureReference FinePicture;
     const std::string ToolTipText;
     const std::string AccessibleName;
 

@@ -7,6 +7,8 @@
 #include "runtime/controls/shapes.h"
 #include "support/pictures.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <tuple>
 #include <utility>
@@ -112,6 +114,20 @@ TEST_F(DrawingTest, APictureOfItsNaturalSizeIsShownPixelByPixel) {
         form, {.Picture = picture_of(picture), .At = {60, 120, 4815, 3615}, .Stretch = true});
     show(form);
     EXPECT_TRUE(pixels(form).copy(4, 8, 321, 241).convertToFormat(picture.format()) == picture);
+}
+
+TEST_F(DrawingTest, AScreenOfMorePixelsShowsTheFinePicture) {
+    Form form(runtime, black_form);
+    const Image emblem(form, {.Picture = plain_picture(8, 8, Qt::red),
+                              .FinePicture = plain_picture(16, 16, Qt::green),
+                              .At = {0, 0, 120, 120}});
+    show(form);
+    EXPECT_EQ(pixel(form, 4, 4), 0xFF0000U);
+    QImage screen(32, 32, QImage::Format_RGB32);
+    screen.setDevicePixelRatio(2);
+    QPainter painter(&screen);
+    window(form).drawn().paint(painter, window(form).rect(), window(form).palette());
+    EXPECT_EQ(screen.pixelColor(8, 8), QColor(Qt::green));
 }
 
 TEST_F(DrawingTest, APictureOfLessThanAPixelIsALine) {

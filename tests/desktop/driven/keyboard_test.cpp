@@ -102,7 +102,7 @@ TEST_F(Keyboard, OpensAndLeavesTheOtherWindows) {
     expect_all(title::about_window,
                {"frame 'About Lookfar 2.2.2002'", "push button 'Ok'", "link 'mail@lookfar.example'",
                 ("link '" LOOKFAR_HOMEPAGE "'"), "label 'Lookfar'", "label '2.2.2002'",
-                ("label '" LOOKFAR_RELEASE_YEAR " Lookfar founders'"),
+                ("label '" LOOKFAR_VERSION ", " LOOKFAR_RELEASE_YEAR " founders'"),
                 "label 'If you need any help", "label 'For questions", "label 'Special Thanks"});
     tab_along(title::about_window, {"push button 'Ok'", "link '" LOOKFAR_HOMEPAGE "'",
                                     "link 'mail@lookfar.example'", "push button 'Ok'"});
