@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <chrono>
 
 namespace lookfar::desktop {
 
@@ -75,14 +76,19 @@ bool covers_screen(const QWidget* window) {
 } // namespace
 
 ScreenWakefulness::ScreenWakefulness() {
+    // Some window managers tell the state of a window that changes more than once.
+    constexpr std::chrono::milliseconds longest_change(200);
+    change_.setSingleShot(true);
+    change_.setInterval(longest_change);
+    change_.callOnTimeout([this] { follow_windows(); });
     connect(&grantor_, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { release_.reset(); });
     connect(&grantor_, &QDBusServiceWatcher::serviceRegistered, this, [this] { settle(); });
 }
 
 bool ScreenWakefulness::eventFilter(QObject* watched, QEvent* event) {
-    if (may_cover_or_bare_screen(event->type()))
-        follow_windows();
+    if (may_cover_or_bare_screen(event->type()) && !change_.isActive())
+        change_.start();
     return QObject::eventFilter(watched, event);
 }
 

@@ -4,6 +4,7 @@
 #include <QDBusServiceWatcher>
 #include <QList>
 #include <QObject>
+#include <QTimer>
 
 #include <optional>
 
@@ -37,6 +38,8 @@ class ScreenWakefulness : public QObject {
     void ask(QList<QDBusMessage> requests);
     void keep_grant_of(const QString& service);
 
+    /// Runs from the first sign of a change until the windows are looked at.
+    QTimer change_;
     bool is_wanted_ = false;
     bool is_asking_ = false;
     /// Gives back what was granted; nothing where nothing was.
