@@ -55,6 +55,7 @@ void WindowView::paintEvent(QPaintEvent* event) {
     if (!coming_up_.isActive())
         return;
     coming_up_.stop();
+    first_look_.take_back();
     QMetaObject::invokeMethod(this, &WindowView::tell_that_it_is_seen, Qt::QueuedConnection);
     windows_.synchronise_later();
 }

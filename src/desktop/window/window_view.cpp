@@ -48,7 +48,11 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     constexpr std::chrono::milliseconds behind_the_ticks(3);
     update_.setSingleShot(true);
     update_.setInterval(behind_the_ticks);
-    update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
+    update_.callOnTimeout([this] {
+        update(std::exchange(to_update_, {}));
+        if (coming_up_.isActive())
+            prepare_look();
+    });
 }
 
 void WindowView::take_icon(const QIcon& icon) {
@@ -75,14 +79,19 @@ void WindowView::come_up() {
     follow_screen();
     if (!form_->ShowInTaskbar)
         keep_out_of_task_bars(*this);
-    prepare_pictures();
+    prepare_look();
     coming_up_.start();
     show();
     natives_.restore_focus();
 }
 
-/// Everything is drawn, onto a single pixel, and of that only the pictures take time.
-void WindowView::prepare_pictures() {
+void WindowView::prepare_look() {
+    // A window over the whole screen would take too long, and what it covers is no gap.
+    if (!windowState().testFlag(Qt::WindowFullScreen)) {
+        first_look_.give(*this);
+        return;
+    }
+    // Everything is drawn, onto a single pixel, and of that only the pictures take time.
     QImage pixel(1, 1, QImage::Format_RGB32);
     pixel.setDevicePixelRatio(devicePixelRatioF());
     QPainter painter(&pixel);

@@ -2,6 +2,7 @@
 
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
+#include "desktop/window/first_look.h"
 #include "desktop/window/native_children.h"
 #include "desktop/window/window_frame.h"
 
@@ -101,8 +102,9 @@ class WindowView : public QWidget {
     void tell_of_screen();
     void tell_that_it_is_seen();
     void synchronise_control(Control& control);
-    /// Scales the pictures ahead of the first paint event.
-    void prepare_pictures();
+    /// Scales the pictures ahead of the first paint event, and has the rest of the window seen at
+    /// once.
+    void prepare_look();
     void take_pointer();
     /// Has a region painted again a moment later. The ticks that follow a change come before that,
     /// and so does what the system asks meanwhile: where a picture is large, handlers take long,
@@ -124,6 +126,7 @@ class WindowView : public QWidget {
     bool follows_ = false;
     /// Runs from the moment when the window is shown until it is painted.
     QTimer coming_up_;
+    FirstLook first_look_;
     /// Runs from the moment when the window is to have the keyboard until it has it.
     QTimer coming_forward_;
     QTimer update_;

@@ -3,6 +3,7 @@
 #include "desktop/style/geometry.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
+#include "runtime/controls/label.h"
 #include "runtime/controls/lists.h"
 #include "runtime/controls/text_box.h"
 #include "runtime/window.h"
@@ -14,6 +15,7 @@
 #include <QScreen>
 
 #include <cstdlib>
+#include <thread>
 
 namespace lookfar::desktop {
 namespace {
@@ -175,6 +177,19 @@ TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
     successor.Hide();
     let_loop_come_round();
     EXPECT_FALSE(window(successor).isVisible()) << "nobody comes after it";
+}
+
+TEST_F(WindowTest, IsSeenBeforeItIsPainted) {
+    Form red(runtime, {.Client = {3000, 1500}, .BackColor = 0x000000FF});
+    Label label(red, {.At = {0, 0, 3000, 600}, .BackColor = 0x0000FF00});
+    red.Show();
+    // The program paints nothing as long as its message loop stands still.
+    const auto is_seen = [&] {
+        return on_screen(red, 100, 20) == 0x00FF00U && on_screen(red, 100, 80) == 0xFF0000U;
+    };
+    for (int attempt = 0; attempt < 5000 && !is_seen(); ++attempt)
+        std::this_thread::yield();
+    EXPECT_TRUE(is_seen());
 }
 
 TEST_F(WindowTest, StaysUntilTheOneThatComesForwardHasTheKeyboard) {

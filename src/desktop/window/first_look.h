@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+class QWidget;
+
+namespace lookfar::desktop {
+
+/// What the X server itself shows of a window from the moment when that comes up until the program
+/// paints it. Without it there is what was on the screen before, or nothing.
+class FirstLook {
+  public:
+    FirstLook() = default;
+    FirstLook(const FirstLook&) = delete;
+    FirstLook& operator=(const FirstLook&) = delete;
+    ~FirstLook() { take_back(); }
+
+    /// Gives the server the window as it looks now. To be called before the window is shown, and
+    /// again where its look changes before it is painted. Does nothing where there is no X server,
+    /// or one of few colours.
+    void give(QWidget& window);
+    /// To be called once the window is painted.
+    void take_back();
+
+  private:
+    /// The server's number of the window; zero while it has no look of it.
+    std::uint32_t window_ = 0;
+};
+
+} // namespace lookfar::desktop
