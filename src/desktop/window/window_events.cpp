@@ -52,7 +52,7 @@ void WindowView::paintEvent(QPaintEvent* event) {
         painter.setPen(palette().color(QPalette::Dark));
         painter.drawRect(outline_of(rect()));
     }
-    if (!coming_up_.isActive())
+    if (!coming_up_.isActive() || is_previewed_)
         return;
     coming_up_.stop();
     first_look_.take_back();

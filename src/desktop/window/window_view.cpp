@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
@@ -88,6 +89,7 @@ void WindowView::come_up() {
 void WindowView::prepare_look() {
     // A window over the whole screen would take too long, and what it covers is no gap.
     if (!windowState().testFlag(Qt::WindowFullScreen)) {
+        const QScopedValueRollback<bool> preview(is_previewed_, true);
         first_look_.give(*this);
         return;
     }

@@ -127,6 +127,8 @@ class WindowView : public QWidget {
     /// Runs from the moment when the window is shown until it is painted.
     QTimer coming_up_;
     FirstLook first_look_;
+    /// Whether the window is painted for its first look, and not on the screen.
+    bool is_previewed_ = false;
     /// Runs from the moment when the window is to have the keyboard until it has it.
     QTimer coming_forward_;
     QTimer update_;

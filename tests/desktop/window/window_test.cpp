@@ -190,6 +190,10 @@ TEST_F(WindowTest, IsSeenBeforeItIsPainted) {
     for (int attempt = 0; attempt < 5000 && !is_seen(); ++attempt)
         std::this_thread::yield();
     EXPECT_TRUE(is_seen());
+    int seen = 0;
+    red.Seen.connect([&] { ++seen; });
+    EXPECT_TRUE(comes_true([&] { return seen == 1; }));
+    EXPECT_FALSE(window(red).is_coming_up());
 }
 
 TEST_F(WindowTest, StaysUntilTheOneThatComesForwardHasTheKeyboard) {
