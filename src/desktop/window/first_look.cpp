@@ -60,8 +60,6 @@ void FirstLook::give(QWidget& window) {
     set_background(server, window_, pixmap);
     // The window keeps it.
     xcb_free_pixmap(server, pixmap);
-    // It may be on the screen already.
-    xcb_clear_area(server, 0, window_, 0, 0, 0, 0);
 }
 
 void FirstLook::take_back() {

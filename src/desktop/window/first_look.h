@@ -15,9 +15,8 @@ class FirstLook {
     FirstLook& operator=(const FirstLook&) = delete;
     ~FirstLook() { take_back(); }
 
-    /// Gives the server the window as it looks now. To be called before the window is shown, and
-    /// again where its look changes before it is painted. Does nothing where there is no X server,
-    /// or one of few colours.
+    /// Gives the server the window as it looks now. To be called before the window is shown; does
+    /// nothing where there is no X server, or one of few colours.
     void give(QWidget& window);
     /// To be called once the window is painted.
     void take_back();

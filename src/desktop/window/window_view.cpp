@@ -49,11 +49,10 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     constexpr std::chrono::milliseconds behind_the_ticks(3);
     update_.setSingleShot(true);
     update_.setInterval(behind_the_ticks);
-    update_.callOnTimeout([this] {
-        update(std::exchange(to_update_, {}));
-        if (coming_up_.isActive())
-            prepare_look();
-    });
+    update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
+    showing_.setSingleShot(true);
+    showing_.setInterval(behind_the_ticks);
+    showing_.callOnTimeout([this] { show_now(); });
 }
 
 void WindowView::take_icon(const QIcon& icon) {
@@ -75,15 +74,22 @@ void WindowView::synchronise_window() {
 void WindowView::come_up() {
     for (Control* const control : form_->controls())
         synchronise_control(*control);
-    if (isVisible())
+    if (isVisible() || is_coming_up())
         return;
     follow_screen();
+    coming_up_.start();
+    showing_.start();
+}
+
+void WindowView::show_now() {
+    if (!follows_)
+        return coming_up_.stop();
     if (!form_->ShowInTaskbar)
         keep_out_of_task_bars(*this);
     prepare_look();
-    coming_up_.start();
     show();
     natives_.restore_focus();
+    come_forward();
 }
 
 void WindowView::prepare_look() {
@@ -135,6 +141,8 @@ bool WindowView::is_coming_up() const {
 }
 
 void WindowView::come_forward() {
+    if (showing_.isActive())
+        return;
     raise();
     activateWindow();
     if (isVisible() && !isActiveWindow())

@@ -97,6 +97,7 @@ class WindowView : public QWidget {
 
   private:
     void come_up();
+    void show_now();
     void follow_screen();
     void watch_screen();
     void tell_of_screen();
@@ -124,8 +125,11 @@ class WindowView : public QWidget {
     QPointer<Hint> hint_;
     /// Whether the form was visible when the window took over what it says.
     bool follows_ = false;
-    /// Runs from the moment when the window is shown until it is painted.
+    /// Runs from the moment when the window is to be shown until it is painted.
     QTimer coming_up_;
+    /// Runs a moment before the window is shown: the ticks come first that follow what a handler
+    /// has done, so that it shows no picture sharp that is to be blurred.
+    QTimer showing_;
     FirstLook first_look_;
     /// Whether the window is painted for its first look, and not on the screen.
     bool is_previewed_ = false;
