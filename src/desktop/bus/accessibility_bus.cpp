@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <string_view>
 
 namespace lookfar::desktop {
 
@@ -20,11 +19,11 @@ std::string accessibility_bus_address() {
         xcb_connect(nullptr, nullptr), xcb_disconnect);
     if (xcb_connection_has_error(server.get()))
         return {};
-    constexpr std::string_view property = "AT_SPI_BUS";
-    constexpr auto length = static_cast<std::uint16_t>(property.size());
+    const std::string property = "AT_SPI_BUS";
+    const auto length = static_cast<std::uint16_t>(property.size());
     const Received<xcb_intern_atom_reply_t> atom(
         xcb_intern_atom_reply(server.get(),
-                              xcb_intern_atom(server.get(), 1, length, property.data()), nullptr),
+                              xcb_intern_atom(server.get(), 1, length, property.c_str()), nullptr),
         std::free);
     if (!atom)
         return {};

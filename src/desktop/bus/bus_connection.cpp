@@ -1,5 +1,6 @@
 #include "desktop/bus/bus_connection.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace lookfar::desktop {
@@ -67,9 +68,8 @@ bool BusConnection::is_open() const {
 }
 
 std::vector<pollfd> BusConnection::wanted() const {
-    std::vector<pollfd> wanted;
-    for (DBusWatch* const watch : watches_)
-        wanted.push_back(poll_for(watch));
+    std::vector<pollfd> wanted(watches_.size());
+    std::ranges::transform(watches_, wanted.begin(), poll_for);
     return wanted;
 }
 

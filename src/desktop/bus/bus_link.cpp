@@ -15,9 +15,16 @@ namespace {
 constexpr const char* client_name = ":0.0";
 constexpr const char* accessibility_service = "org.a11y.Bus";
 
-BusMessage answer_with(const BusMessage& question, int type, const void* value) {
+BusMessage answer_with(const BusMessage& question, const char* text) {
     BusMessage answer(dbus_message_new_method_return(question.get()));
-    dbus_message_append_args(answer.get(), type, value, DBUS_TYPE_INVALID);
+    dbus_message_append_args(answer.get(), DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
+    return answer;
+}
+
+BusMessage answer_with(const BusMessage& question, bool value) {
+    BusMessage answer(dbus_message_new_method_return(question.get()));
+    const dbus_bool_t argument = value ? TRUE : FALSE;
+    dbus_message_append_args(answer.get(), DBUS_TYPE_BOOLEAN, &argument, DBUS_TYPE_INVALID);
     return answer;
 }
 
@@ -62,7 +69,7 @@ bool BusLink::wait() {
 void BusLink::take_from_client(BusMessage message) {
     BusMessage own_answer = has_answered_ ? nullptr : answer_to(message);
     if (is_call_to_bus(message, "Hello"))
-        own_answer = answer_with(message, DBUS_TYPE_STRING, &client_name);
+        own_answer = answer_with(message, client_name);
     if (own_answer)
         tell(own_answer);
     else if (has_answered_)
@@ -73,15 +80,15 @@ void BusLink::take_from_client(BusMessage message) {
 
 BusMessage BusLink::answer_to(const BusMessage& question) {
     const std::string name = first_text_of(question);
-    const dbus_bool_t is_there = name == accessibility_service && !accessibility_bus_.empty();
+    const bool is_there = name == accessibility_service && !accessibility_bus_.empty();
     if (is_call_to_bus(question, "NameHasOwner")) {
         if (!is_there)
             sought_.insert(name);
-        return answer_with(question, DBUS_TYPE_BOOLEAN, &is_there);
+        return answer_with(question, is_there);
     }
     if (is_call_to_bus(question, "GetNameOwner")) {
         if (is_there)
-            return answer_with(question, DBUS_TYPE_STRING, &accessibility_service);
+            return answer_with(question, accessibility_service);
         sought_.insert(name);
         return BusMessage(dbus_message_new_error(question.get(), DBUS_ERROR_NAME_HAS_NO_OWNER,
                                                  "The bus does not answer yet."));
@@ -93,9 +100,8 @@ BusMessage BusLink::answer_to(const BusMessage& question) {
 
 /// Whether a screen reader runs is not known yet; the program then tells its texts to be safe.
 BusMessage BusLink::answer_of_accessibility(const BusMessage& question) const {
-    const char* const address = accessibility_bus_.c_str();
     if (dbus_message_is_method_call(question.get(), accessibility_service, "GetAddress"))
-        return answer_with(question, DBUS_TYPE_STRING, &address);
+        return answer_with(question, accessibility_bus_.c_str());
     if (!dbus_message_is_method_call(question.get(), DBUS_INTERFACE_PROPERTIES, "Get"))
         return nullptr;
     BusMessage answer(dbus_message_new_method_return(question.get()));

@@ -47,6 +47,8 @@ bool is_silent(const std::string& address) {
 /// A socket that listens under a name that the system chooses.
 decoder::Descriptor listening_socket() {
     decoder::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!socket)
+        return socket;
     sockaddr_un name{};
     name.sun_family = AF_UNIX;
     const bool listens = ::bind(socket.number(), reinterpret_cast<const sockaddr*>(&name),
