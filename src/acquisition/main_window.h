@@ -100,6 +100,7 @@ class MainWindow : public Form {
                   {.Text = "Skyglass",
                    .At = {3840, 3360, 915, 285},
                    .Visible = false,
+                   .IsNeverShown = true,
                    .Align = Alignment::centre,
                    .TabIndex = 4}};
     // Never shown; its click opens the About window.
@@ -107,6 +108,7 @@ class MainWindow : public Form {
                  {.Picture = program_icon(32),
                   .At = {4200, 3120, 480, 480},
                   .Visible = false,
+                  .IsNeverShown = true,
                   .ToolTipText = "Info about Lookfar"}};
     // Busy mark: a picture is on its way.
     Image Image1{*this,
@@ -162,9 +164,18 @@ class MainWindow : public Form {
         *this, {.At = {60, 120, 4815, 3615}, .Fill = FillStyle::solid, .FillColor = colour::black}};
     // State cell of the colour depth gate: "0" once it has fired.
     Label BlurEffect{*this,
-                     {.Caption = "1", .At = {360, 0, 255, 255}, .Visible = false, .TabIndex = 14}};
+                     {.Caption = "1",
+                      .At = {360, 0, 255, 255},
+                      .Visible = false,
+                      .IsNeverShown = true,
+                      .TabIndex = 14}};
     // State cell: number of the colour scheme applied last.
-    Label Label5{*this, {.Caption = "0", .At = {0, 0, 255, 255}, .Visible = false, .TabIndex = 12}};
+    Label Label5{*this,
+                 {.Caption = "0",
+                  .At = {0, 0, 255, 255},
+                  .Visible = false,
+                  .IsNeverShown = true,
+                  .TabIndex = 12}};
 
     MenuItem GoToFull{*this, "&Fullscreen"};
     MenuItem Strich1{*this, "-"};

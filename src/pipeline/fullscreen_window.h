@@ -72,7 +72,9 @@ class FullscreenWindow : public Form {
                   .Fill = FillStyle::solid,
                   .FillColor = 0x000000C0}};
     // State cell: "0" while the picture is still to be handed over, "1" afterwards.
-    Label Label8{*this, {.Caption = "0", .At = {8520, 2880, 375, 255}, .Visible = false}};
+    Label Label8{
+        *this,
+        {.Caption = "0", .At = {8520, 2880, 375, 255}, .Visible = false, .IsNeverShown = true}};
     // Control panel: the arrow that opens ("3") and closes ("4") it; its state cell too.
     Label Command1{*this,
                    {.Caption = "4",
@@ -85,7 +87,9 @@ class FullscreenWindow : public Form {
                     .Role = LabelRole::button,
                     .AccessibleName = "Camera selection panel"}};
     // State cell: whole seconds of the last fetch.
-    Label Label7{*this, {.Caption = "0", .At = {120, 120, 255, 255}, .Visible = false}};
+    Label Label7{
+        *this,
+        {.Caption = "0", .At = {120, 120, 255, 255}, .Visible = false, .IsNeverShown = true}};
     // Error description.
     Label Label3{*this,
                  {.Caption = "Description",
@@ -110,7 +114,7 @@ class FullscreenWindow : public Form {
                   .Sizing = LabelSizing::to_caption_in_window,
                   .HasRim = true}};
     // State cell: title of the camera that the last refresh looked up.
-    Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false}};
+    Label Label1{*this, {.At = {8520, 1200, 375, 255}, .Visible = false, .IsNeverShown = true}};
     // Control panel: line along the bar.
     Line Line1{*this, {.X1 = 4800, .Y1 = 480, .X2 = 9000, .Y2 = 480, .BorderColor = 0x000000FF}};
     // Title banner: camera title.

@@ -33,14 +33,25 @@ class SplashWindow : public Form {
     Line Line2{*this, {.X1 = 120, .Y1 = 2880, .X2 = 4560, .Y2 = 2880, .BorderColor = 0x00C0C0C0}};
     // State cell: seconds until the hand-over.
     Label Label1{*this,
-                 {.Caption = "1", .At = {480, 0, 255, 375}, .Visible = false, .TabIndex = 0}};
+                 {.Caption = "1",
+                  .At = {480, 0, 255, 375},
+                  .Visible = false,
+                  .IsNeverShown = true,
+                  .TabIndex = 0}};
     // State cell: position of the running text.
     Label Pos1{*this,
-               {.Caption = "0", .At = {480, 840, 255, 375}, .Visible = false, .TabIndex = 3}};
+               {.Caption = "0",
+                .At = {480, 840, 255, 375},
+                .Visible = false,
+                .IsNeverShown = true,
+                .TabIndex = 3}};
     // State cell: the text that runs.
-    Label Label3{
-        *this,
-        {.Caption = "Loading...  ", .At = {0, 480, 375, 255}, .Visible = false, .TabIndex = 2}};
+    Label Label3{*this,
+                 {.Caption = "Loading...  ",
+                  .At = {0, 480, 375, 255},
+                  .Visible = false,
+                  .IsNeverShown = true,
+                  .TabIndex = 2}};
     // Hand-over.
     Timer Timer1{*this, {.Enabled = true, .Interval = 1000}};
     // Running text.

@@ -62,6 +62,7 @@ class CameraEditor : public Form {
                  {.Caption = editor_mode::add,
                   .At = {120, 1440, 255, 255},
                   .Visible = false,
+                  .IsNeverShown = true,
                   .Align = Alignment::centre,
                   .TabIndex = 7}};
 

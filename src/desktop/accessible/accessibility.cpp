@@ -1,5 +1,6 @@
 #include "desktop/accessible/accessibility.h"
 
+#include "desktop/accessible/application_interface.h"
 #include "desktop/accessible/native_interfaces.h"
 #include "desktop/accessible/window_interface.h"
 #include "desktop/native/label_tab_stop.h"
@@ -9,6 +10,7 @@
 #include "desktop/window/window_view.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
 
 namespace lookfar::desktop {
 
@@ -23,6 +25,8 @@ QAccessibleInterface* make_interface(const QString& /*class_name*/, QObject* obj
         return owned_by_qt<StatusTextInterface>(*text);
     if (auto* const arrows = dynamic_cast<UpDownArrows*>(object))
         return owned_by_qt<UpDownInterface>(*arrows);
+    if (object == QCoreApplication::instance())
+        return owned_by_qt<ApplicationInterface>();
     return nullptr;
 }
 

@@ -19,7 +19,8 @@ QAccessibleInterface* DrawnInterface::parent() const {
 
 QString DrawnInterface::text(QAccessible::Text kind) const {
     const auto drawn = find();
-    return drawn && kind == QAccessible::Name ? shown_text(drawn->name) : QString();
+    const bool is_shown = drawn && drawn->control->Visible;
+    return is_shown && kind == QAccessible::Name ? shown_text(drawn->name) : QString();
 }
 
 QRect DrawnInterface::rect() const {

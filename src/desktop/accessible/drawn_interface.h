@@ -11,7 +11,8 @@ namespace lookfar::desktop {
 
 /// What assistive technology reads of a label or a picture that a window draws itself: role,
 /// name, place, and the text of a label. The control is looked up for every question, since it
-/// may be gone. One that is hidden, or has no name, is reported as invisible.
+/// may be gone. One that is hidden, or has no name, is reported as invisible, and its text as
+/// empty.
 class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterface {
   public:
     DrawnInterface(WindowView& view, const Control& control) : view_(&view), control_(&control) {}

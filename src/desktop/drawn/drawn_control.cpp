@@ -49,7 +49,8 @@ class Describer : public DrawnControlVisitor {
     void visit(Label& label) override {
         DrawnControl& drawn = describe(label);
         // A button or a link is read by the widget at which the keyboard stops.
-        drawn.role = label.Role == LabelRole::text ? Role::text : Role::decoration;
+        const bool is_text = label.Role == LabelRole::text && !label.IsNeverShown;
+        drawn.role = is_text ? Role::text : Role::decoration;
         drawn.area = area_of(label);
         drawn.mouse = &label;
         drawn.tool_tip = label.ToolTipText;
@@ -59,7 +60,7 @@ class Describer : public DrawnControlVisitor {
 
     void visit(Image& image) override {
         DrawnControl& drawn = describe(image);
-        drawn.role = Role::picture;
+        drawn.role = image.IsNeverShown ? Role::decoration : Role::picture;
         drawn.mouse = &image;
         drawn.picture = image.Picture;
         drawn.tool_tip = image.ToolTipText;
@@ -68,7 +69,6 @@ class Describer : public DrawnControlVisitor {
 
     void visit(PictureBox& box) override {
         DrawnControl& drawn = describe(box);
-        drawn.role = Role::picture;
         drawn.mouse = &box;
         drawn.picture = box.Picture;
     }

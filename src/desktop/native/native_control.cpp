@@ -31,7 +31,10 @@ class NativeControlMaker : public ControlVisitor {
     }
     void visit(ListBox& box) override { made_ = make_list_box(box, actions_, window_); }
     void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }
-    void visit(TextBox& box) override { made_ = make_text_entry(box, actions_, window_); }
+    void visit(TextBox& box) override {
+        if (!box.IsNeverShown)
+            made_ = make_text_entry(box, actions_, window_);
+    }
     void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, actions_, window_); }
 
     void visit(Frame&) override {}

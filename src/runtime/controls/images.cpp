@@ -9,6 +9,7 @@ Image::Image(Form& owner, const ImageDesign& design)
       Picture(*this, design.Picture, {.changed = [this] { take_natural_size(); }}),
       Stretch(*this, design.Stretch, {.changed = [this] { take_natural_size(); }}),
       FinePicture(design.FinePicture),
+      IsNeverShown(design.IsNeverShown),
       ToolTipText(design.ToolTipText),
       AccessibleName(design.AccessibleName) {}
 

@@ -15,6 +15,8 @@ struct ImageDesign {
     PictureReference FinePicture = {};
     Bounds At = {};
     bool Visible = true;
+    /// Whether nobody ever sees or hears of the image.
+    bool IsNeverShown = false;
     bool Stretch = false;
     std::string ToolTipText = {};
     /// What assistive technology calls the image.
@@ -34,6 +36,7 @@ class Image : public BoxControl, public MouseEvents {
     Property<bool> Stretch;
 
     const PictureReference FinePicture;
+    const bool IsNeverShown;
     const std::string ToolTipText;
     const std::string AccessibleName;
 

@@ -17,6 +17,7 @@ Label::Label(Form& owner, const LabelDesign& design)
       Room(*this, std::numeric_limits<float>::max(), {.changed = [this] { follow_caption(); }}),
       BackColor(*this, design.BackColor),
       ForeColor(*this, design.ForeColor),
+      IsNeverShown(design.IsNeverShown),
       Align(design.Align),
       Back(design.Back),
       Border(design.Border),

@@ -31,6 +31,8 @@ struct LabelDesign {
     std::string Caption = {};
     Bounds At = {};
     bool Visible = true;
+    /// Whether nobody ever sees or hears of the label: it only holds state.
+    bool IsNeverShown = false;
     Alignment Align = Alignment::left;
     BackStyle Back = BackStyle::opaque;
     LabelBorder Border = LabelBorder::none;
@@ -48,7 +50,7 @@ struct LabelDesign {
     std::string AccessibleName = {};
 };
 
-/// A drawn text, which wraps at its width. A hidden one is often a state cell.
+/// A drawn text, which wraps at its width, or a state cell.
 class Label : public BoxControl, public MouseEvents {
   public:
     Label(Form& owner, const LabelDesign& design);
@@ -69,6 +71,7 @@ class Label : public BoxControl, public MouseEvents {
     Property<Colour> BackColor;
     Property<Colour> ForeColor;
 
+    const bool IsNeverShown;
     const Alignment Align;
     const BackStyle Back;
     const LabelBorder Border;

@@ -11,6 +11,7 @@ TextBox::TextBox(Form& owner, const TextBoxDesign& design)
       Text(*this, design.Text, {.changed = [this] { Change.raise(); }}),
       SelStart(*this, 0),
       SelLength(*this, 0),
+      IsNeverShown(design.IsNeverShown),
       HasBorder(design.HasBorder),
       Align(design.Align),
       MaxLength(design.MaxLength),

@@ -44,6 +44,8 @@ struct TextBoxDesign {
     std::string Text = {};
     Bounds At = {};
     bool Visible = true;
+    /// Whether nobody ever sees or hears of the box: it only holds state.
+    bool IsNeverShown = false;
     bool HasBorder = true;
     Alignment Align = Alignment::left;
     /// Limits typing only, in characters; 0 for as many as the platform's box takes.
@@ -77,6 +79,7 @@ class TextBox : public BoxControl {
     /// With the key and the sum of the keys held: 1 Shift, 2 Control, 4 Alt.
     Event<KeyCode, short> KeyDown;
 
+    const bool IsNeverShown;
     const bool HasBorder;
     const Alignment Align;
     const int MaxLength;

@@ -13,6 +13,7 @@ namespace lookfar::driven {
 namespace {
 
 constexpr const char* announcement = "object:announcement";
+constexpr const char* text_change = "object:text-changed";
 
 /// Takes an object of the library over.
 template <class Object>
@@ -106,20 +107,21 @@ ScreenReader::ScreenReader() {
     qputenv("AT_SPI_BUS_ADDRESS", accessibility_bus_address());
     atspi_init();
     listener_ = owned(atspi_event_listener_new(take, this, nullptr));
-    if (!atspi_event_listener_register(listener_.get(), announcement, nullptr))
-        throw std::runtime_error("The accessibility bus tells no announcements.");
+    for (const char* const kind : {announcement, text_change})
+        if (!atspi_event_listener_register(listener_.get(), kind, nullptr))
+            throw std::runtime_error("The accessibility bus tells nothing.");
 }
 
 ScreenReader::~ScreenReader() {
-    atspi_event_listener_deregister(listener_.get(), announcement, nullptr);
+    for (const char* const kind : {announcement, text_change})
+        atspi_event_listener_deregister(listener_.get(), kind, nullptr);
 }
 
 std::vector<Element> ScreenReader::windows_of(qint64 process) const {
     std::vector<Element> found;
     for (const Element& program : Element(owned(atspi_get_desktop(0))).children())
         if (program.belongs_to(process))
-            std::ranges::copy_if(program.children(), std::back_inserter(found),
-                                 [](const Element& window) { return window.is(State::showing); });
+            std::ranges::move(program.children(), std::back_inserter(found));
     return found;
 }
 
@@ -140,6 +142,12 @@ bool ScreenReader::was_told(std::string_view beginning, Politeness politeness) {
     return std::ranges::any_of(told_, [&](const auto& each) {
         return each.first.starts_with(beginning) && each.second == politeness;
     });
+}
+
+bool ScreenReader::heard(std::string_view part) {
+    listen();
+    return std::ranges::any_of(
+        told_, [&](const auto& each) { return each.first.find(part) != std::string::npos; });
 }
 
 void ScreenReader::forget() {

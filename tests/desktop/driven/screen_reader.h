@@ -57,11 +57,13 @@ class ScreenReader {
     ScreenReader& operator=(const ScreenReader&) = delete;
     ~ScreenReader();
 
-    /// The windows and boxes of the process that show.
+    /// The windows and boxes of the process.
     std::vector<Element> windows_of(qint64 process) const;
 
     /// Whether a text that begins so was told since the last `forget`.
     bool was_told(std::string_view beginning, Politeness politeness);
+    /// Whether such a part was in any of them, or in a change of an input field.
+    bool heard(std::string_view part);
     void forget();
 
   private:

@@ -10,21 +10,34 @@ class Secrets : public DrivenTest {
   protected:
     void SetUp() override {
         const std::string place = "127.0.0.1:" + std::to_string(cameras->port()) + "/locked";
-        lookfar::testing::write_file("Cams.inf", "Gate\r\nhttp://guest:secret@" + place + "\r\n");
+        lookfar::testing::write_file("Cams.inf", "Gate\r\nhttp://guest:secret@" + place +
+                                                     "\r\nYard\r\nhttp://guest:secret@" + place +
+                                                     "?yard\r\n");
         const auto answer = std::get<demo::Answer>(showing(colour::red)({}));
         cameras->answer("/locked", demo::locked_by_basic(answer));
         program.setProcessChannelMode(QProcess::MergedChannels);
         launch();
         ASSERT_TRUE(comes_up(title::main_window));
         fill_in(title::main_window, "Seconds until Refresh", "1");
+        fill_in(title::main_window, "Seconds until the camera changes", "1");
+        click(title::main_window, "check box 'Change every seconds'");
     }
 
     void expect_none_shown() {
         for (const Element& window : windows())
-            for (const Element& element : window.all_showing())
-                for (const char* secret : {"guest", "secret"})
-                    EXPECT_EQ(element.description().find(secret), std::string::npos)
-                        << element.description();
+            expect_none_in(window);
+        for (const char* untold : {"guest", "secret", "Err.Description"})
+            EXPECT_FALSE(reader.heard(untold)) << untold;
+    }
+
+    /// Whether the element shows or not.
+    static void expect_none_in(const Element& element) {
+        const std::string description = element.description();
+        for (const char* untold :
+             {"guest", "secret", "Err.Description", "label '0'", "label '1'", "starting"})
+            EXPECT_EQ(description.find(untold), std::string::npos) << description;
+        for (const Element& child : element.children())
+            expect_none_in(child);
     }
 };
 
