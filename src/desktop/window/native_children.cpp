@@ -2,6 +2,7 @@
 
 #include "runtime/form.h"
 
+#include <QApplication>
 #include <QPushButton>
 
 #include <algorithm>
@@ -23,6 +24,13 @@ NativeChildren::NativeChildren(const Form& form, UserActions& actions, QWidget& 
     : window_(window) {
     make(form, actions);
     set_tab_order();
+    QObject::connect(qApp, &QApplication::focusChanged, &ring_,
+                     [this](QWidget*, QWidget* now) { follow_focus(now); });
+}
+
+void NativeChildren::follow_focus(QWidget* widget) {
+    const bool is_ours = widget && widget->parentWidget() == &window_;
+    ring_.setWidget(is_ours ? widget : nullptr);
 }
 
 /// Later children lie over earlier ones, so the hindmost control comes first.

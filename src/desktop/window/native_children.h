@@ -2,6 +2,7 @@
 
 #include "desktop/native/native_control.h"
 
+#include <QFocusFrame>
 #include <QPointer>
 
 #include <unordered_map>
@@ -48,9 +49,12 @@ class NativeChildren {
   private:
     void make(const Form& form, UserActions& actions);
     void set_tab_order();
+    void follow_focus(QWidget* widget);
     QPushButton* default_button() const;
 
     QWidget& window_;
+    /// Lies around the widget that has the keyboard.
+    QFocusFrame ring_{&window_};
     std::unordered_map<const Element*, NativeControl> natives_;
     QPointer<QWidget> focus_at_show_;
 };

@@ -1,5 +1,6 @@
 #include "desktop/desktop_fixture.h"
 
+#include "desktop/style/colours.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/lists.h"
@@ -286,6 +287,25 @@ TEST_F(NativeControlsTest, EnterPressesTheFocusedOrTheDefaultButtonAndAltTheAcce
     widget(Command2).setFocus();
     QTest::keyClick(&widget(Command2), Qt::Key_Return);
     EXPECT_EQ(clicks, 11);
+}
+
+TEST_F(NativeControlsTest, ARingThatIsToldFromItsGroundLiesAroundTheWidgetWithTheKeyboard) {
+    for (const QColor& ground : {QColor(239, 239, 239), QColor(40, 40, 40)}) {
+        QApplication::setPalette(QPalette(ground));
+        let_loop_come_round();
+        for (Control* const control :
+             {static_cast<Control*>(&Command1), static_cast<Control*>(&Text1),
+              static_cast<Control*>(&List1), static_cast<Control*>(&Check1),
+              static_cast<Control*>(&Combo1)}) {
+            widget(*control).setFocus();
+            const QRect place = widget(*control).geometry().adjusted(-2, -2, 2, 2);
+            const QImage image = window(form).grab(place).toImage();
+            EXPECT_GE(contrast(image.pixelColor(0, 0), ground), 3);
+            EXPECT_GE(count_of(image.pixelColor(0, 0), image),
+                      4 * (place.width() + place.height() - 4));
+        }
+    }
+    QApplication::setPalette({});
 }
 
 TEST_F(NativeControlsTest, APressOnAWidgetIsNoneOnTheWindow) {
