@@ -3,14 +3,6 @@
 
 namespace lookfar {
 
-namespace {
-
-// The panel's state lies in the arrow's caption: where the arrow points is where a click moves it.
-constexpr const char* open = "4";
-constexpr const char* closed = "3";
-
-} // namespace
-
 void FullscreenWindow::open_panel() {
     Command1.Visible = false;
     Combo1.Visible = false;
@@ -20,7 +12,7 @@ void FullscreenWindow::open_panel() {
     Shape2.Left = Shape1.Left + Shape1.Width / 2;
     Combo1.Left = Width - (Combo1.Width + 60);
     Command1.Left = Shape1.Left + 240;
-    Command1.Caption = open;
+    Command1.Caption = panel_state::open;
     Command1.Visible = true;
     Combo1.Visible = true;
     Shape1.DrawMode = DrawMode::copy_pen;
@@ -39,7 +31,7 @@ void FullscreenWindow::close_panel() {
     Shape2.Left = Width;
     Combo1.Left = Width;
     Command1.Left = Shape1.Left + 240;
-    Command1.Caption = closed;
+    Command1.Caption = panel_state::closed;
     Command1.Visible = true;
     Combo1.Visible = true;
     Shape1.DrawMode = DrawMode::merge_pen;
@@ -48,7 +40,7 @@ void FullscreenWindow::close_panel() {
 }
 
 void FullscreenWindow::Command1_Click() {
-    if (Command1.Caption == closed) {
+    if (Command1.Caption == panel_state::closed) {
         open_panel();
     } else {
         close_panel();
@@ -57,7 +49,7 @@ void FullscreenWindow::Command1_Click() {
 }
 
 void MainWindow::Ueberpruefen() {
-    if (Form2->Command1.Caption == open)
+    if (Form2->Command1.Caption == panel_state::open)
         Form2->open_panel();
     else
         Form2->close_panel();

@@ -14,6 +14,13 @@ namespace lookfar {
 class MainWindow;
 class Program;
 
+/// What the caption of the control panel's arrow holds: where the arrow points is where a click
+/// moves the panel.
+namespace panel_state {
+inline constexpr const char* open = "4";
+inline constexpr const char* closed = "3";
+} // namespace panel_state
+
 /// `Form2`: the fullscreen window, and the pipeline that every fetched picture passes through,
 /// whether the window is shown or not. Its state lies in its controls.
 class FullscreenWindow : public Form {
@@ -75,9 +82,9 @@ class FullscreenWindow : public Form {
     Label Label8{
         *this,
         {.Caption = "0", .At = {8520, 2880, 375, 255}, .Visible = false, .IsNeverShown = true}};
-    // Control panel: the arrow that opens ("3") and closes ("4") it; its state cell too.
+    // Control panel: the arrow that opens and closes it; its state cell too, `panel_state`.
     Label Command1{*this,
-                   {.Caption = "4",
+                   {.Caption = panel_state::open,
                     .At = {4440, 120, 255, 255},
                     .Align = Alignment::centre,
                     .Border = LabelBorder::fixed_single,
@@ -85,7 +92,8 @@ class FullscreenWindow : public Form {
                     .ForeColor = colour::black,
                     .Font = {.Name = "Webdings", .Size = 9.75F},
                     .Role = LabelRole::button,
-                    .AccessibleName = "Camera selection panel"}};
+                    .AccessibleName = "Camera selection panel",
+                    .CaptionWhenOpen = panel_state::open}};
     // State cell: whole seconds of the last fetch.
     Label Label7{
         *this,

@@ -1,13 +1,8 @@
 #include "desktop/accessible/announcement.h"
 
-#include <QAccessible>
+#include "desktop/accessible/object_signal.h"
 
-#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVariant>
-#include <QVariantMap>
-#endif
+#include <QAccessible>
 
 namespace lookfar::desktop {
 
@@ -30,15 +25,9 @@ int politeness_of(Announcement announcement) {
     return announcement == Announcement::assertive ? 2 : 1;
 }
 
-/// This Qt has no event for it, so the signal goes out over the connection that Qt itself holds to
-/// the accessibility bus, from the path that Qt gives the object there.
 void speak(QAccessibleInterface& object, const QString& text, Announcement announcement) {
-    QDBusMessage signal = QDBusMessage::createSignal(
-        QStringLiteral("/org/a11y/atspi/accessible/%1").arg(QAccessible::uniqueId(&object)),
-        QStringLiteral("org.a11y.atspi.Event.Object"), QStringLiteral("Announcement"));
-    signal << QString() << politeness_of(announcement) << 0
-           << QVariant::fromValue(QDBusVariant(text)) << QVariantMap();
-    QDBusConnection(QStringLiteral("a11y")).send(signal);
+    send_object_signal(object, QStringLiteral("Announcement"), QString(),
+                       politeness_of(announcement), text);
 }
 
 #endif

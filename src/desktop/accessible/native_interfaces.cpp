@@ -11,6 +11,15 @@ LabelTabStopInterface::LabelTabStopInterface(LabelTabStop& stop)
                         stop.role() == LabelRole::link ? QAccessible::Link : QAccessible::Button),
       stop_(stop) {}
 
+QAccessible::State LabelTabStopInterface::state() const {
+    QAccessible::State state = QAccessibleWidget::state();
+    const auto is_open = stop_.is_open();
+    state.expandable = is_open.has_value();
+    state.expanded = is_open == true;
+    state.collapsed = is_open == false;
+    return state;
+}
+
 QStringList LabelTabStopInterface::actionNames() const {
     return QStringList(pressAction()) + QAccessibleWidget::actionNames();
 }

@@ -9,11 +9,12 @@ class StatusText;
 class UpDownArrows;
 
 /// What assistive technology reads of a drawn label that the keyboard can reach: a button or a
-/// link that can be pressed.
+/// link that can be pressed, and whether a part of the window that it opens and closes is open.
 class LabelTabStopInterface : public QAccessibleWidget {
   public:
     explicit LabelTabStopInterface(LabelTabStop& stop);
 
+    QAccessible::State state() const override;
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
 

@@ -5,6 +5,8 @@
 
 #include <QAbstractButton>
 
+#include <optional>
+
 namespace lookfar::desktop {
 
 /// Lets the keyboard reach a label that is a button or a link: a transparent widget over the label,
@@ -15,13 +17,18 @@ class LabelTabStop : public QAbstractButton {
     LabelTabStop(LabelRole role, QWidget& window);
 
     LabelRole role() const { return role_; }
+    /// Whether what the label opens and closes is open; nothing for a label that does not.
+    std::optional<bool> is_open() const { return is_open_; }
+
+    void synchronise(const Label& label);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void paintEvent(QPaintEvent* /*event*/) override {}
 
   private:
     const LabelRole role_;
+    std::optional<bool> is_open_;
 };
 
 NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window);

@@ -12,7 +12,8 @@ class BoxControl;
 
 namespace lookfar::desktop {
 
-/// Gives a native widget the rectangle and the visibility of its control.
+/// Gives a native widget the rectangle and the visibility of its control. One that lies outside of
+/// its window is hidden, lest the keyboard stop at what nobody can see.
 void place(QWidget& widget, const BoxControl& control);
 
 /// Sets one of the colours in which a native widget is painted.

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 
 namespace lookfar {
 
@@ -29,6 +28,7 @@ Label::Label(Form& owner, const LabelDesign& design)
       Role(design.Role),
       Announcement(design.Announcement),
       AccessibleName(design.AccessibleName),
+      CaptionWhenOpen(design.CaptionWhenOpen),
       wraps_(design.Sizing == LabelSizing::as_designed || design.Sizing == LabelSizing::downwards),
       design_width_(design.At.Width),
       design_height_(design.At.Height) {}
@@ -42,6 +42,10 @@ std::string Label::seen_caption() const {
     if (Sizing == LabelSizing::to_caption_on_one_line)
         std::ranges::replace(caption, '\n', ' ');
     return caption;
+}
+
+std::optional<bool> Label::is_open() const {
+    return CaptionWhenOpen.empty() ? std::nullopt : std::optional(Caption == CaptionWhenOpen);
 }
 
 void Label::follow_caption() {

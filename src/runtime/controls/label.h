@@ -2,6 +2,7 @@
 
 #include "runtime/controls/control.h"
 
+#include <optional>
 #include <string>
 
 namespace lookfar {
@@ -48,6 +49,9 @@ struct LabelDesign {
     lookfar::Announcement Announcement = lookfar::Announcement::none;
     /// What assistive technology calls the label; its caption where this is empty.
     std::string AccessibleName = {};
+    /// Of a button that opens and closes a part of its window, its caption while that is open;
+    /// empty for any other label.
+    std::string CaptionWhenOpen = {};
 };
 
 /// A drawn text, which wraps at its width, or a state cell.
@@ -64,6 +68,9 @@ class Label : public BoxControl, public MouseEvents {
     /// What is to be seen of the caption where there is room: on one line blanks stand for its line
     /// feeds.
     std::string seen_caption() const;
+    /// Whether the part of the window that the label opens and closes is open; nothing for a label
+    /// that does not.
+    std::optional<bool> is_open() const;
 
     Property<std::string> Caption;
     /// The width, in twips, that a caption on one line may take; without bound at first.
@@ -83,6 +90,7 @@ class Label : public BoxControl, public MouseEvents {
     const LabelRole Role;
     const lookfar::Announcement Announcement;
     const std::string AccessibleName;
+    const std::string CaptionWhenOpen;
 
   private:
     void follow_caption();

@@ -111,21 +111,23 @@ TEST_F(Keyboard, OpensAndLeavesTheOtherWindows) {
 }
 
 TEST_F(Keyboard, OperatesTheFullscreenWindow) {
+    constexpr const char* arrow = "push button 'Camera selection panel'";
     pick_from_menu("f");
     ASSERT_TRUE(comes_up(title::fullscreen_window));
     expect_all(title::fullscreen_window,
-               {"frame 'Lookfar Fullscreen Window'", "push button 'Camera selection panel'",
-                "combo box '" + camera, "label 'Screenshot taken: ", "label '" + camera,
-                "image 'Camera picture'"});
+               {"frame 'Lookfar Fullscreen Window'", arrow, "combo box '" + camera,
+                "label 'Screenshot taken: ", "label '" + camera, "image 'Camera picture'"});
     const QRect open = place(title::fullscreen_window, "combo box");
-    tab_along(title::fullscreen_window, {"combo box '", "push button 'Camera selection panel'"});
+    tab_along(title::fullscreen_window, {"combo box '", arrow});
     press_space();
-    EXPECT_TRUE(comes_true([this] {
-        return !whole_screen().intersects(place(title::fullscreen_window, "combo box"));
-    }));
+    EXPECT_TRUE(stops_reading(title::fullscreen_window, "combo box"));
+    EXPECT_TRUE(comes_to_be(State::collapsed, title::fullscreen_window, arrow));
+    EXPECT_TRUE(comes_true([this] { return reader.heard("state-changed:expanded"); }));
+    tab_along(title::fullscreen_window, {arrow, arrow});
     press_space();
+    EXPECT_TRUE(comes_to_be(State::expanded, title::fullscreen_window, arrow));
     EXPECT_TRUE(comes_true([&] { return place(title::fullscreen_window, "combo box") == open; }));
-    tab_along(title::fullscreen_window, {"push button 'Camera selection panel'", "combo box '"});
+    tab_along(title::fullscreen_window, {arrow, "combo box '"});
     pick_the_other_camera(title::fullscreen_window);
 }
 

@@ -14,6 +14,7 @@ namespace {
 
 constexpr const char* announcement = "object:announcement";
 constexpr const char* text_change = "object:text-changed";
+constexpr std::string_view state_change = "object:state-changed:expanded";
 
 /// Takes an object of the library over.
 template <class Object>
@@ -107,13 +108,13 @@ ScreenReader::ScreenReader() {
     qputenv("AT_SPI_BUS_ADDRESS", accessibility_bus_address());
     atspi_init();
     listener_ = owned(atspi_event_listener_new(take, this, nullptr));
-    for (const char* const kind : {announcement, text_change})
+    for (const char* const kind : {announcement, text_change, state_change.data()})
         if (!atspi_event_listener_register(listener_.get(), kind, nullptr))
             throw std::runtime_error("The accessibility bus tells nothing.");
 }
 
 ScreenReader::~ScreenReader() {
-    for (const char* const kind : {announcement, text_change})
+    for (const char* const kind : {announcement, text_change, state_change.data()})
         atspi_event_listener_deregister(listener_.get(), kind, nullptr);
 }
 
@@ -126,9 +127,9 @@ std::vector<Element> ScreenReader::windows_of(qint64 process) const {
 }
 
 void ScreenReader::take(AtspiEvent* event, void* reader) {
-    if (G_VALUE_HOLDS_STRING(&event->any_data))
-        static_cast<ScreenReader*>(reader)->told_.emplace_back(g_value_get_string(&event->any_data),
-                                                               Politeness{event->detail1});
+    const bool is_text = G_VALUE_HOLDS_STRING(&event->any_data) && event->type != state_change;
+    static_cast<ScreenReader*>(reader)->told_.emplace_back(
+        is_text ? g_value_get_string(&event->any_data) : event->type, Politeness{event->detail1});
     g_boxed_free(ATSPI_TYPE_EVENT, event);
 }
 

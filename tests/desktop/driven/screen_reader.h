@@ -18,7 +18,15 @@ struct _AtspiEventListener;
 namespace lookfar::driven {
 
 /// How a thing is, numbered as on the accessibility bus.
-enum class State { active = 1, checked = 4, focused = 12, selected = 23, showing = 25 };
+enum class State {
+    active = 1,
+    checked = 4,
+    collapsed = 5,
+    expanded = 10,
+    focused = 12,
+    selected = 23,
+    showing = 25
+};
 
 /// A thing on the screen as assistive technology tells it to its user. It is asked anew at every
 /// question; one that has gone has no texts, no states and no children.
@@ -62,7 +70,8 @@ class ScreenReader {
 
     /// Whether a text that begins so was told since the last `forget`.
     bool was_told(std::string_view beginning, Politeness politeness);
-    /// Whether such a part was in any of them, or in a change of an input field.
+    /// Whether such a part was in any of them, or in a change of an input field, or in the name of
+    /// a change of state.
     bool heard(std::string_view part);
     void forget();
 
