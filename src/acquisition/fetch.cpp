@@ -69,6 +69,9 @@ void MainWindow::GetRESOURCE(std::string url) {
             show_error(failure);
     }
     report_duration(start);
+    // The busy mark is up until a fetch succeeds. Of a failure the error display tells.
+    if (!Form2->Image2.Visible)
+        announce_new_picture();
 }
 
 void MainWindow::show_in_fullscreen_window(PictureFile& file) {
@@ -128,6 +131,11 @@ void MainWindow::report_duration(float start) {
     Form2->Label7.Caption = number_text(seconds);
     Form2->Label4.Caption = "Screenshot taken: " + runtime.TimeOfDay() + " (" +
                             number_text_with_blank(seconds) + " Sec/Pic )";
+}
+
+void MainWindow::announce_new_picture() {
+    StatusBar1.Announce(Form2->Label4.Caption);
+    Form2->Label4.Announce(Form2->Label4.Caption);
 }
 
 std::string MainWindow::GetHTML(const std::string& WWW_Adresse) {

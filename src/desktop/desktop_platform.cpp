@@ -220,6 +220,10 @@ void DesktopPlatform::show_hint(Control& control, const std::string& text) {
     parts_->windows.show_hint(control, text);
 }
 
+void DesktopPlatform::announce(Control& control, const std::string& text) {
+    parts_->windows.announce(control, text);
+}
+
 void DesktopPlatform::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
     parts_->windows.pop_up(form, menu, default_entry);
 }

@@ -53,6 +53,7 @@ class DesktopPlatform : public Platform {
     void bring_forward(Form& form) override;
     void set_focus(Control& control) override;
     void show_hint(Control& control, const std::string& text) override;
+    void announce(Control& control, const std::string& text) override;
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,
                    std::optional<float> wrap_width) const override;

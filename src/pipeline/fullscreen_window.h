@@ -70,8 +70,7 @@ class FullscreenWindow : public Form {
                   .ForeColor = colour::black,
                   .Font = {.Name = "Arial", .Size = 12, .Bold = true, .Italic = true},
                   .Sizing = LabelSizing::to_caption_on_one_line,
-                  .HasRim = true,
-                  .Announcement = Announcement::polite}};
+                  .HasRim = true}};
     // Title banner: strip behind the status line.
     Shape Shape6{*this,
                  {.At = {480, 5340, 7575, 450},

@@ -88,6 +88,9 @@ class Platform {
     /// Shows a text at a control of a visible window until the user presses a key or a mouse
     /// button, in the place of the text that stood there before; returns at once.
     virtual void show_hint(Control& control, const std::string& text) = 0;
+    /// Has a screen reader say a text that a control of a visible window shows, once it has
+    /// finished what it is saying; returns at once.
+    virtual void announce(Control& control, const std::string& text) = 0;
     /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere,
     /// the default entry set off; returns at once.
     virtual void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) = 0;

@@ -63,6 +63,7 @@ TEST_F(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
         {Bytes(), "Error #35765 ", "The camera's answer holds no bytes."},
         {half, "Error #481 ", "The picture ends too early."},
     };
+    platform.announced.clear();
     for (const auto& [outcome, number, text] : cases) {
         refresh_with(outcome, milliseconds(2500));
         expect_error_display(true);
@@ -75,10 +76,12 @@ TEST_F(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
         EXPECT_EQ(Form2->Picture1.Picture.get(), picture);
         EXPECT_EQ(Form2->Label7.Caption.get(), "2") << "halves go to the even neighbour";
         EXPECT_EQ(Form1->MousePointer, MousePointer::standard);
+        EXPECT_TRUE(platform.announced.empty());
     }
     Form2->Label2.Visible = true;
     refresh_with(whole);
     expect_error_display(false);
+    EXPECT_EQ(platform.announced, std::vector{Form2->Label4.Caption.get()});
     EXPECT_FALSE(Form1->Image1.Visible || Form2->Image2.Visible);
 }
 

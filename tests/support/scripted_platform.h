@@ -65,6 +65,7 @@ class ScriptedPlatform : public Platform {
     std::vector<const Form*> brought_forward;
     const Control* focus = nullptr;
     std::vector<std::pair<const Control*, std::string>> hints;
+    std::vector<std::string> announced;
     /// How often the wake handler was called.
     int wake_ups = 0;
 
@@ -94,6 +95,9 @@ class ScriptedPlatform : public Platform {
     void show_hint(Control& control, const std::string& text) override {
         if (control.form.Visible)
             hints.emplace_back(&control, text);
+    }
+    void announce(Control& /*control*/, const std::string& text) override {
+        announced.push_back(text);
     }
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,

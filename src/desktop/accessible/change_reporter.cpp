@@ -5,7 +5,6 @@
 #include "desktop/accessible/window_interface.h"
 #include "desktop/native/hint.h"
 #include "desktop/native/label_tab_stop.h"
-#include "desktop/native/status_text.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
 
@@ -22,6 +21,12 @@ void report(QAccessibleInterface& object, QAccessible::Event kind) {
     QAccessible::updateAccessibility(&event);
 }
 
+QAccessibleInterface& drawn_interface(WindowView& window, const Control& control) {
+    auto* const parent =
+        dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&window));
+    return *parent->interface_of(control);
+}
+
 void report_name(QAccessibleInterface& object, const QString& before, const QString& now) {
     if (before.isEmpty())
         report(object, QAccessible::ObjectShow);
@@ -34,9 +39,7 @@ void report_name(QAccessibleInterface& object, const QString& before, const QStr
 } // namespace
 
 void ChangeReporter::control_shown(WindowView& window, Control& control) {
-    if (auto* const status_text = dynamic_cast<StatusText*>(window.widget_of(control)))
-        report_status_text(*status_text, control);
-    else if (auto* const stop = dynamic_cast<LabelTabStop*>(window.widget_of(control)))
+    if (auto* const stop = dynamic_cast<LabelTabStop*>(window.widget_of(control)))
         report_tab_stop(*stop, control);
     else if (QAccessible::isActive())
         report_drawn_control(window, control);
@@ -44,6 +47,15 @@ void ChangeReporter::control_shown(WindowView& window, Control& control) {
 
 void ChangeReporter::hint_shown(Hint& hint) {
     announce(*QAccessible::queryAccessibleInterface(&hint), hint.text(), Announcement::assertive);
+}
+
+void ChangeReporter::announced(WindowView& window, const Control& control, const QString& text) {
+    if (!QAccessible::isActive())
+        return;
+    QWidget* const widget = window.widget_of(control);
+    QAccessibleInterface& object =
+        widget ? *QAccessible::queryAccessibleInterface(widget) : drawn_interface(window, control);
+    announce(object, text, Announcement::polite);
 }
 
 void ChangeReporter::report_drawn_control(WindowView& window, Control& control) {
@@ -54,9 +66,7 @@ void ChangeReporter::report_drawn_control(WindowView& window, Control& control) 
     const QString before = std::exchange(reported_[&control], now);
     if (now == before)
         return;
-    auto* const parent =
-        dynamic_cast<WindowInterface*>(QAccessible::queryAccessibleInterface(&window));
-    QAccessibleInterface& object = *parent->interface_of(control);
+    QAccessibleInterface& object = drawn_interface(window, control);
     report_name(object, before, now);
     if (!now.isEmpty())
         announce(object, now, drawn->announcement);
@@ -72,13 +82,6 @@ void ChangeReporter::report_tab_stop(LabelTabStop& stop, const Control& control)
         send_object_signal(*QAccessible::queryAccessibleInterface(&stop),
                            QStringLiteral("StateChanged"), QStringLiteral("expanded"),
                            *is_open ? 1 : 0, {});
-}
-
-/// Only announces the text: the change of the widget's name is reported by Qt itself.
-void ChangeReporter::report_status_text(StatusText& widget, const Control& control) {
-    const QString now = widget.accessibleName();
-    if (std::exchange(reported_[&control], now) != now)
-        announce(*QAccessible::queryAccessibleInterface(&widget), now, Announcement::polite);
 }
 
 } // namespace lookfar::desktop

@@ -1,5 +1,7 @@
 #pragma once
 
+class QString;
+
 namespace lookfar {
 class Control;
 class Element;
@@ -19,6 +21,8 @@ class WindowObserver {
     virtual void control_shown(WindowView& window, Control& control) = 0;
     /// A hint has come up.
     virtual void hint_shown(Hint& hint) = 0;
+    /// A text that the control shows is to be said aloud.
+    virtual void announced(WindowView& window, const Control& control, const QString& text) = 0;
     /// The element is about to go.
     virtual void element_forgotten(const Element& element) = 0;
 };

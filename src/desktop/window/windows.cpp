@@ -142,6 +142,12 @@ void Windows::show_hint(Control& control, const std::string& text) {
         view->show_hint(control, whole_text(text));
 }
 
+void Windows::announce(Control& control, const std::string& text) {
+    synchronise();
+    if (WindowView* const view = view_of(control.form))
+        observer_.announced(*view, control, shown_text(text));
+}
+
 void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
     synchronise();
     if (WindowView* const view = view_of(form))

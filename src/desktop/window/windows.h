@@ -57,6 +57,7 @@ class Windows {
     void bring_forward(Form& form);
     void set_focus(Control& control);
     void show_hint(Control& control, const std::string& text);
+    void announce(Control& control, const std::string& text);
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry);
 
     /// The screen that a window lies over whole; where none does, the one on which the main window

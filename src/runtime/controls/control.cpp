@@ -19,6 +19,11 @@ void Control::ShowHint(const std::string& text) {
     runtime.platform().show_hint(*this, text);
 }
 
+void Control::Announce(const std::string& text) {
+    if (form.Visible)
+        runtime.platform().announce(*this, text);
+}
+
 BoxControl::BoxControl(Form& owner, const Bounds& bounds, bool visible)
     : Control(owner, visible),
       Left(*this, bounds.Left),

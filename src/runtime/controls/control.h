@@ -26,6 +26,9 @@ class Control : public Element {
     /// Shows a text at the control, which the keyboard can be at and whose window is visible, until
     /// the user presses a key or a mouse button; returns at once.
     void ShowHint(const std::string& text);
+    /// Has a screen reader say a text that the control shows, once it has finished what it is
+    /// saying. Nothing happens while the window is hidden.
+    void Announce(const std::string& text);
 
     Form& form;
     Property<bool> Visible;
