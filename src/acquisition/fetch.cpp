@@ -45,6 +45,7 @@ short whole_seconds(float start, float end) {
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void MainWindow::GetRESOURCE(std::string url) {
     const float start = runtime.SecondsSinceMidnight();
+    const std::string title = Form2->Label1.Caption;
     try {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
@@ -53,6 +54,7 @@ void MainWindow::GetRESOURCE(std::string url) {
         show_in_fullscreen_window(file);
         show_in_main_window(file);
         Form2->Picture1.Picture = file.load();
+        name_pictures(title);
 
         Image1.Visible = false;
         Label2.Visible = false;
@@ -131,6 +133,12 @@ void MainWindow::report_duration(float start) {
     Form2->Label7.Caption = number_text(seconds);
     Form2->Label4.Caption = "Screenshot taken: " + runtime.TimeOfDay() + " (" +
                             number_text_with_blank(seconds) + " Sec/Pic )";
+}
+
+void MainWindow::name_pictures(const std::string& title) {
+    const std::string name = "Camera picture: " + title;
+    ImagNT1.AccessibleName = name;
+    Form2->Image3.AccessibleName = name;
 }
 
 void MainWindow::announce_new_picture() {

@@ -220,6 +220,7 @@ class MainWindow : public Form {
     void show_error(const Failure& failure);
     void write_error_captions(const Failure& failure);
     void report_duration(float start);
+    void name_pictures(const std::string& title);
     void announce_new_picture();
 
     // Selection and rotation.

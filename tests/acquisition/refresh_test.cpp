@@ -31,8 +31,12 @@ TEST_F(Refresh, WritesTitleStatusLineAndUrlBeforeTheFetch) {
         EXPECT_EQ(Form1->Text3.Text.get(), url_of('b'));
         EXPECT_TRUE(Form1->Image1.Visible && Form2->Image2.Visible);
         EXPECT_EQ(Form1->MousePointer, MousePointer::hourglass);
+        // As a refresh does that is refused.
+        Form2->Label1.Caption = "a";
     });
     pick(1);
+    for (const Image* image : {&Form1->ImagNT1, &Form2->Image3})
+        EXPECT_EQ(image->AccessibleName.get(), "Camera picture: b");
     EXPECT_EQ(Form2->Label4.Caption.get(), "Screenshot taken: 12:01:01 ( 0 Sec/Pic )");
     EXPECT_FALSE(Form2->Image2.Visible);
     EXPECT_EQ(Form2->Label8.Caption.get(), "0");

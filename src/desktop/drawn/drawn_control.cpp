@@ -64,7 +64,7 @@ class Describer : public DrawnControlVisitor {
         drawn.mouse = &image;
         drawn.picture = image.Picture;
         drawn.tool_tip = image.ToolTipText;
-        drawn.name = name_or(image.AccessibleName, image.ToolTipText);
+        drawn.name = name_or(image.AccessibleName.get(), image.ToolTipText);
     }
 
     void visit(PictureBox& box) override {

@@ -8,10 +8,10 @@ Image::Image(Form& owner, const ImageDesign& design)
     : BoxControl(owner, design.At, design.Visible),
       Picture(*this, design.Picture, {.changed = [this] { take_natural_size(); }}),
       Stretch(*this, design.Stretch, {.changed = [this] { take_natural_size(); }}),
+      AccessibleName(*this, design.AccessibleName),
       FinePicture(design.FinePicture),
       IsNeverShown(design.IsNeverShown),
-      ToolTipText(design.ToolTipText),
-      AccessibleName(design.AccessibleName) {}
+      ToolTipText(design.ToolTipText) {}
 
 void Image::accept(ControlVisitor& visitor) {
     visitor.visit(*this);

@@ -34,11 +34,11 @@ class Image : public BoxControl, public MouseEvents {
 
     Property<PictureReference> Picture;
     Property<bool> Stretch;
+    Property<std::string> AccessibleName;
 
     const PictureReference FinePicture;
     const bool IsNeverShown;
     const std::string ToolTipText;
-    const std::string AccessibleName;
 
   private:
     void take_natural_size();

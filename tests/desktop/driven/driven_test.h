@@ -89,7 +89,7 @@ class DrivenTest : public ::testing::Test {
         return find(title, beginning).place();
     }
     /// The middle of the camera's picture in the main window.
-    QPoint picture() const { return place(title::main_window, "image 'Camera picture'").center(); }
+    QPoint picture() const { return place(title::main_window, "image 'Camera picture").center(); }
     std::string selected_camera() const { return find(title::main_window, "combo box").name(); }
 
     bool comes_up(const std::string& title) const;

@@ -42,7 +42,7 @@ TEST_F(ErrorDisplay, StandsInBothWindowsAndIsToldAtOnceUntilTheCameraIsBack) {
     ASSERT_TRUE(comes_up(title::main_window));
     EXPECT_TRUE(is_told(error, Politeness::interrupts));
     EXPECT_TRUE(comes_to_read(title::main_window, "label 'Error #7"));
-    EXPECT_TRUE(stops_reading(title::main_window, "image 'Camera picture'"));
+    EXPECT_TRUE(stops_reading(title::main_window, "image 'Camera picture: Harbour'"));
     EXPECT_TRUE(comes_to_show(edge, colour::black));
     cameras.emplace(port);
     cameras->answer("/Harbour", showing(colour::green));

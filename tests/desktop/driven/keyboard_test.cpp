@@ -58,7 +58,7 @@ TEST_F(Keyboard, OperatesTheMainWindow) {
                 "push button 'Seconds until Refresh -'", "check box 'Change every seconds'",
                 "text 'Seconds until the camera changes' holding '60'",
                 "status bar 'Screenshot taken: ", "check box 'Blur Effect'", "push button 'Reload'",
-                "image 'Camera picture'", "label 'Seconds until Refresh'"});
+                "image 'Camera picture: " + camera, "label 'Seconds until Refresh'"});
     const auto requests = cameras->requests();
     tab_along(title::main_window,
               {"combo box '", "push button 'Camera list'", "push button 'Reload'"});
@@ -114,9 +114,9 @@ TEST_F(Keyboard, OperatesTheFullscreenWindow) {
     constexpr const char* arrow = "push button 'Camera selection panel'";
     pick_from_menu("f");
     ASSERT_TRUE(comes_up(title::fullscreen_window));
-    expect_all(title::fullscreen_window,
-               {"frame 'Lookfar Fullscreen Window'", arrow, "combo box '" + camera,
-                "label 'Screenshot taken: ", "label '" + camera, "image 'Camera picture'"});
+    expect_all(title::fullscreen_window, {"frame 'Lookfar Fullscreen Window'", arrow,
+                                          "combo box '" + camera, "label 'Screenshot taken: ",
+                                          "label '" + camera, "image 'Camera picture: " + camera});
     const QRect open = place(title::fullscreen_window, "combo box");
     tab_along(title::fullscreen_window, {"combo box '", arrow});
     press_space();
