@@ -16,13 +16,16 @@ namespace lookfar::desktop {
 
 namespace {
 
+QRectF caption_area(const Label& label) {
+    return is_symbol_font(label.Font) ? QRectF() : LabelCaption(label).extent();
+}
+
 /// All that a control can be painted on: whole pixels, with one more around for smooth edges and
 /// rims.
 QRect painted_area(const DrawnControl& drawn) {
     QRectF area = drawn.area;
-    const auto* const label = dynamic_cast<const Label*>(drawn.control);
-    if (label && !is_symbol_font(label->Font))
-        area |= LabelCaption(*label).extent();
+    if (const auto* const label = dynamic_cast<const Label*>(drawn.control))
+        area |= caption_area(*label);
     return area.toAlignedRect().adjusted(-1, -1, 1, 1);
 }
 
@@ -101,6 +104,16 @@ std::string DrawnControls::tool_tip(const QPointF& point) const {
     const auto drawn =
         frontmost_at(point, [](const DrawnControl& each) { return !each.tool_tip.empty(); });
     return drawn ? drawn->tool_tip : std::string();
+}
+
+QRegion DrawnControls::captions() const {
+    QRegion captions;
+    for (const Control* const control : form_.controls()) {
+        const auto* const label = dynamic_cast<const Label*>(control);
+        if (label && label->Visible)
+            captions += caption_area(*label).toAlignedRect();
+    }
+    return captions;
 }
 
 std::vector<DrawnControl> DrawnControls::readable() const {

@@ -50,6 +50,9 @@ class DrawnControls {
     /// The labels and pictures that assistive technology reads, front to back, hidden ones too.
     std::vector<DrawnControl> readable() const;
 
+    /// What the texts of the visible labels cover.
+    QRegion captions() const;
+
     /// The pictures as they are painted; dropped while the window is hidden.
     ScaledPictures& pictures() { return pictures_; }
 

@@ -25,25 +25,38 @@ QString without_middle(const QString& text) {
     return text.left(longest_start) + QChar(0x2026) + text.right(longest_end);
 }
 
+/// The room for a first line below the widget, behind a caption that leaves half of it.
+QRect room_below(const QWidget& widget, const QRegion& captions, int line_height) {
+    const QRect room(widget.x(), widget.geometry().bottom() + gap, widget.width(),
+                     line_height + 2 * room_around_text);
+    QRect free = room;
+    for (const QRect& caption : captions.intersected(room))
+        free.setLeft(std::max(free.left(), caption.right() + gap));
+    return free.width() < room.width() / 2 ? room : free;
+}
+
 /// The width of the text's lines.
-int line_width(const QLabel& label, const QWidget& widget) {
+int line_width(const QLabel& label, const QRect& room) {
     const int unbroken = label.fontMetrics().horizontalAdvance(label.text()) + 1;
-    return std::min(unbroken, widget.width() - 2 * room_around_text);
+    return std::min(unbroken, room.width() - 2 * room_around_text);
 }
 
 } // namespace
 
-Hint::Hint(const QString& text, const QWidget& widget, QWidget& window)
+Hint::Hint(const QString& text, const QWidget& widget, QWidget& window, const QRegion& captions)
     : QLabel(without_middle(text), &window),
-      lines_(this->text(), font(), Qt::AlignLeft, line_width(*this, widget),
+      room_(room_below(widget, captions, fontMetrics().height())),
+      lines_(this->text(), font(), Qt::AlignLeft, line_width(*this, room_),
              QTextOption::WrapAtWordBoundaryOrAnywhere) {
     setTextFormat(Qt::PlainText);
     setPalette(QToolTip::palette());
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    const int width = line_width(*this, room_) + 2 * room_around_text;
     const int height = static_cast<int>(std::ceil(lines_.height())) + 2 * room_around_text;
     const int lowest = window.height() - height - gap;
-    setGeometry(widget.x(), std::min(widget.geometry().bottom() + gap, lowest),
-                line_width(*this, widget) + 2 * room_around_text, height);
+    const bool is_behind_caption = room_.left() > widget.x();
+    setGeometry(is_behind_caption ? room_.right() + 1 - width : room_.left(),
+                std::min(room_.top(), lowest), width, height);
     show();
     qApp->installEventFilter(this);
 }

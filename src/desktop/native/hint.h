@@ -3,6 +3,8 @@
 #include "desktop/style/laid_out_text.h"
 
 #include <QLabel>
+#include <QRect>
+#include <QRegion>
 
 namespace lookfar::desktop {
 
@@ -12,8 +14,9 @@ namespace lookfar::desktop {
 class Hint : public QLabel {
   public:
     /// Comes up at once, inside the window and no wider than the widget: below it, or over its foot
-    /// where there is no room below. Of a long text the middle is left out.
-    Hint(const QString& text, const QWidget& widget, QWidget& window);
+    /// where there is no room below. Where one of the captions of the window begins the line below,
+    /// the hint stands at that line's end. Of a long text the middle is left out.
+    Hint(const QString& text, const QWidget& widget, QWidget& window, const QRegion& captions);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -21,6 +24,7 @@ class Hint : public QLabel {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
+    const QRect room_;
     LaidOutText lines_;
 };
 

@@ -207,7 +207,7 @@ void WindowView::show_hint(const Control& control, const QString& text) {
         return;
     if (hint_)
         hint_->hide();
-    hint_ = owned_by_qt<Hint>(text, *widget, *this);
+    hint_ = owned_by_qt<Hint>(text, *widget, *this, drawn_.captions());
     windows_.observer().hint_shown(*hint_);
 }
 

@@ -90,6 +90,8 @@ TEST_F(CameraList, TellsThatACameraNeedsATitleUntilOneIsTyped) {
     hands.press(Key::enter);
     EXPECT_TRUE(comes_to_read(title::editor, label));
     EXPECT_TRUE(comes_true([&] { return reader.was_told(hint, Politeness::interrupts); }));
+    const QRect url(place(title::editor, "label 'URL'").topLeft(), QSize(24, 17));
+    EXPECT_FALSE(place(title::editor, label).intersects(url));
     hands.press(Key::tab);
     EXPECT_TRUE(stops_reading(title::editor, label));
     click(title::editor, "push button 'Ok'");
