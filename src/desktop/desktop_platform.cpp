@@ -8,6 +8,7 @@
 #include "desktop/end_signals.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
+#include "desktop/pointer_rest.h"
 #include "desktop/screen_wakefulness.h"
 #include "desktop/style/colours.h"
 #include "desktop/style/compact_style.h"
@@ -69,6 +70,7 @@ struct DesktopPlatform::Parts {
         patient_bus.shut_door();
         application.installEventFilter(&input_synchroniser);
         application.installEventFilter(&screen_wakefulness);
+        application.installEventFilter(&pointer_rest);
     }
     Parts(const Parts&) = delete;
     Parts& operator=(const Parts&) = delete;
@@ -81,6 +83,7 @@ struct DesktopPlatform::Parts {
     desktop::Windows windows;
     desktop::InputSynchroniser input_synchroniser;
     desktop::ScreenWakefulness screen_wakefulness;
+    desktop::PointerRest pointer_rest;
     std::optional<desktop::EndSignals> end_signals;
     std::function<void()> wake_handler;
     QTimer wake_timer;

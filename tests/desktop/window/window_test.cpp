@@ -9,11 +9,14 @@
 #include "runtime/window.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
 #include <QPointer>
 #include <QScreen>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdlib>
 #include <thread>
 
@@ -160,6 +163,37 @@ TEST_F(WindowTest, CoversTheScreenWhereItIsBareAndAsLarge) {
     EXPECT_TRUE(
         comes_true([&] { return window(cover).geometry() == window(cover).screen()->geometry(); }));
     EXPECT_TRUE(window(cover).isFullScreen());
+}
+
+TEST_F(WindowTest, HidesThePointerAtRestWhileItCoversTheScreenAndNothingIsOpen) {
+    const auto is_hidden = [] {
+        const QCursor* const cursor = QGuiApplication::overrideCursor();
+        return cursor && cursor->shape() == Qt::BlankCursor;
+    };
+    Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
+    ComboBox selector(cover, {.At = {600, 600, 3000, 300}});
+    selector.AddItem("Camera");
+    show(cover);
+    EXPECT_TRUE(comes_true(is_hidden));
+    QTest::mouseMove(window(cover).windowHandle(), QPoint(300, 300));
+    let_loop_come_round();
+    EXPECT_FALSE(is_hidden());
+
+    auto& box = widget<QComboBox>(selector);
+    box.showPopup();
+    QTimer longer_than_rest;
+    longer_than_rest.setSingleShot(true);
+    longer_than_rest.start(std::chrono::milliseconds(3500));
+    EXPECT_TRUE(comes_true([&] { return is_hidden() || !longer_than_rest.isActive(); }));
+    EXPECT_FALSE(is_hidden());
+    box.hidePopup();
+    EXPECT_TRUE(comes_true(is_hidden));
+    cover.MousePointer = MousePointer::hourglass;
+    let_loop_come_round();
+    EXPECT_TRUE(is_hidden());
+    cover.Hide();
+    show(form);
+    EXPECT_FALSE(is_hidden());
 }
 
 TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
