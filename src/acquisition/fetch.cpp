@@ -49,7 +49,7 @@ void MainWindow::GetRESOURCE(std::string url) {
     try {
         MousePointer = MousePointer::hourglass;
         runtime.DoEvents();
-        PictureFile file(runtime, Inet1.OpenURL(url, DataType::icByteArray));
+        PictureFile file(runtime, Inet1.OpenURL(url, DataType::icByteArray), title);
 
         show_in_fullscreen_window(file);
         show_in_main_window(file);

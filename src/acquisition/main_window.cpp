@@ -45,6 +45,10 @@ MainWindow::MainWindow(Program& program)
     ImagNT1.MouseDown.connect(this, &MainWindow::ImagNT1_MouseDown);
     Label4.MouseDown.connect(this, &MainWindow::Label4_MouseDown);
     MenuKey.connect(this, &MainWindow::Form_MenuKey);
+
+    CopyKey.connect(this, &MainWindow::Form_CopyKey);
+    ImagNT1.DragOut.connect(this, &MainWindow::ImagNT1_DragOut);
+    Label4.DragOut.connect(this, &MainWindow::ImagNT1_DragOut);
 }
 
 void MainWindow::Image2_Click() {

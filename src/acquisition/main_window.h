@@ -249,6 +249,11 @@ class MainWindow : public Form {
     void Label4_MouseDown(MouseButton Button);
     void Form_MenuKey();
 
+    // The way of pictures to other programs.
+    void Form_CopyKey();
+    void ImagNT1_DragOut();
+    PictureReference shown_picture() const;
+
     // The About window.
     void Image2_Click();
     void LKF_About_Click();

@@ -1,9 +1,8 @@
 #include "acquisition/picture_file.h"
 
 #include "file_numbers.h"
+#include "runtime/pictures/original_file.h"
 #include "runtime/runtime.h"
-
-#include <utility>
 
 namespace lookfar {
 
@@ -14,10 +13,12 @@ std::string picture_path(const Runtime& runtime) {
     return path + "data.dat";
 }
 
-PictureFile::PictureFile(Runtime& runtime, DecodedBodyReference body)
+PictureFile::PictureFile(Runtime& runtime, const DecodedBodyReference& body,
+                         const std::string& title)
     : runtime_(runtime),
       path_(picture_path(runtime)),
-      loader_(runtime.platform().disk(), std::move(body)) {
+      loader_(runtime.platform().disk(), body,
+              original_file_name(title, runtime.LocalTime(), body->bytes)) {
     store();
 }
 

@@ -19,8 +19,9 @@ std::string picture_path(const Runtime& runtime);
 /// the body any more, the body is stored once more.
 class PictureFile {
   public:
-    /// Stores the body over the start of the file. Throws a `Failure` where that fails.
-    PictureFile(Runtime& runtime, DecodedBodyReference body);
+    /// Stores the body over the start of the file. Throws a `Failure` where that fails. The body
+    /// has just come from the camera of that title.
+    PictureFile(Runtime& runtime, const DecodedBodyReference& body, const std::string& title);
 
     /// A picture object of its own. Throws a `Failure` where the body is no picture, where the file
     /// can't be read or written, and where other programs write it again and again.

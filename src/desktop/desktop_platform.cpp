@@ -6,6 +6,8 @@
 #include "desktop/bus/patient_bus.h"
 #include "desktop/display_required.h"
 #include "desktop/end_signals.h"
+#include "desktop/exchange/picture_data.h"
+#include "desktop/exchange/picture_drag.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/pointer_rest.h"
@@ -21,7 +23,9 @@
 #include "transfers/curl_transfers.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDBusConnection>
+#include <QDateTime>
 #include <QDesktopServices>
 #include <QPixmap>
 #include <QScreen>
@@ -84,6 +88,7 @@ struct DesktopPlatform::Parts {
     desktop::InputSynchroniser input_synchroniser;
     desktop::ScreenWakefulness screen_wakefulness;
     desktop::PointerRest pointer_rest;
+    desktop::PictureDrag picture_drag;
     std::optional<desktop::EndSignals> end_signals;
     std::function<void()> wake_handler;
     QTimer wake_timer;
@@ -130,6 +135,12 @@ std::chrono::milliseconds DesktopPlatform::time_of_day() const {
     return std::chrono::milliseconds(QTime::currentTime().msecsSinceStartOfDay());
 }
 
+std::chrono::local_seconds DesktopPlatform::local_time() const {
+    const QDateTime now = QDateTime::currentDateTime();
+    const std::chrono::seconds since_utc(now.offsetFromUtc());
+    return std::chrono::local_seconds(std::chrono::seconds(now.toSecsSinceEpoch()) + since_utc);
+}
+
 void DesktopPlatform::set_wake_handler(std::function<void()> handler) {
     parts_->wake_handler = std::move(handler);
 }
@@ -165,6 +176,7 @@ void DesktopPlatform::post(std::function<void()> work) {
 }
 
 void DesktopPlatform::end() {
+    parts_->picture_drag.end();
     parts_->screen_wakefulness.end();
     std::fflush(nullptr);
     std::_Exit(EXIT_SUCCESS);
@@ -196,6 +208,14 @@ std::unique_ptr<Transfer> DesktopPlatform::start_transfer(TransferRequest reques
 
 void DesktopPlatform::open_link(const std::string& address) {
     QDesktopServices::openUrl(QUrl(QString::fromStdString(address)));
+}
+
+void DesktopPlatform::copy_picture(const Picture& picture) {
+    QGuiApplication::clipboard()->setMimeData(desktop::picture_data(picture).release());
+}
+
+void DesktopPlatform::drag_picture(PictureReference picture) {
+    parts_->picture_drag.start(std::move(picture));
 }
 
 MessageBoxAnswer DesktopPlatform::ask(const MessageBox& box) {

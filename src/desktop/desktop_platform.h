@@ -32,6 +32,7 @@ class DesktopPlatform : public Platform {
 
     Instant now() const override;
     std::chrono::milliseconds time_of_day() const override;
+    std::chrono::local_seconds local_time() const override;
     void set_wake_handler(std::function<void()> handler) override;
     void wake_at(std::optional<Instant> instant) override;
 
@@ -46,6 +47,8 @@ class DesktopPlatform : public Platform {
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
 
     void open_link(const std::string& address) override;
+    void copy_picture(const Picture& picture) override;
+    void drag_picture(PictureReference picture) override;
 
     MessageBoxAnswer ask(const MessageBox& box) override;
     void changed(Element& element) override;

@@ -87,6 +87,8 @@ class Form : public Element, public MouseEvents {
     Event<> Unload;
     /// The user asks for the window's menu by the keyboard.
     Event<> MenuKey;
+    /// The user asks by the keyboard for a copy of what the window shows.
+    Event<> CopyKey;
 
     const FormBorder Border;
     const bool ControlBox;

@@ -2,6 +2,7 @@
 
 #include "runtime/look.h"
 #include "runtime/message_box.h"
+#include "runtime/pictures/picture.h"
 #include "runtime/transfer.h"
 
 #include <chrono>
@@ -41,6 +42,8 @@ class Platform {
     virtual Instant now() const = 0;
     /// The time since local midnight.
     virtual std::chrono::milliseconds time_of_day() const = 0;
+    /// The local date and time.
+    virtual std::chrono::local_seconds local_time() const = 0;
     /// Sets what `wake_at` calls.
     virtual void set_wake_handler(std::function<void()> handler) = 0;
     /// Calls the wake handler once, from the message loop, as soon as the instant has come. This
@@ -71,6 +74,11 @@ class Platform {
 
     /// Hands an address to the user's default program for its scheme; a failure is not noticed.
     virtual void open_link(const std::string& address) = 0;
+    /// Gives the clipboard a copy of the picture as it is now.
+    virtual void copy_picture(const Picture& picture) = 0;
+    /// Lets the user drag the picture to another program, which gets it as it is now, or as the
+    /// file that its camera sent; returns at once. To be called while a mouse button is held.
+    virtual void drag_picture(PictureReference picture) = 0;
     /// The service that knows of dial-up connections; none on most platforms.
     virtual RemoteAccessService* remote_access() { return nullptr; }
 

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lookfar {
@@ -44,6 +45,11 @@ class Runtime {
     std::string CurrentDirectory() const;
     /// Hands an address to the user's default program for its scheme; a failure is not noticed.
     void OpenLink(const std::string& address);
+    /// Gives the clipboard a copy of the picture as it is now.
+    void CopyPicture(const Picture& picture) { platform_.copy_picture(picture); }
+    /// Lets the user drag the picture to another program; to be called while a mouse button is
+    /// held. Returns at once.
+    void DragPicture(PictureReference picture) { platform_.drag_picture(std::move(picture)); }
     /// The service that knows of dial-up connections; none on most platforms.
     RemoteAccessService* remote_access() { return platform_.remote_access(); }
 
@@ -53,6 +59,8 @@ class Runtime {
     short ScreenColourDepth() const;
     /// Seconds since local midnight, in single precision.
     float SecondsSinceMidnight() const;
+    /// The local date and time.
+    std::chrono::local_seconds LocalTime() const { return platform_.local_time(); }
     /// The time of day as hh:mm:ss, on a 24-hour clock.
     std::string TimeOfDay() const;
 

@@ -55,6 +55,11 @@ std::chrono::milliseconds ScriptedPlatform::time_of_day() const {
     return ((time_of_day_at_start_ + running) % day + day) % day;
 }
 
+std::chrono::local_seconds ScriptedPlatform::local_time() const {
+    using namespace std::chrono;
+    return local_days(2026y / November / 26) + floor<seconds>(time_of_day());
+}
+
 void ScriptedPlatform::set_wake_handler(std::function<void()> handler) {
     wake_handler_ = std::move(handler);
 }

@@ -59,6 +59,9 @@ class ScriptedPlatform : public Platform {
     std::vector<std::string> boxes;
 
     std::vector<std::string> links;
+    /// What the user keeps of pictures: the pixels that were copied, and the files dragged out.
+    std::vector<Bytes> copies;
+    std::vector<OriginalFile> dragged;
     std::vector<Failure> untrapped;
     std::vector<const PopupMenu*> menus;
     const MenuItem* default_menu_entry = nullptr;
@@ -75,6 +78,7 @@ class ScriptedPlatform : public Platform {
 
     Instant now() const override { return now_; }
     std::chrono::milliseconds time_of_day() const override;
+    std::chrono::local_seconds local_time() const override;
     void set_wake_handler(std::function<void()> handler) override;
     void wake_at(std::optional<Instant> instant) override { wake_ = instant; }
     void run() override;
@@ -86,6 +90,12 @@ class ScriptedPlatform : public Platform {
     Disk& disk() override { return faulty_disk; }
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
     void open_link(const std::string& address) override { links.push_back(address); }
+    void copy_picture(const Picture& picture) override {
+        copies.emplace_back(picture.bytes().begin(), picture.bytes().end());
+    }
+    void drag_picture(PictureReference picture) override {
+        dragged.push_back(*picture->original());
+    }
     RemoteAccessService* remote_access() override { return remote_access_service; }
     MessageBoxAnswer ask(const MessageBox& box) override;
     void changed(Element& /*element*/) override {}

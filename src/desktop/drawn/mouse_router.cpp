@@ -4,6 +4,8 @@
 #include "desktop/input/user_actions.h"
 #include "runtime/form.h"
 
+#include <QApplication>
+
 #include <optional>
 #include <utility>
 
@@ -37,8 +39,10 @@ void MouseRouter::press(Qt::MouseButton button, const QPointF& point) {
     const auto known = known_button(button);
     if (!known)
         return;
-    if (button == Qt::LeftButton)
+    if (button == Qt::LeftButton) {
         pressed_ = &target;
+        pressed_at_ = point;
+    }
     actions_.deliver(form_, [&target, known] { target.MouseDown.raise(*known); });
 }
 
@@ -60,9 +64,21 @@ void MouseRouter::double_click(Qt::MouseButton button, const QPointF& point) {
     actions_.deliver(form_, [&target] { target.DblClick.raise(); });
 }
 
-void MouseRouter::move(const QPointF& point) {
+void MouseRouter::move(Qt::MouseButtons held, const QPointF& point) {
     MouseEvents& target = target_at(point);
     actions_.deliver(form_, [&target] { target.MouseMove.raise(); });
+    if (held.testFlag(Qt::LeftButton) && pressed_)
+        begin_drag(point);
+}
+
+void MouseRouter::begin_drag(const QPointF& point) {
+    if ((point - pressed_at_).manhattanLength() < QApplication::startDragDistance())
+        return;
+    MouseEvents& target = target_at(pressed_at_);
+    if (pressed_ != &target || !target.DragOut.is_connected())
+        return;
+    pressed_ = nullptr;
+    actions_.deliver(form_, [&target] { target.DragOut.raise(); });
 }
 
 } // namespace lookfar::desktop

@@ -117,6 +117,14 @@ QImage wrapped(const Picture& picture) {
             QImage::Format_RGB888};
 }
 
+QImage copied(const Picture& picture) {
+    QImage image = wrapped(picture).convertToFormat(QImage::Format_RGB32);
+    if (!picture.opacity().empty())
+        image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
+                                     picture.width(), QImage::Format_Alpha8));
+    return image;
+}
+
 QSize reduced_size(const Picture& picture, const QSize& size) {
     const QSize natural = natural_size(picture);
     if (size.isEmpty())

@@ -13,6 +13,9 @@ QSize natural_size(const Picture& picture);
 /// An image on the picture's own bytes, which must outlive it. The opacity is left out.
 QImage wrapped(const Picture& picture);
 
+/// An image of its own, transparent where the picture is.
+QImage copied(const Picture& picture);
+
 /// The size, in pixels, to which the picture is reduced on its way to `size`. It is `size` itself
 /// where the picture is the same whole number of times as long in both directions, or long enough
 /// for squares of whole pixels to make no visible difference. Else it is the picture's own size,

@@ -6,13 +6,6 @@ namespace lookfar::desktop {
 
 namespace {
 
-QImage with_opacity(const Picture& picture) {
-    QImage image = wrapped(picture).convertToFormat(QImage::Format_RGB32);
-    image.setAlphaChannel(QImage(picture.opacity().data(), picture.width(), picture.height(),
-                                 picture.width(), QImage::Format_Alpha8));
-    return image;
-}
-
 QImage smoothly_scaled(const QImage& image, const QSize& size) {
     return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
@@ -41,7 +34,7 @@ void ScaledPictures::prepare(Entry& entry) {
     const Picture& picture = *entry.picture;
     const QSize reduced = reduced_size(picture, entry.size);
     if (!picture.opacity().empty()) {
-        entry.image = smoothly_scaled(with_opacity(picture), entry.size);
+        entry.image = smoothly_scaled(copied(picture), entry.size);
     } else if (entry.size == natural_size(picture)) {
         entry.image = wrapped(picture);
     } else if (entry.size == reduced) {

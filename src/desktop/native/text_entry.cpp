@@ -54,6 +54,12 @@ bool is_use(QEvent::Type type) {
            type == QEvent::MouseButtonPress || type == QEvent::InputMethod;
 }
 
+/// Whether a key for a copy is offered while nothing is selected; the window may have a use for it.
+bool is_copy_of_nothing(const QLineEdit& entry, QEvent& event) {
+    return event.type() == QEvent::ShortcutOverride && !entry.hasSelectedText() &&
+           static_cast<QKeyEvent&>(event).matches(QKeySequence::Copy);
+}
+
 /// Selects the text if a handler has written it into the box that has the keyboard, so that the
 /// next character replaces it.
 void select_if_written(const TextEntry& entry, TextBox& control, const std::string& before) {
@@ -150,6 +156,10 @@ bool TextEntry::event(QEvent* event) {
         blink_for_a_while();
     else if (event->type() == QEvent::FocusOut)
         caret_rest_.stop();
+    if (is_copy_of_nothing(*this, *event)) {
+        event->ignore();
+        return true;
+    }
     return QLineEdit::event(event);
 }
 

@@ -1,3 +1,4 @@
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
@@ -10,7 +11,10 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QShortcut>
 #include <QToolTip>
+
+#include <utility>
 
 namespace lookfar::desktop {
 
@@ -107,6 +111,20 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
+void WindowView::take_keys() {
+    if (form_->CopyKey.is_connected())
+        take_key(QKeySequence::Copy, [this] { form_->CopyKey.raise(); });
+}
+
+void WindowView::take_key(const QKeySequence& key, std::function<void()> act) {
+    auto* const shortcut = owned_by_qt<QShortcut>(key, this);
+    shortcut->setAutoRepeat(false);
+    connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] {
+        if (follows_)
+            windows_.actions().deliver(*form_, act);
+    });
+}
+
 void WindowView::mousePressEvent(QMouseEvent* event) {
     mouse_.press(event->button(), event->position());
 }
@@ -120,7 +138,7 @@ void WindowView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void WindowView::mouseMoveEvent(QMouseEvent* event) {
-    mouse_.move(event->position());
+    mouse_.move(event->buttons(), event->position());
 }
 
 } // namespace lookfar::desktop

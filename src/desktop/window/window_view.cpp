@@ -37,6 +37,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(shown_text(form.AccessibleName));
     take_icon(icon);
+    take_keys();
     constexpr std::chrono::seconds longest_coming_up(2);
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);

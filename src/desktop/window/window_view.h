@@ -7,11 +7,13 @@
 #include "desktop/window/window_frame.h"
 
 #include <QIcon>
+#include <QKeySequence>
 #include <QMenu>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -112,6 +114,10 @@ class WindowView : public QWidget {
     /// and the painting too.
     void update_soon(const QRegion& region);
     void show_tool_tip(const QPoint& place, const QPointF& point);
+    /// Hands the form the keys that it waits for, as far as the widget at the keyboard has no use
+    /// of its own for them.
+    void take_keys();
+    void take_key(const QKeySequence& key, std::function<void()> act);
 
     /// Nothing once the form is gone.
     Form* form_;

@@ -56,6 +56,8 @@ struct MouseEvents {
     /// With the button that was pressed.
     Event<MouseButton> MouseDown;
     Event<> MouseMove;
+    /// The left button was pressed over the target and is held, and the mouse pulls away.
+    Event<> DragOut;
 };
 
 } // namespace lookfar

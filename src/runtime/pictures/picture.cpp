@@ -20,7 +20,8 @@ void clear_padding(std::span<std::uint8_t> rows, int width) {
         std::ranges::fill(rows.first(stride).subspan(used), std::uint8_t{0});
 }
 
-Picture::Picture(Pixels pixels) : pixels_(std::move(pixels)) {}
+Picture::Picture(Pixels pixels, std::shared_ptr<const OriginalFile> original)
+    : pixels_(std::move(pixels)), original_(std::move(original)) {}
 
 std::span<const std::uint8_t> Picture::bytes() const {
     return {pixels_.bytes.get(), byte_count()};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/pictures/original_file.h"
 #include "runtime/pictures/pixel_memory.h"
 
 #include <cstddef>
@@ -41,7 +42,7 @@ void clear_padding(std::span<std::uint8_t> rows, int width);
 /// then on.
 class Picture {
   public:
-    explicit Picture(Pixels pixels);
+    explicit Picture(Pixels pixels, std::shared_ptr<const OriginalFile> original = {});
 
     int width() const { return pixels_.width; }
     int height() const { return pixels_.height; }
@@ -59,6 +60,10 @@ class Picture {
                                       std::span<std::uint8_t> new_bytes)>;
     void rewrite(const Change& change);
 
+    /// The file that the picture was decoded from, whatever was rewritten since; nothing for a
+    /// picture of the program's own.
+    const OriginalFile* original() const { return original_.get(); }
+
     /// Moves with every rewrite, so that a view knows when to paint again.
     std::uint64_t revision() const { return revision_; }
 
@@ -66,6 +71,7 @@ class Picture {
     std::size_t byte_count() const;
 
     Pixels pixels_;
+    std::shared_ptr<const OriginalFile> original_;
     /// The picture's own bytes, once it was rewritten.
     std::shared_ptr<std::uint8_t[]> own_bytes_;
     std::uint64_t revision_ = 0;

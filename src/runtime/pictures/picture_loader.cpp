@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 namespace lookfar {
 
@@ -29,10 +30,16 @@ const Pixels& pixels_or_failure(const DecodedBody& body) {
 
 } // namespace
 
+PictureLoader::PictureLoader(Disk& disk, DecodedBodyReference body, std::string original_name)
+    : disk_(disk),
+      body_(std::move(body)),
+      original_(std::make_shared<const OriginalFile>(
+          OriginalFile{.name = std::move(original_name), .bytes = {body_, &body_->bytes}})) {}
+
 PictureReference PictureLoader::LoadPicture(const std::string& path) {
     if (!is_good(*disk_.open(path, OpenMode::read)))
         throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
-    return std::make_shared<Picture>(pixels_or_failure(*body_));
+    return std::make_shared<Picture>(pixels_or_failure(*body_), original_);
 }
 
 bool PictureLoader::is_good(DiskFile& file) {

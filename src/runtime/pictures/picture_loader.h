@@ -3,16 +3,17 @@
 #include "runtime/files/disk.h"
 #include "runtime/pictures/decoded_body.h"
 
+#include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 namespace lookfar {
 
 /// Makes picture objects of a body, out of a file that begins with it.
 class PictureLoader {
   public:
-    PictureLoader(Disk& disk, DecodedBodyReference body) : disk_(disk), body_(std::move(body)) {}
+    /// The pictures are told the name of the file that they are of.
+    PictureLoader(Disk& disk, DecodedBodyReference body, std::string original_name = {});
 
     /// What a file must begin with.
     const Bytes& bytes() const { return body_->bytes; }
@@ -27,6 +28,7 @@ class PictureLoader {
 
     Disk& disk_;
     DecodedBodyReference body_;
+    std::shared_ptr<const OriginalFile> original_;
     /// In this state a file began with the body, and need not be read again.
     std::optional<FileState> good_state_;
 };

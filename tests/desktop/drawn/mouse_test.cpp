@@ -74,6 +74,14 @@ TEST_F(MouseTest, ClicksTwiceForADoubleClickAndNotAtAllWhereItIsDraggedAway) {
     QTest::mousePress(&window(form), Qt::LeftButton, {}, on_label);
     QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_image);
     EXPECT_EQ(take_log(), (Log{"label down 1"}));
+    Image1.DragOut.connect([this] { log.emplace_back("image drag"); });
+    for (const int distance : {1, 20}) {
+        QTest::mousePress(&window(form), Qt::LeftButton, {}, on_image);
+        for (int move = 0; move < 2; ++move)
+            QTest::mouseMove(&window(form), on_image + QPoint(distance, move));
+        QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_image);
+        EXPECT_EQ(take_log(), (Log{"image down 1", distance == 1 ? "image click" : "image drag"}));
+    }
     // Nobody waits for a double click on the button.
     QTest::mouseClick(&window(form), Qt::LeftButton, {}, on_button);
     QTest::mouseDClick(&window(form), Qt::LeftButton, {}, on_button);

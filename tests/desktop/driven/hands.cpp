@@ -52,6 +52,17 @@ void Hands::double_click(const QPoint& point) {
     send();
 }
 
+void Hands::take(const QPoint& point) {
+    fake(XCB_MOTION_NOTIFY, 0, point);
+    fake(XCB_BUTTON_PRESS, static_cast<std::uint8_t>(MouseButton::left));
+    send();
+}
+
+void Hands::let_go() {
+    fake(XCB_BUTTON_RELEASE, static_cast<std::uint8_t>(MouseButton::left));
+    send();
+}
+
 void Hands::press(Key key, Key held) {
     if (held != Key::none)
         fake(XCB_KEY_PRESS, code_of(held));

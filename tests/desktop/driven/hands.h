@@ -20,7 +20,9 @@ enum class Key : xcb_keysym_t {
     menu = 0xff67,
     f4 = 0xffc1,
     shift = 0xffe1,
-    alt = 0xffe9
+    control = 0xffe3,
+    alt = 0xffe9,
+    c = 'c'
 };
 
 /// The user's hands on mouse and keyboard. What they do goes to whatever window lies under the
@@ -33,6 +35,9 @@ class Hands {
     void point_at(const QPoint& point);
     void click(const QPoint& point, MouseButton button = MouseButton::left);
     void double_click(const QPoint& point);
+    /// Presses the left button and holds it.
+    void take(const QPoint& point);
+    void let_go();
 
     /// Presses a key, while another one is held down if it is given.
     void press(Key key, Key held = Key::none);
