@@ -10,6 +10,7 @@ MainWindow::MainWindow(Program& program)
     : Form(program.runtime, {.Caption = "Lookfar", .Client = {4935, 5190}, .IsMainWindow = true}),
       Form2(program.Form2),
       Form3(program.Form3),
+      Form4(program.Form4),
       Loading(program.Loading),
       About(program.About) {
     Load.connect(this, &MainWindow::Form_Load);
@@ -19,6 +20,7 @@ MainWindow::MainWindow(Program& program)
     Timer1.Tick.connect(this, &MainWindow::Timer1_Timer);
     Command2.Click.connect(this, &MainWindow::Command2_Click);
     ImgReload.Click.connect(this, &MainWindow::ImgReload_Click);
+    ReloadKey.connect(this, &MainWindow::Command2_Click);
 
     Check1.Click.connect(this, &MainWindow::Check1_Click);
     Timer2.Tick.connect(this, &MainWindow::Timer2_Timer);
@@ -49,6 +51,7 @@ MainWindow::MainWindow(Program& program)
     CopyKey.connect(this, &MainWindow::Form_CopyKey);
     ImagNT1.DragOut.connect(this, &MainWindow::ImagNT1_DragOut);
     Label4.DragOut.connect(this, &MainWindow::ImagNT1_DragOut);
+    AddressGiven.connect(this, &MainWindow::Form_AddressGiven);
 }
 
 void MainWindow::Image2_Click() {

@@ -19,6 +19,7 @@
 namespace lookfar {
 
 class AboutWindow;
+class CameraEditor;
 class CameraListWindow;
 class FullscreenWindow;
 class PictureFile;
@@ -249,9 +250,10 @@ class MainWindow : public Form {
     void Label4_MouseDown(MouseButton Button);
     void Form_MenuKey();
 
-    // The way of pictures to other programs.
+    // The way of pictures and addresses to other programs and from them.
     void Form_CopyKey();
     void ImagNT1_DragOut();
+    void Form_AddressGiven(const std::string& address, const std::string& title);
     PictureReference shown_picture() const;
 
     // The About window.
@@ -270,6 +272,7 @@ class MainWindow : public Form {
 
     Window<FullscreenWindow>& Form2;
     Window<CameraListWindow>& Form3;
+    Window<CameraEditor>& Form4;
     Window<SplashWindow>& Loading;
     Window<AboutWindow>& About;
 };

@@ -89,6 +89,11 @@ class Form : public Element, public MouseEvents {
     Event<> MenuKey;
     /// The user asks by the keyboard for a copy of what the window shows.
     Event<> CopyKey;
+    /// The user asks by the keyboard for what the window shows to be fetched anew.
+    Event<> ReloadKey;
+    /// The user pastes an address of the Web into the window, or drops it there: the address, and
+    /// its title where it came with one.
+    Event<const std::string&, const std::string&> AddressGiven;
 
     const FormBorder Border;
     const bool ControlBox;

@@ -28,6 +28,37 @@ TEST_F(Exchange, GivesThePictureAsItIsShownAndTheFileThatTheCameraSent) {
     EXPECT_EQ(platform.copies.size() + platform.dragged.size(), 2U) << "no picture is shown";
 }
 
+TEST_F(Exchange, ReloadsByTheKey) {
+    const auto before = platform.requests.size();
+    Form1->ReloadKey.raise();
+    EXPECT_EQ(platform.requests.size(), before + 1);
+}
+
+TEST_F(Exchange, PutsAGivenAddressIntoTheEditorAndOverwritesNothingThere) {
+    const struct {
+        bool is_open;
+        const char *title, *url, *title_then, *url_then;
+    } cases[] = {{false, "old", "http://old/", "Quay", "http://new/"},
+                 {true, "", "", "Quay", "http://new/"},
+                 {true, "typed", "", "typed", "http://new/"},
+                 {true, "", "http://typed/", "", "http://typed/"}};
+    for (const auto& [is_open, title, url, title_then, url_then] : cases) {
+        Form4->Text1.Text = title;
+        Form4->Text2.Text = url;
+        Form4->Visible = is_open;
+        Form4->Label3.Caption = editor_mode::edit;
+        platform.hints.clear();
+        Form1->AddressGiven.raise("http://new/", "Quay");
+        EXPECT_EQ(Form4->Text1.Text.get(), title_then);
+        EXPECT_EQ(Form4->Text2.Text.get(), url_then);
+        EXPECT_EQ(Form4->Label3.Caption == editor_mode::edit, is_open);
+        EXPECT_EQ(platform.brought_forward.back(), &*Form4);
+        EXPECT_TRUE(Form3->Visible && Form3->Timer1.Enabled);
+        EXPECT_EQ(platform.focus, &Form4->Text1);
+        EXPECT_EQ(platform.hints.empty(), Form4->Text2.Text == "http://new/");
+    }
+}
+
 TEST(OriginalFileName, IsOneForEveryFileSystem) {
     using namespace std::chrono;
     const local_seconds time = local_days(2026y / March / 5) + hours(4);

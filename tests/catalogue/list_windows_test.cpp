@@ -55,7 +55,7 @@ TEST_F(ListWindows, OpenOnTheCurrentCameraAndPickAtOnce) {
 
 TEST_F(ListWindows, AskBeforeTheyRemoveAndSelectTheFirstCameraAfterwards) {
     answer(MessageBoxAnswer::no);
-    press_remove();
+    Form3->List1.DeleteKey.raise();
     EXPECT_EQ(platform.boxes, Lines{"36 Remove Skyglass: Do you really want to remove 'b' from "
                                     "your Skyglass list?"});
     EXPECT_EQ(content_of("Cams.inf"), list);

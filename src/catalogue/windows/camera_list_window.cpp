@@ -27,6 +27,7 @@ CameraListWindow::CameraListWindow(Program& program)
     Command1.Click.connect(this, &CameraListWindow::Command1_Click);
     Command3.Click.connect(this, &CameraListWindow::Command3_Click);
     Command2.Click.connect(this, &CameraListWindow::Command2_Click);
+    List1.DeleteKey.connect(this, &CameraListWindow::Command2_Click);
     Command4.Click.connect(this, &CameraListWindow::Command4_Click);
 }
 
@@ -43,11 +44,15 @@ void CameraListWindow::Timer1_Timer() {
         List1.ListIndex = Form1->Combo1.ListIndex;
 }
 
-void CameraListWindow::Command1_Click() {
-    Form4->Text1.Text = "";
-    Form4->Text2.Text = "";
+void CameraListWindow::add_camera(const std::string& title, const std::string& url) {
+    Form4->Text1.Text = title;
+    Form4->Text2.Text = url;
     Form4->Label3.Caption = editor_mode::add;
     Form4->Show();
+}
+
+void CameraListWindow::Command1_Click() {
+    add_camera("", "");
 }
 
 void CameraListWindow::Command3_Click() {

@@ -7,6 +7,8 @@
 #include "runtime/form.h"
 #include "runtime/window.h"
 
+#include <string>
+
 namespace lookfar {
 
 class CameraEditor;
@@ -38,6 +40,9 @@ class CameraListWindow : public Form {
         *this, {.Caption = "&Ok", .At = {2760, 3360, 1095, 375}, .Default = true, .TabIndex = 4}};
     // Keeps a selection in the list.
     Timer Timer1{*this, {.Enabled = false, .Interval = 1, .Ticks = TickRule::after_a_change}};
+
+    /// Opens the editor for a new camera, with what is known of it already.
+    void add_camera(const std::string& title, const std::string& url);
 
     /// The three lists of cameras, this window's first.
     catalogue::SelectorLists selector_lists();

@@ -12,6 +12,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QShortcut>
 
 #include <utility>
 
@@ -88,6 +89,12 @@ NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& win
                      });
     QObject::connect(&view, &ListView::pressed_again, widget.tie(), [&control, &actions] {
         actions.deliver(control, [&control] { control.Click.raise(); });
+    });
+    auto* const delete_key = owned_by_qt<QShortcut>(QKeySequence(Qt::Key_Delete), &view);
+    delete_key->setContext(Qt::WidgetShortcut);
+    delete_key->setAutoRepeat(false);
+    QObject::connect(delete_key, &QShortcut::activated, widget.tie(), [&control, &actions] {
+        actions.deliver(control, [&control] { control.DeleteKey.raise(); });
     });
     return {
         .widget = std::move(widget),

@@ -5,6 +5,8 @@
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -114,6 +116,14 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
 void WindowView::take_keys() {
     if (form_->CopyKey.is_connected())
         take_key(QKeySequence::Copy, [this] { form_->CopyKey.raise(); });
+    if (form_->ReloadKey.is_connected())
+        take_key(Qt::Key_F5, [this] { form_->ReloadKey.raise(); });
+    if (form_->AddressGiven.is_connected())
+        take_key(QKeySequence::Paste, [this] {
+            const auto* const copied = QGuiApplication::clipboard()->mimeData();
+            if (const auto given = copied ? given_address(*copied) : std::nullopt)
+                give(*given);
+        });
 }
 
 void WindowView::take_key(const QKeySequence& key, std::function<void()> act) {
@@ -123,6 +133,26 @@ void WindowView::take_key(const QKeySequence& key, std::function<void()> act) {
         if (follows_)
             windows_.actions().deliver(*form_, act);
     });
+}
+
+void WindowView::give(const GivenAddress& given) {
+    form_->AddressGiven.raise(given.address, given.title);
+}
+
+void WindowView::dragEnterEvent(QDragEnterEvent* event) {
+    const bool may_take = follows_ && !QApplication::activeModalWidget() &&
+                          event->possibleActions() & (Qt::CopyAction | Qt::LinkAction);
+    dragged_in_ = may_take ? given_address(*event->mimeData()) : std::nullopt;
+    event->setAccepted(dragged_in_.has_value());
+}
+
+/// Whatever the other program would rather do, it is left with what it gives.
+void WindowView::dropEvent(QDropEvent* event) {
+    const bool may_copy = event->possibleActions().testFlag(Qt::CopyAction);
+    event->setDropAction(may_copy ? Qt::CopyAction : Qt::LinkAction);
+    event->accept();
+    if (const auto given = std::exchange(dragged_in_, std::nullopt))
+        windows_.actions().deliver(*form_, [this, &given] { give(*given); });
 }
 
 void WindowView::mousePressEvent(QMouseEvent* event) {

@@ -38,6 +38,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     setAccessibleName(shown_text(form.AccessibleName));
     take_icon(icon);
     take_keys();
+    setAcceptDrops(form.AddressGiven.is_connected());
     constexpr std::chrono::seconds longest_coming_up(2);
     coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);

@@ -3,6 +3,7 @@
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
 #include "desktop/window/first_look.h"
+#include "desktop/exchange/given_address.h"
 #include "desktop/window/native_children.h"
 #include "desktop/window/window_frame.h"
 
@@ -88,6 +89,8 @@ class WindowView : public QWidget {
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -118,6 +121,7 @@ class WindowView : public QWidget {
     /// of its own for them.
     void take_keys();
     void take_key(const QKeySequence& key, std::function<void()> act);
+    void give(const GivenAddress& given);
 
     /// Nothing once the form is gone.
     Form* form_;
@@ -129,6 +133,8 @@ class WindowView : public QWidget {
     std::optional<TiedWidget<QMenu>> menu_;
     QMetaObject::Connection screen_watch_;
     QPointer<Hint> hint_;
+    /// What a drag over the window holds: to ask for it once more takes another program's time.
+    std::optional<GivenAddress> dragged_in_;
     /// Whether the form was visible when the window took over what it says.
     bool follows_ = false;
     /// Runs from the moment when the window is to be shown until it is painted.

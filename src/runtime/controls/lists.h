@@ -58,6 +58,9 @@ class ListBox : public ListControl {
 
     void accept(ControlVisitor& visitor) override;
 
+    /// The user presses the Delete key.
+    Event<> DeleteKey;
+
     const int TabIndex;
     const std::string AccessibleName;
 };

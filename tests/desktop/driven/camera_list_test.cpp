@@ -53,7 +53,7 @@ TEST_F(CameraList, LosesACameraOnceTheQuestionIsAnsweredByYes) {
     pick("Harbour");
     pick("Tower");
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Tower'"));
-    press("Remove");
+    hands.press(Key::del);
     EXPECT_TRUE(
         comes_to_read(title::removal_question, "label 'Do you really want to remove 'Tower'"));
     answer(title::removal_question, "No");

@@ -1,22 +1,26 @@
 #include "desktop/driven/driven_test.h"
 
 #include <QClipboard>
+#include <QDrag>
 #include <QDropEvent>
 #include <QFile>
 #include <QMimeData>
 #include <QRasterWindow>
+#include <QTimer>
 #include <QUrl>
 
+#include <chrono>
 #include <csignal>
 #include <variant>
 
 namespace lookfar::driven {
 namespace {
 
-/// A window of another program, beside the main window, which takes whatever is dropped on it.
+/// A window of another program, beside the main window: it takes whatever is dropped on it, and
+/// gives a link to whoever drags from it.
 class Neighbour : public QRasterWindow {
   public:
-    Neighbour() {
+    explicit Neighbour(Hands& hands) : hands_(hands) {
         setFlags(Qt::BypassWindowManagerHint);
         setGeometry(700, 100, 200, 200);
         show();
@@ -47,6 +51,37 @@ class Neighbour : public QRasterWindow {
         file = dropped.fileName();
         drop.acceptProposedAction();
     }
+
+    void mousePressEvent(QMouseEvent* /*event*/) override {
+        auto data = std::make_unique<QMimeData>();
+        data->setData("_NETSCAPE_URL", "http://a.example/pier.jpg\nThe Pier");
+        QDrag drag(this);
+        drag.setMimeData(data.release());
+        QTimer mover;
+        mover.callOnTimeout([this, x = 0]() mutable { hands_.point_at({50 + ++x % 150, 100}); });
+        mover.start(std::chrono::milliseconds(50));
+        connect(&drag, &QDrag::actionChanged, this, [this, &mover] {
+            mover.stop();
+            hands_.let_go();
+        });
+        drag.exec(Qt::CopyAction | Qt::LinkAction);
+    }
+
+    Hands& hands_;
+};
+
+/// An address on the clipboard that can tell when it was asked for.
+class Address : public QMimeData {
+  public:
+    Address() { setText("http://a.example/pier.jpg\n"); }
+
+    mutable bool was_given = false;
+
+  protected:
+    QVariant retrieveData(const QString& format, QMetaType type) const override {
+        was_given = true;
+        return QMimeData::retrieveData(format, type);
+    }
 };
 
 class Exchange : public DrivenTest {
@@ -62,11 +97,27 @@ class Exchange : public DrivenTest {
     }
 };
 
-TEST_F(Exchange, CopiesThePictureByTheKey) {
+TEST_F(Exchange, CopiesThePictureByTheKeyAndTakesAnAddressThatIsPasted) {
     QClipboard& clipboard = *QGuiApplication::clipboard();
     start({"Harbour"});
     ASSERT_TRUE(comes_to_show(picture(), colour::red));
+    auto address = std::make_unique<Address>();
+    const bool& was_given = address->was_given;
+    clipboard.setMimeData(address.release());
+    hands.press(Key::v, Key::control);
+    // A screen reader's questions would keep the program from the answer.
+    ASSERT_TRUE(comes_true([&] { return was_given; }));
+    ASSERT_TRUE(comes_up(title::editor));
+    EXPECT_TRUE(comes_to_be(State::focused, title::editor, "text 'Title'"));
+    EXPECT_TRUE(comes_to_read(title::editor, "text 'URL' holding 'http://a.example/pier.jpg'"));
+    click(title::editor, "push button 'Cancel'");
+    EXPECT_TRUE(goes(title::editor));
+
+    fill_in(title::main_window, "Seconds until Refresh", "60");
+    const auto before = cameras->requests();
+    hands.press(Key::f5);
     hands.press(Key::c, Key::control);
+    EXPECT_TRUE(comes_true([&] { return cameras->requests() > before; }));
     EXPECT_TRUE(comes_true([&] { return clipboard.mimeData()->hasFormat("image/png"); }));
     const auto copy = QImage::fromData(clipboard.mimeData()->data("image/png"), "png");
     EXPECT_EQ(copy.size(), QSize(320, 240));
@@ -75,7 +126,7 @@ TEST_F(Exchange, CopiesThePictureByTheKey) {
 
 TEST_F(Exchange, GivesThePictureToWhoeverItIsDraggedTo) {
     start({"Harbour"});
-    Neighbour neighbour;
+    Neighbour neighbour(hands);
     drag_picture_to(neighbour);
     hands.let_go();
     EXPECT_TRUE(comes_true([&] { return !neighbour.file.isEmpty(); }));
@@ -90,11 +141,22 @@ TEST_F(Exchange, GivesThePictureToWhoeverItIsDraggedTo) {
 
 TEST_F(Exchange, EndsInTheMidstOfADrag) {
     start({"Harbour"});
-    Neighbour neighbour;
+    Neighbour neighbour(hands);
     drag_picture_to(neighbour);
     kill(static_cast<pid_t>(program.processId()), SIGTERM);
     expect_good_end();
     hands.let_go();
+}
+
+TEST_F(Exchange, OpensTheEditorOnALinkThatIsDropped) {
+    start({"Harbour"});
+    Neighbour neighbour(hands);
+    hands.take(neighbour.geometry().center());
+    ASSERT_TRUE(comes_up(title::editor));
+    EXPECT_TRUE(comes_to_read(title::editor, "text 'Title' holding 'The Pier'"));
+    EXPECT_TRUE(comes_to_read(title::editor, "text 'URL' holding 'http://a.example/pier.jpg'"));
+    click(title::editor, "push button 'Cancel'");
+    EXPECT_TRUE(goes(title::editor));
 }
 
 } // namespace

@@ -22,7 +22,10 @@ enum class Key : xcb_keysym_t {
     shift = 0xffe1,
     control = 0xffe3,
     alt = 0xffe9,
-    c = 'c'
+    del = 0xffff,
+    f5 = 0xffc2,
+    c = 'c',
+    v = 'v'
 };
 
 /// The user's hands on mouse and keyboard. What they do goes to whatever window lies under the
