@@ -2,8 +2,8 @@
 
 #include "desktop/drawn/drawn_controls.h"
 #include "desktop/drawn/mouse_router.h"
-#include "desktop/window/first_look.h"
 #include "desktop/exchange/given_address.h"
+#include "desktop/window/first_look.h"
 #include "desktop/window/native_children.h"
 #include "desktop/window/window_frame.h"
 
