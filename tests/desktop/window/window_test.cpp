@@ -132,7 +132,7 @@ TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
         form.Hide();
         let_loop_come_round();
         show(form);
-        EXPECT_TRUE(is_there());
+        EXPECT_TRUE(comes_true(is_there)) << "once the window has its frame";
     }
 }
 
