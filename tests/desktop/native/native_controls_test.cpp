@@ -293,6 +293,7 @@ TEST_F(NativeControlsTest, ARingThatIsToldFromItsGroundLiesAroundTheWidgetWithTh
     for (const QColor& ground : {QColor(239, 239, 239), QColor(40, 40, 40)}) {
         QApplication::setPalette(QPalette(ground));
         let_loop_come_round();
+        ASSERT_EQ(window(form).palette().color(QPalette::Window), ground);
         for (Control* const control :
              {static_cast<Control*>(&Command1), static_cast<Control*>(&Text1),
               static_cast<Control*>(&List1), static_cast<Control*>(&Check1),
