@@ -29,8 +29,7 @@ struct Sample : Form {
     Label Label2{*this, {.At = {0, 0, 1000, 165}, .Sizing = LabelSizing::downwards}};
     Label Label3{*this, {.At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption}};
     Label Label4{*this, {.At = {100, 100, 10, 10}}};
-    Label Label5{*this,
-                 {.At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption_on_one_line}};
+    Label Label5{*this, {.At = {100, 100, 10, 10}, .Sizing = LabelSizing::to_caption_on_one_line}};
     Image Image1{*this, {.At = {10, 20, 300, 400}}};
     Timer Timer1{*this, {.Enabled = false, .Interval = 1000}};
 };
