@@ -16,7 +16,7 @@ std::string given(const QMimeData& data) {
 
 TEST(GivenAddress, IsOneLineOfTheWebOrALinkWithItsTitle) {
     const struct {
-        const char *text, *given;
+        const char *text = "", *given = "";
     } texts[] = {{" http://a.example/b c.jpg\n", "http://a.example/b c.jpg "},
                  {"HTTPS://a", "HTTPS://a "},
                  {"http://a\nhttp://b", "nothing"},
@@ -31,7 +31,7 @@ TEST(GivenAddress, IsOneLineOfTheWebOrALinkWithItsTitle) {
     }
     const struct {
         QList<QUrl> urls;
-        const char* given;
+        const char* given = "";
     } links[] = {{{QUrl("https://a/%20b")}, "https://a/%20b "},
                  {{QUrl("file:///a.jpg")}, "nothing"},
                  {{QUrl("http://a/"), QUrl("http://b/")}, "nothing"}};
@@ -43,9 +43,9 @@ TEST(GivenAddress, IsOneLineOfTheWebOrALinkWithItsTitle) {
     const QString link = QStringLiteral("http://a/\nOld  Quay\u00e9");
     const QByteArray utf16(reinterpret_cast<const char*>(link.utf16()), link.size() * 2);
     const struct {
-        const char* format;
+        const char* format = "";
         QByteArray bytes;
-        const char* given;
+        const char* given = "";
     } titled[] = {{"text/x-moz-url", utf16, "http://a/ Old Quay\u00e9"},
                   {"text/x-moz-url", utf16 + '\0', "http://a/ Old Quay\u00e9"},
                   {"text/x-moz-url", utf16 + utf16, "nothing"},
