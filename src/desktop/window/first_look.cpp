@@ -1,10 +1,10 @@
 #include "desktop/window/first_look.h"
 
-#include <QGuiApplication>
+#include "desktop/x11/x_server.h"
+
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
-#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <utility>
@@ -14,12 +14,6 @@ namespace lookfar::desktop {
 namespace {
 
 constexpr std::uint8_t depth = 24;
-
-/// Nothing without an X server.
-xcb_connection_t* x_server() {
-    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
 
 bool has_many_colours(xcb_connection_t* server) {
     return xcb_setup_roots_iterator(xcb_get_setup(server)).data->root_depth == depth;
