@@ -9,6 +9,7 @@
 #include "pictures/readable_pictures.h"
 #include "pictures/webp_chunks.h"
 #include "runtime/failure.h"
+#include "runtime/pictures/picture_formats.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -4,12 +4,8 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 namespace lookfar {
-
-/// The one of `picture_formats` that the bytes begin as; empty where they begin as none.
-std::string_view format_of(std::span<const std::uint8_t> bytes);
 
 /// What the decoding of a camera's picture may cost at most, beside its `most_pixels`. A JPEG is
 /// walked through whole for each of the scans that it is stored in.

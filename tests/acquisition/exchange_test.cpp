@@ -67,7 +67,7 @@ TEST(OriginalFileName, IsOneForEveryFileSystem) {
         std::string title, begins, name;
     } cases[] = {{"Old Harbour", "\xFF\xD8\xFF", "Old Harbour" + then + ".jpg"},
                  {"../a\\b:c\n", "GIF89a", "_._a_b_c_" + then + ".gif"},
-                 {"", "\x89PNG", "_" + then + ".png"},
+                 {"", "\x89PNG\r\n\x1A\n", "_" + then + ".png"},
                  {"caf\xE9?", "BM", "caf\xC3\xA9_" + then + ".bmp"},
                  {"*", "RIFFsizeWEBP", "_" + then + ".webp"},
                  {"x", "RIFF", "x" + then},

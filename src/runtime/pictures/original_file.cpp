@@ -1,5 +1,6 @@
 #include "runtime/pictures/original_file.h"
 
+#include "runtime/pictures/picture_formats.h"
 #include "runtime/text.h"
 
 #include <algorithm>
@@ -11,29 +12,11 @@ namespace lookfar {
 
 namespace {
 
-/// "?" stands for any byte.
-struct Signature {
-    std::string_view first_bytes;
-    std::string_view extension;
-};
-
-constexpr std::array signatures{
-    Signature{"\xFF\xD8", ".jpg"}, Signature{"GIF8", ".gif"},          Signature{"\x89PNG", ".png"},
-    Signature{"BM", ".bmp"},       Signature{"RIFF????WEBP", ".webp"},
-};
-
-bool begins_with(std::span<const std::uint8_t> bytes, std::string_view signature) {
-    return bytes.size() >= signature.size() &&
-           std::ranges::equal(signature, bytes.first(signature.size()),
-                              [](char expected, std::uint8_t byte) {
-                                  return expected == '?' || static_cast<char>(byte) == expected;
-                              });
-}
-
-std::string_view extension_of(std::span<const std::uint8_t> bytes) {
-    const auto* const known = std::ranges::find_if(
-        signatures, [bytes](const auto& each) { return begins_with(bytes, each.first_bytes); });
-    return known == signatures.end() ? std::string_view() : known->extension;
+std::string extension_of(std::span<const std::uint8_t> bytes) {
+    const std::string format(format_of(bytes));
+    if (format.empty())
+        return {};
+    return "." + (format == "jpeg" ? "jpg" : format);
 }
 
 bool is_special(char character) {
@@ -82,7 +65,7 @@ std::string time_in_name(std::chrono::local_seconds time) {
 
 std::string original_file_name(std::string_view title, std::chrono::local_seconds time,
                                std::span<const std::uint8_t> bytes) {
-    return title_in_name(title) + time_in_name(time) + std::string(extension_of(bytes));
+    return title_in_name(title) + time_in_name(time) + extension_of(bytes);
 }
 
 } // namespace lookfar
