@@ -18,15 +18,7 @@ Form::Form(Runtime& host, const FormDesign& design)
       Height(*this, design.Client.Height, {.changed = [this] { Resize.raise(); }}),
       WindowState(*this, WindowState::normal, {.changed = [this] { Resize.raise(); }}),
       MousePointer(*this, design.MousePointer),
-      Border(design.Border),
-      ControlBox(design.ControlBox),
-      MinButton(design.MinButton),
-      ShowInTaskbar(design.ShowInTaskbar),
-      CentredOnScreen(design.CentredOnScreen),
-      HasIcon(design.HasIcon),
-      IsMainWindow(design.IsMainWindow),
-      BackColor(design.BackColor),
-      AccessibleName(design.AccessibleName) {}
+      Design(design) {}
 
 Form::~Form() = default;
 

@@ -95,15 +95,7 @@ class Form : public Element, public MouseEvents {
     /// its title where it came with one.
     Event<const std::string&, const std::string&> AddressGiven;
 
-    const FormBorder Border;
-    const bool ControlBox;
-    const bool MinButton;
-    const bool ShowInTaskbar;
-    const bool CentredOnScreen;
-    const bool HasIcon;
-    const bool IsMainWindow;
-    const Colour BackColor;
-    const std::string AccessibleName;
+    const FormDesign Design;
 
   private:
     friend class Control;

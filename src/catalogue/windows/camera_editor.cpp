@@ -19,7 +19,7 @@ std::string on_one_line(const TextBox& box) {
     for (const char character : box.Text.get()) {
         const bool goes_on_with_line_end = before == '\r' && character == '\n';
         if (character == '\r')
-            line += box.LineBreaks == LineBreaks::blanks ? " " : "";
+            line += box.Design.LineBreaks == LineBreaks::blanks ? " " : "";
         else if (!goes_on_with_line_end)
             line += character;
         before = character;

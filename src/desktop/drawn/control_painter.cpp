@@ -58,9 +58,9 @@ QRectF centred_square(const QRectF& box) {
 void ControlPainter::visit(Label& label) {
     const PainterState state(painter_);
     const QRect box = pixel_rectangle(label.bounds());
-    if (label.Back == BackStyle::opaque)
+    if (label.Design.Back == BackStyle::opaque)
         painter_.fillRect(box, screen_colour(label.BackColor, palette_));
-    if (label.Border == LabelBorder::fixed_single) {
+    if (label.Design.Border == LabelBorder::fixed_single) {
         painter_.setPen(screen_colour(colour::window_text, palette_));
         painter_.drawRect(outline_of(box));
     }
@@ -70,14 +70,14 @@ void ControlPainter::visit(Label& label) {
 
 void ControlPainter::draw_caption(const Label& label) {
     const QColor colour = caption_colour(label);
-    if (is_symbol_font(label.Font)) {
+    if (is_symbol_font(label.Design.Font)) {
         draw_symbols(painter_, caption_box(label), shown_text(label.Caption.get()),
-                     pixel_size(label.Font), colour);
+                     pixel_size(label.Design.Font), colour);
         return;
     }
     const LabelCaption caption(label);
     const auto draw_at = [&](const QPoint& offset) { caption.draw(painter_, offset); };
-    if (label.HasRim) {
+    if (label.Design.HasRim) {
         draw_rimmed(painter_, colour, draw_at);
         return;
     }
@@ -88,20 +88,23 @@ void ControlPainter::draw_caption(const Label& label) {
 /// The colours of a link are meant for a light ground, and the window's may be dark.
 QColor ControlPainter::caption_colour(const Label& label) const {
     const QColor colour = screen_colour(label.ForeColor, palette_);
-    return label.Role == LabelRole::link ? readable_on(palette_.color(QPalette::Window), colour)
-                                         : colour;
+    return label.Design.Role == LabelRole::link
+               ? readable_on(palette_.color(QPalette::Window), colour)
+               : colour;
 }
 
 void ControlPainter::visit(Image& image) {
     const QRect box = picture_rectangle(image);
     const QRect natural(box.topLeft(), size_in_pixels(image.Picture));
     const QRect target = image.Stretch ? box : natural;
-    draw_picture(image, has_too_few_pixels(image, target) ? image.FinePicture : image.Picture,
+    draw_picture(image,
+                 has_too_few_pixels(image, target) ? image.Design.FinePicture : image.Picture,
                  target);
 }
 
 bool ControlPainter::has_too_few_pixels(const Image& image, const QRect& target) const {
-    return image.FinePicture && size_in_pixels(image.Picture).width() < device_size(target).width();
+    return image.Design.FinePicture &&
+           size_in_pixels(image.Picture).width() < device_size(target).width();
 }
 
 void ControlPainter::visit(PictureBox& box) {
@@ -126,7 +129,7 @@ void ControlPainter::visit(Shape& shape) {
     const PainterState state(painter_);
     if (shape.DrawMode == DrawMode::merge_pen)
         painter_.setCompositionMode(QPainter::RasterOp_SourceOrDestination);
-    if (shape.Kind == ShapeKind::rectangle)
+    if (shape.Design.Kind == ShapeKind::rectangle)
         draw_rectangle(shape);
     else
         draw_ellipse(shape);
@@ -134,9 +137,9 @@ void ControlPainter::visit(Shape& shape) {
 
 void ControlPainter::draw_rectangle(const Shape& shape) {
     const QRect box = pixel_rectangle(shape.bounds());
-    if (shape.Fill == FillStyle::solid)
+    if (shape.Design.Fill == FillStyle::solid)
         painter_.fillRect(box, screen_colour(shape.FillColor, palette_));
-    if (shape.Border == BorderStyle::transparent)
+    if (shape.Design.Border == BorderStyle::transparent)
         return;
     painter_.setPen(screen_colour(shape.BorderColor, palette_));
     painter_.drawRect(outline_of(box));
@@ -144,15 +147,15 @@ void ControlPainter::draw_rectangle(const Shape& shape) {
 
 void ControlPainter::draw_ellipse(const Shape& shape) {
     QRectF box = exact_rectangle(shape.bounds());
-    if (shape.Kind == ShapeKind::circle)
+    if (shape.Design.Kind == ShapeKind::circle)
         box = centred_square(box);
-    const bool has_border = shape.Border == BorderStyle::solid;
+    const bool has_border = shape.Design.Border == BorderStyle::solid;
     if (has_border)
         box.adjust(0.5, 0.5, -0.5, -0.5);
     // A merge can only take a pixel whole, so its edges are not smoothed.
     painter_.setRenderHint(QPainter::Antialiasing, shape.DrawMode != DrawMode::merge_pen);
     painter_.setPen(has_border ? QPen(screen_colour(shape.BorderColor, palette_)) : Qt::NoPen);
-    painter_.setBrush(shape.Fill == FillStyle::solid
+    painter_.setBrush(shape.Design.Fill == FillStyle::solid
                           ? QBrush(screen_colour(shape.FillColor, palette_))
                           : Qt::NoBrush);
     painter_.drawEllipse(box);

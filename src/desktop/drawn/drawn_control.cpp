@@ -29,7 +29,7 @@ QRectF area_of(const Label& label) {
     QRectF area = exact_rectangle(label.bounds());
     if (label.wraps())
         return area;
-    const Size size = measure_text(label.seen_caption(), label.Font);
+    const Size size = measure_text(label.seen_caption(), label.Design.Font);
     area.setWidth(std::max(area.width(), to_pixels(size.Width)));
     area.setHeight(std::max(area.height(), to_pixels(size.Height)));
     return area;
@@ -49,22 +49,22 @@ class Describer : public DrawnControlVisitor {
     void visit(Label& label) override {
         DrawnControl& drawn = describe(label);
         // A button or a link is read by the widget at which the keyboard stops.
-        const bool is_text = label.Role == LabelRole::text && !label.IsNeverShown;
+        const bool is_text = label.Design.Role == LabelRole::text && !label.Design.IsNeverShown;
         drawn.role = is_text ? Role::text : Role::decoration;
         drawn.area = area_of(label);
         drawn.mouse = &label;
-        drawn.tool_tip = label.ToolTipText;
-        drawn.name = name_or(label.AccessibleName, label.Caption);
-        drawn.announcement = label.Announcement;
+        drawn.tool_tip = label.Design.ToolTipText;
+        drawn.name = name_or(label.Design.AccessibleName, label.Caption);
+        drawn.announcement = label.Design.Announcement;
     }
 
     void visit(Image& image) override {
         DrawnControl& drawn = describe(image);
-        drawn.role = image.IsNeverShown ? Role::decoration : Role::picture;
+        drawn.role = image.Design.IsNeverShown ? Role::decoration : Role::picture;
         drawn.mouse = &image;
         drawn.picture = image.Picture;
-        drawn.tool_tip = image.ToolTipText;
-        drawn.name = name_or(image.AccessibleName.get(), image.ToolTipText);
+        drawn.tool_tip = image.Design.ToolTipText;
+        drawn.name = name_or(image.AccessibleName.get(), image.Design.ToolTipText);
     }
 
     void visit(PictureBox& box) override {

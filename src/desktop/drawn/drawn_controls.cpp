@@ -17,7 +17,7 @@ namespace lookfar::desktop {
 namespace {
 
 QRectF caption_area(const Label& label) {
-    return is_symbol_font(label.Font) ? QRectF() : LabelCaption(label).extent();
+    return is_symbol_font(label.Design.Font) ? QRectF() : LabelCaption(label).extent();
 }
 
 /// All that a control can be painted on: whole pixels, with one more around for smooth edges and
@@ -72,7 +72,7 @@ void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalet
 
 void DrawnControls::paint_area(QPainter& painter, const QRect& area, const QPalette& palette) {
     painter.setClipRect(area);
-    painter.fillRect(area, screen_colour(form_.BackColor, palette));
+    painter.fillRect(area, screen_colour(form_.Design.BackColor, palette));
     ControlPainter control_painter(painter, palette, pictures_);
     for (Control* const control : std::views::reverse(form_.controls())) {
         const auto shown = shown_.find(control);

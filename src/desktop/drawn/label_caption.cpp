@@ -16,7 +16,7 @@ QString seen_caption(const Label& label) {
     const QString caption = shown_text(label.seen_caption());
     if (!label.is_shortened())
         return caption;
-    const QFontMetrics metrics(screen_font(label.Font));
+    const QFontMetrics metrics(screen_font(label.Design.Font));
     return metrics.elidedText(caption, Qt::ElideRight, caption_box(label).width());
 }
 
@@ -24,14 +24,14 @@ QString seen_caption(const Label& label) {
 
 QRect caption_box(const Label& label) {
     const QRect box = pixel_rectangle(label.bounds());
-    return label.Border == LabelBorder::fixed_single ? box.adjusted(1, 1, -1, -1) : box;
+    return label.Design.Border == LabelBorder::fixed_single ? box.adjusted(1, 1, -1, -1) : box;
 }
 
 LabelCaption::LabelCaption(const Label& label)
     : box_(caption_box(label)),
       wraps_(label.wraps()),
-      text_(seen_caption(label), screen_font(label.Font), horizontal_alignment(label.Align),
-            box_.width(),
+      text_(seen_caption(label), screen_font(label.Design.Font),
+            horizontal_alignment(label.Design.Align), box_.width(),
             wraps_ ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap) {}
 
 QRectF LabelCaption::extent() const {

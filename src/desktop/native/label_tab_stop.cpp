@@ -16,7 +16,7 @@ LabelTabStop::LabelTabStop(LabelRole role, QWidget& window)
 }
 
 void LabelTabStop::synchronise(const Label& label) {
-    const std::string& name = name_or(label.AccessibleName, label.Caption);
+    const std::string& name = name_or(label.Design.AccessibleName, label.Caption);
     set_accessible_name(*this, shown_text(name));
     is_open_ = label.is_open();
     place(*this, label);
@@ -36,10 +36,10 @@ void LabelTabStop::keyPressEvent(QKeyEvent* event) {
 }
 
 NativeControl make_label_tab_stop(Label& label, UserActions& actions, QWidget& window) {
-    LabelTabStop& stop = *owned_by_qt<LabelTabStop>(label.Role, window);
+    LabelTabStop& stop = *owned_by_qt<LabelTabStop>(label.Design.Role, window);
     NativeControl native{.widget = TiedWidget<QWidget>(stop),
                          .synchronise = [&stop, &label] { stop.synchronise(label); },
-                         .tab_index = label.TabIndex};
+                         .tab_index = label.Design.TabIndex};
     QObject::connect(&stop, &QAbstractButton::clicked, native.widget.tie(), [&label, &actions] {
         actions.deliver(label, [&label] { label.Click.raise(); });
     });

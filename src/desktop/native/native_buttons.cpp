@@ -16,14 +16,14 @@ namespace {
 
 void show_symbols(QPushButton& button, const CommandButton& control) {
     const QString symbols = shown_text(control.Caption.get());
-    const int size = pixel_size(control.Font);
+    const int size = pixel_size(control.Design.Font);
     button.setIconSize(QSize(size * static_cast<int>(symbols.size()), size));
     button.setIcon(symbol_icon(symbols, size, button.palette().color(QPalette::ButtonText),
                                button.devicePixelRatioF()));
 }
 
 void synchronise_button(QPushButton& button, const CommandButton& control) {
-    if (is_symbol_font(control.Font))
+    if (is_symbol_font(control.Design.Font))
         show_symbols(button, control);
     else
         button.setText(shown_text(control.Caption.get()));
@@ -43,15 +43,15 @@ void synchronise_check_box(QCheckBox& box, const CheckBox& control) {
 
 NativeControl make_command_button(CommandButton& control, UserActions& actions, QWidget& window) {
     QPushButton& button = *owned_by_qt<QPushButton>(&window);
-    if (!is_symbol_font(control.Font))
-        button.setFont(screen_font(control.Font));
-    button.setDefault(control.Default);
-    button.setToolTip(shown_text(control.ToolTipText));
-    button.setAccessibleName(shown_text(control.AccessibleName));
+    if (!is_symbol_font(control.Design.Font))
+        button.setFont(screen_font(control.Design.Font));
+    button.setDefault(control.Design.Default);
+    button.setToolTip(shown_text(control.Design.ToolTipText));
+    button.setAccessibleName(shown_text(control.Design.AccessibleName));
     NativeControl native{
         .widget = TiedWidget<QWidget>(button),
         .synchronise = [&button, &control] { synchronise_button(button, control); },
-        .tab_index = control.TabIndex};
+        .tab_index = control.Design.TabIndex};
     QObject::connect(&button, &QPushButton::clicked, native.widget.tie(), [&control, &actions] {
         actions.deliver(control, [&control] { control.Click.raise(); });
     });
@@ -62,7 +62,7 @@ NativeControl make_check_box(CheckBox& control, UserActions& actions, QWidget& w
     QCheckBox& box = *owned_by_qt<QCheckBox>(&window);
     NativeControl native{.widget = TiedWidget<QWidget>(box),
                          .synchronise = [&box, &control] { synchronise_check_box(box, control); },
-                         .tab_index = control.TabIndex};
+                         .tab_index = control.Design.TabIndex};
     QObject::connect(
         &box, &QCheckBox::toggled, native.widget.tie(), [&control, &actions](bool is_ticked) {
             actions.deliver(control, [&control, is_ticked] { control.Value = short{is_ticked}; });

@@ -26,13 +26,13 @@ class NativeControlMaker : public ControlVisitor {
         made_ = make_command_button(button, actions_, window_);
     }
     void visit(Label& label) override {
-        if (label.Role != LabelRole::text)
+        if (label.Design.Role != LabelRole::text)
             made_ = make_label_tab_stop(label, actions_, window_);
     }
     void visit(ListBox& box) override { made_ = make_list_box(box, actions_, window_); }
     void visit(StatusBar& bar) override { made_ = make_status_text(bar, window_); }
     void visit(TextBox& box) override {
-        if (!box.IsNeverShown)
+        if (!box.Design.IsNeverShown)
             made_ = make_text_entry(box, actions_, window_);
     }
     void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, actions_, window_); }

@@ -26,7 +26,7 @@ void select(ListControl& control, UserActions& actions, int row) {
 
 void colour_combo_box(QComboBox& box, const ComboBox& control) {
     const QColor back = screen_colour(control.BackColor, box.palette());
-    const QColor text = screen_colour(control.ForeColor, box.palette());
+    const QColor text = screen_colour(control.Design.ForeColor, box.palette());
     for (const auto role : {QPalette::Base, QPalette::Button})
         set_palette_colour(box, role, back);
     for (const auto role : {QPalette::Text, QPalette::ButtonText})
@@ -63,17 +63,17 @@ void synchronise_list_box(ListView& view, ListModel& model, const ListBox& contr
 
 NativeControl make_combo_box(ComboBox& control, UserActions& actions, QWidget& window) {
     QComboBox& box =
-        control.IsFlat ? *owned_by_qt<FlatDropDown>(window) : *owned_by_qt<DropDown>(window);
+        control.Design.IsFlat ? *owned_by_qt<FlatDropDown>(window) : *owned_by_qt<DropDown>(window);
     TiedWidget<QWidget> widget(box);
     ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &box);
     box.setModel(&model);
-    box.setFont(screen_font(control.Font));
-    add_hidden_label(box, shown_text(control.AccessibleName));
+    box.setFont(screen_font(control.Design.Font));
+    add_hidden_label(box, shown_text(control.Design.AccessibleName));
     QObject::connect(&box, &QComboBox::activated, widget.tie(),
                      [&control, &actions](int row) { select(control, actions, row); });
     return {.widget = std::move(widget),
             .synchronise = [&box, &model, &control] { synchronise_combo_box(box, model, control); },
-            .tab_index = control.TabIndex};
+            .tab_index = control.Design.TabIndex};
 }
 
 NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& window) {
@@ -81,7 +81,7 @@ NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& win
     TiedWidget<QWidget> widget(view);
     ListModel& model = *owned_by_qt<ListModel>(control, widget.tie(), &view);
     view.setModel(&model);
-    view.setAccessibleName(shown_text(control.AccessibleName));
+    view.setAccessibleName(shown_text(control.Design.AccessibleName));
     QObject::connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, widget.tie(),
                      [&view, &control, &actions] {
                          if (const int row = view.selected_row(); row >= 0)
@@ -99,7 +99,7 @@ NativeControl make_list_box(ListBox& control, UserActions& actions, QWidget& win
     return {
         .widget = std::move(widget),
         .synchronise = [&view, &model, &control] { synchronise_list_box(view, model, control); },
-        .tab_index = control.TabIndex};
+        .tab_index = control.Design.TabIndex};
 }
 
 } // namespace lookfar::desktop

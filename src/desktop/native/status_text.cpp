@@ -41,7 +41,7 @@ NativeControl make_status_text(StatusBar& control, QWidget& window) {
     StatusText& text = *owned_by_qt<StatusText>(window);
     return {.widget = TiedWidget<QWidget>(text),
             .synchronise = [&text, &control] { text.synchronise(control); },
-            .tab_index = control.TabIndex};
+            .tab_index = control.Design.TabIndex};
 }
 
 } // namespace lookfar::desktop

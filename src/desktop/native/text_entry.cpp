@@ -96,16 +96,16 @@ bool shows_text_of(const TextEntry& entry, const TextBox& control) {
 } // namespace
 
 TextEntry::TextEntry(const TextBox& control, QWidget& window)
-    : QLineEdit(&window), line_breaks_(owned_by_qt<OneLine>(control.LineBreaks, this)) {
+    : QLineEdit(&window), line_breaks_(owned_by_qt<OneLine>(control.Design.LineBreaks, this)) {
     setValidator(line_breaks_);
-    setFrame(control.HasBorder);
+    setFrame(control.Design.HasBorder);
     // A box without a border stands within a caption; this puts both texts on one line.
-    if (!control.HasBorder)
+    if (!control.Design.HasBorder)
         setTextMargins(0, -1, 0, 1);
-    setAlignment(horizontal_alignment(control.Align) | Qt::AlignVCenter);
-    setFont(screen_font(control.Font));
-    setAccessibleName(shown_text(control.AccessibleName));
-    set_palette_colour(*this, QPalette::Base, screen_colour(control.BackColor, palette()));
+    setAlignment(horizontal_alignment(control.Design.Align) | Qt::AlignVCenter);
+    setFont(screen_font(control.Design.Font));
+    setAccessibleName(shown_text(control.Design.AccessibleName));
+    set_palette_colour(*this, QPalette::Base, screen_colour(control.Design.BackColor, palette()));
     constexpr std::chrono::seconds until_caret_rests(10);
     constexpr int never = 0;
     caret_rest_.setSingleShot(true);
@@ -133,8 +133,8 @@ void TextEntry::take_text(const QString& text) {
 void TextEntry::take_length_limit(const TextBox& control, int text_length) {
     // To edit a line of many more takes seconds.
     constexpr int most_typed = 32767;
-    const int limit =
-        std::max(control.MaxLength == 0 ? most_typed : control.MaxLength, text_length);
+    const int limit = std::max(
+        control.Design.MaxLength == 0 ? most_typed : control.Design.MaxLength, text_length);
     if (maxLength() != limit)
         setMaxLength(limit);
 }
@@ -204,7 +204,7 @@ NativeControl make_text_entry(TextBox& control, UserActions& actions, QWidget& w
     TextEntry& entry = *owned_by_qt<TextEntry>(control, window);
     NativeControl native{.widget = TiedWidget<QWidget>(entry),
                          .synchronise = [&entry, &control] { entry.synchronise(control); },
-                         .tab_index = control.TabIndex};
+                         .tab_index = control.Design.TabIndex};
     QObject* const tie = native.widget.tie();
     QObject::connect(&entry, &QLineEdit::textChanged, tie, [&entry, &control, &actions] {
         actions.deliver(control, [&entry, &control] { report_text(entry, control); });

@@ -15,11 +15,14 @@
 namespace lookfar::desktop {
 
 UpDownArrows::UpDownArrows(const UpDown& control, QWidget& window)
-    : QWidget(&window), minimum_(control.Min), maximum_(control.Max), value_(control.Value) {
+    : QWidget(&window),
+      minimum_(control.Design.Min),
+      maximum_(control.Design.Max),
+      value_(control.Value) {
     QVBoxLayout& column = *owned_by_qt<QVBoxLayout>(this);
     column.setContentsMargins(0, 0, 0, 0);
     column.setSpacing(0);
-    const QString name = shown_text(control.AccessibleName);
+    const QString name = shown_text(control.Design.AccessibleName);
     setAccessibleName(name);
     add_arrow(Qt::UpArrow, name + QStringLiteral(" +"), +1);
     add_arrow(Qt::DownArrow, name + QStringLiteral(" -"), -1);
@@ -49,14 +52,14 @@ NativeControl make_up_down_arrows(UpDown& control, UserActions& actions, QWidget
     UpDownArrows& arrows = *owned_by_qt<UpDownArrows>(control, window);
     NativeControl native{.widget = TiedWidget<QWidget>(arrows),
                          .synchronise = [&arrows, &control] { arrows.synchronise(control); },
-                         .tab_index = control.TabIndex};
+                         .tab_index = control.Design.TabIndex};
     QObject* const tie = native.widget.tie();
     QObject::connect(&arrows, &UpDownArrows::stepped, tie, [&control, &actions](int direction) {
         actions.deliver(control, [&control, direction] { control.step(direction); });
     });
     QObject::connect(&arrows, &UpDownArrows::value_wanted, tie, [&control, &actions](long value) {
         actions.deliver(control, [&control, value] {
-            control.Value = std::clamp(value, control.Min, control.Max);
+            control.Value = std::clamp(value, control.Design.Min, control.Design.Max);
         });
     });
     return native;

@@ -16,10 +16,10 @@ namespace {
 
 Qt::WindowFlags title_bar(const Form& form) {
     Qt::WindowFlags flags = Qt::WindowTitleHint;
-    if (!form.ControlBox)
+    if (!form.Design.ControlBox)
         return flags;
     flags |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
-    if (form.MinButton && form.Border == FormBorder::fixed_single)
+    if (form.Design.MinButton && form.Design.Border == FormBorder::fixed_single)
         flags |= Qt::WindowMinimizeButtonHint;
     return flags;
 }
@@ -50,13 +50,13 @@ QRect screen_at(const QPoint& point, const QWidget& window) {
 
 Qt::WindowFlags window_flags(const Form& form) {
     // A dialog that merely asks for no title bar gets one on Wayland.
-    if (form.Border == FormBorder::none || is_bare_dialog(form))
+    if (form.Design.Border == FormBorder::none || is_bare_dialog(form))
         return Qt::Window | Qt::FramelessWindowHint;
     return Qt::Window | Qt::CustomizeWindowHint | title_bar(form);
 }
 
 bool is_bare_dialog(const Form& form) {
-    return form.Border == FormBorder::fixed_dialog && !form.ControlBox;
+    return form.Design.Border == FormBorder::fixed_dialog && !form.Design.ControlBox;
 }
 
 void WindowFrame::take_over(QScreen& screen) {
@@ -102,7 +102,7 @@ void WindowFrame::take_size() {
 }
 
 void WindowFrame::take_position() {
-    if (form_.CentredOnScreen && centred_size_.isEmpty())
+    if (form_.Design.CentredOnScreen && centred_size_.isEmpty())
         centre_on_screen(client_size() + usual_frame());
     if (std::exchange(position_, position()) != position())
         window_.move(screen_.topLeft() + position());
@@ -127,7 +127,7 @@ void WindowFrame::follow_move() {
     // While the window manager sets its frame up, the toolkit may take that for smaller than the
     // window.
     const bool has_frame = size != window_.size() && size == size.expandedTo(window_.size());
-    if (form_.CentredOnScreen && has_frame && size != centred_size_) {
+    if (form_.Design.CentredOnScreen && has_frame && size != centred_size_) {
         centre_on_screen(size);
         return;
     }
@@ -158,7 +158,7 @@ QSize WindowFrame::client_size() const {
 bool WindowFrame::covers_screen() const {
     const QSize size = client_size();
     const QSize screen = window_.screen()->size();
-    return form_.Border == FormBorder::none && size.width() >= screen.width() &&
+    return form_.Design.Border == FormBorder::none && size.width() >= screen.width() &&
            size.height() >= screen.height();
 }
 

@@ -35,7 +35,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     setMouseTracking(true);
     // The drawn controls fill every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(shown_text(form.AccessibleName));
+    setAccessibleName(shown_text(form.Design.AccessibleName));
     take_icon(icon);
     take_keys();
     setAcceptDrops(form.AddressGiven.is_connected());
@@ -58,7 +58,7 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
 }
 
 void WindowView::take_icon(const QIcon& icon) {
-    if (form_ && form_->HasIcon)
+    if (form_ && form_->Design.HasIcon)
         setWindowIcon(icon);
 }
 
@@ -86,7 +86,7 @@ void WindowView::come_up() {
 void WindowView::show_now() {
     if (!follows_)
         return coming_up_.stop();
-    if (!form_->ShowInTaskbar)
+    if (!form_->Design.ShowInTaskbar)
         keep_out_of_task_bars(*this);
     prepare_look();
     show();
@@ -131,7 +131,7 @@ void WindowView::tell_of_screen() {
 }
 
 bool WindowView::is_main_window() const {
-    return form_ && form_->IsMainWindow;
+    return form_ && form_->Design.IsMainWindow;
 }
 
 bool WindowView::covers_screen() const {

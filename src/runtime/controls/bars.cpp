@@ -1,6 +1,5 @@
 #include "runtime/controls/bars.h"
 
-#include "runtime/controls/visitor.h"
 #include "runtime/failure.h"
 
 #include <algorithm>
@@ -8,33 +7,21 @@
 namespace lookfar {
 
 StatusBar::StatusBar(Form& owner, const StatusBarDesign& design)
-    : BoxControl(owner, design.At, true), Text(*this, {}), TabIndex(design.TabIndex) {}
-
-void StatusBar::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
+    : ControlOf(owner, design), Text(*this, {}) {}
 
 UpDown::UpDown(Form& owner, const UpDownDesign& design)
-    : BoxControl(owner, design.At, true),
-      Min(design.Min),
-      Max(design.Max),
+    : ControlOf(owner, design),
       Value(*this, design.Value,
             {.refuse =
                  [this](const long& value) {
-                     if (value < Min || value > Max)
+                     if (value < Design.Min || value > Design.Max)
                          throw Failure(FailureKind::invalid_property_value,
                                        "The value lies outside the limits of the arrows.");
                  },
-             .changed = [this] { Change.raise(); }}),
-      TabIndex(design.TabIndex),
-      AccessibleName(design.AccessibleName) {}
-
-void UpDown::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
+             .changed = [this] { Change.raise(); }}) {}
 
 void UpDown::step(int direction) {
-    Value = std::clamp(Value + direction, Min, Max);
+    Value = std::clamp(Value + direction, Design.Min, Design.Max);
 }
 
 } // namespace lookfar

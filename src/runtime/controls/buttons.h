@@ -21,20 +21,12 @@ struct CommandButtonDesign {
     std::string AccessibleName = {};
 };
 
-class CommandButton : public BoxControl {
+class CommandButton : public ControlOf<CommandButton, CommandButtonDesign> {
   public:
     CommandButton(Form& owner, const CommandButtonDesign& design);
 
-    void accept(ControlVisitor& visitor) override;
-
     Property<std::string> Caption;
     Event<> Click;
-
-    const bool Default;
-    const lookfar::Font Font;
-    const int TabIndex;
-    const std::string ToolTipText;
-    const std::string AccessibleName;
 };
 
 /// The design values of a check box.
@@ -48,17 +40,13 @@ struct CheckBoxDesign {
 
 /// A box whose `Value` is 1 when it is ticked and 0 when it is not. A change of the value raises
 /// `Click`, whether the user makes it or a handler.
-class CheckBox : public BoxControl {
+class CheckBox : public ControlOf<CheckBox, CheckBoxDesign> {
   public:
     CheckBox(Form& owner, const CheckBoxDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     Property<std::string> Caption;
     Property<short> Value;
     Event<> Click;
-
-    const int TabIndex;
 };
 
 } // namespace lookfar

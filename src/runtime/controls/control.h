@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/controls/visitor.h"
 #include "runtime/element.h"
 #include "runtime/event.h"
 #include "runtime/look.h"
@@ -9,14 +10,15 @@
 
 namespace lookfar {
 
-class ControlVisitor;
 class Form;
 
 /// Anything that is seen on a window. Controls are members of their window, declared front to
 /// back: the order of declaration is the stacking order.
 class Control : public Element {
   public:
-    Control(Form& owner, bool visible);
+    /// The values of the design are those of a kind of control; of all kinds, `Visible`.
+    template <class Values>
+    Control(Form& owner, const Values& design) : Control(owner, design.Visible) {}
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     ~Control() override;
@@ -32,12 +34,17 @@ class Control : public Element {
 
     Form& form;
     Property<bool> Visible;
+
+  protected:
+    Control(Form& owner, bool visible);
 };
 
 /// A control with a rectangle, in twips from the window's top left corner.
 class BoxControl : public Control {
   public:
-    BoxControl(Form& owner, const Bounds& bounds, bool visible);
+    /// Of the values of the design, `At` and `Visible`.
+    template <class Values>
+    BoxControl(Form& owner, const Values& design) : BoxControl(owner, design.At, design.Visible) {}
 
     Bounds bounds() const { return {Left, Top, Width, Height}; }
 
@@ -45,6 +52,21 @@ class BoxControl : public Control {
     Property<float> Top;
     Property<float> Width;
     Property<float> Height;
+
+  protected:
+    BoxControl(Form& owner, const Bounds& bounds, bool visible);
+};
+
+/// The base of a kind of control: keeps the values that it was designed with, which say all of it
+/// that never changes.
+template <class Kind, class Values, class Base = BoxControl>
+class ControlOf : public Base {
+  public:
+    ControlOf(Form& owner, const Values& design) : Base(owner, design), Design(design) {}
+
+    void accept(ControlVisitor& visitor) final { visitor.visit(static_cast<Kind&>(*this)); }
+
+    const Values Design;
 };
 
 enum class MouseButton : short { left = 1, right = 2, middle = 4 };

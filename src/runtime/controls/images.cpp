@@ -1,23 +1,14 @@
 #include "runtime/controls/images.h"
 
-#include "runtime/controls/visitor.h"
-
 namespace lookfar {
 
 Image::Image(Form& owner, const ImageDesign& design)
-    : BoxControl(owner, design.At, design.Visible),
-      Picture(*this, design.Picture, {.changed = [this] { take_natural_size(); }}),
-      Stretch(*this, design.Stretch, {.changed = [this] { take_natural_size(); }}),
-      AccessibleName(*this, design.AccessibleName),
-      FinePicture(design.FinePicture),
-      IsNeverShown(design.IsNeverShown),
-      ToolTipText(design.ToolTipText) {}
+    : ControlOf(owner, design),
+      Picture(*this, design.Picture, {.changed = [this] { size_to_picture(); }}),
+      Stretch(*this, design.Stretch, {.changed = [this] { size_to_picture(); }}),
+      AccessibleName(*this, design.AccessibleName) {}
 
-void Image::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-
-void Image::take_natural_size() {
+void Image::size_to_picture() {
     if (Stretch || !Picture.get())
         return;
     Width = static_cast<float>(Picture.get()->width()) * twips_per_pixel;
@@ -25,10 +16,6 @@ void Image::take_natural_size() {
 }
 
 PictureBox::PictureBox(Form& owner, const PictureBoxDesign& design)
-    : BoxControl(owner, design.At, design.Visible), Picture(*this, nullptr) {}
-
-void PictureBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
+    : ControlOf(owner, design), Picture(*this, nullptr) {}
 
 } // namespace lookfar

@@ -26,22 +26,16 @@ struct ImageDesign {
 /// A picture on a window. With `Stretch` it is scaled into the control's rectangle; without,
 /// the control takes the picture's natural size, fifteen twips a pixel, as soon as it gets a
 /// picture or loses its stretch.
-class Image : public BoxControl, public MouseEvents {
+class Image : public ControlOf<Image, ImageDesign>, public MouseEvents {
   public:
     Image(Form& owner, const ImageDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     Property<PictureReference> Picture;
     Property<bool> Stretch;
     Property<std::string> AccessibleName;
 
-    const PictureReference FinePicture;
-    const bool IsNeverShown;
-    const std::string ToolTipText;
-
   private:
-    void take_natural_size();
+    void size_to_picture();
 };
 
 /// The design values of a picture box.
@@ -51,11 +45,9 @@ struct PictureBoxDesign {
 };
 
 /// A control that holds a picture to work on.
-class PictureBox : public BoxControl, public MouseEvents {
+class PictureBox : public ControlOf<PictureBox, PictureBoxDesign>, public MouseEvents {
   public:
     PictureBox(Form& owner, const PictureBoxDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     Property<PictureReference> Picture;
 };

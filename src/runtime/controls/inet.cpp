@@ -40,7 +40,6 @@ Inet::Inet(Form& owner, const InetDesign& design)
     : Element(owner.runtime),
       AccessType(*this, 0),
       Protocol(*this, 0),
-      RemotePort(design.RemotePort),
       RequestTimeout(*this, design.RequestTimeout) {}
 
 DecodedBodyReference Inet::OpenURL(const std::string& url, DataType) {

@@ -14,6 +14,7 @@ class Form;
 
 /// The design values of a transfer control.
 struct InetDesign {
+    /// Without effect, since the URL names the port.
     short RemotePort = 80;
     /// Seconds.
     short RequestTimeout = 60;
@@ -39,8 +40,6 @@ class Inet : public Element {
     Property<short> AccessType;
     /// Without effect, since the URL names the protocol.
     Property<short> Protocol;
-    /// Without effect, since the URL names the port.
-    const short RemotePort;
     /// Seconds that a request may take as a whole.
     Property<short> RequestTimeout;
 

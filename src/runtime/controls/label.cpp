@@ -1,6 +1,5 @@
 #include "runtime/controls/label.h"
 
-#include "runtime/controls/visitor.h"
 #include "runtime/form.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
@@ -11,45 +10,28 @@
 namespace lookfar {
 
 Label::Label(Form& owner, const LabelDesign& design)
-    : BoxControl(owner, design.At, design.Visible),
-      Caption(*this, design.Caption, {.changed = [this] { follow_caption(); }}),
-      Room(*this, std::numeric_limits<float>::max(), {.changed = [this] { follow_caption(); }}),
+    : ControlOf(owner, design),
+      Caption(*this, design.Caption, {.changed = [this] { size_to_caption(); }}),
+      Room(*this, std::numeric_limits<float>::max(), {.changed = [this] { size_to_caption(); }}),
       BackColor(*this, design.BackColor),
       ForeColor(*this, design.ForeColor),
-      IsNeverShown(design.IsNeverShown),
-      Align(design.Align),
-      Back(design.Back),
-      Border(design.Border),
-      Font(design.Font),
-      Sizing(design.Sizing),
-      HasRim(design.HasRim),
-      TabIndex(design.TabIndex),
-      ToolTipText(design.ToolTipText),
-      Role(design.Role),
-      Announcement(design.Announcement),
-      AccessibleName(design.AccessibleName),
-      CaptionWhenOpen(design.CaptionWhenOpen),
-      wraps_(design.Sizing == LabelSizing::as_designed || design.Sizing == LabelSizing::downwards),
-      design_width_(design.At.Width),
-      design_height_(design.At.Height) {}
-
-void Label::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
+      wraps_(design.Sizing == LabelSizing::as_designed || design.Sizing == LabelSizing::downwards) {
 }
 
 std::string Label::seen_caption() const {
     std::string caption = Caption;
-    if (Sizing == LabelSizing::to_caption_on_one_line)
+    if (Design.Sizing == LabelSizing::to_caption_on_one_line)
         std::ranges::replace(caption, '\n', ' ');
     return caption;
 }
 
 std::optional<bool> Label::is_open() const {
-    return CaptionWhenOpen.empty() ? std::nullopt : std::optional(Caption == CaptionWhenOpen);
+    return Design.CaptionWhenOpen.empty() ? std::nullopt
+                                          : std::optional(Caption == Design.CaptionWhenOpen);
 }
 
-void Label::follow_caption() {
-    switch (Sizing) {
+void Label::size_to_caption() {
+    switch (Design.Sizing) {
     case LabelSizing::as_designed:
         return;
     case LabelSizing::to_caption:
@@ -64,28 +46,28 @@ void Label::follow_caption() {
 }
 
 void Label::fit_caption() {
-    take(runtime.platform().text_size(Caption, Font, std::nullopt));
+    resize(runtime.platform().text_size(Caption, Design.Font, std::nullopt));
 }
 
 void Label::fit_caption_in_window() {
-    const float room = std::max(form.Width - Left, design_width_);
-    const Size size = runtime.platform().text_size(Caption, Font, std::nullopt);
+    const float room = std::max(form.Width - Left, Design.At.Width);
+    const Size size = runtime.platform().text_size(Caption, Design.Font, std::nullopt);
     wraps_ = size.Width > room;
-    take(wraps_ ? runtime.platform().text_size(Caption, Font, room) : size);
+    resize(wraps_ ? runtime.platform().text_size(Caption, Design.Font, room) : size);
 }
 
 void Label::fit_caption_on_one_line() {
-    const Size size = runtime.platform().text_size(seen_caption(), Font, std::nullopt);
+    const Size size = runtime.platform().text_size(seen_caption(), Design.Font, std::nullopt);
     is_shortened_ = size.Width > Room;
-    take({.Width = std::clamp(Room.get(), 0.0F, size.Width), .Height = size.Height});
+    resize({.Width = std::clamp(Room.get(), 0.0F, size.Width), .Height = size.Height});
 }
 
 void Label::grow_downwards() {
-    const Size size = runtime.platform().text_size(Caption, Font, Width);
-    Height = std::max(design_height_, size.Height);
+    const Size size = runtime.platform().text_size(Caption, Design.Font, Width);
+    Height = std::max(Design.At.Height, size.Height);
 }
 
-void Label::take(const Size& size) {
+void Label::resize(const Size& size) {
     Width = size.Width;
     Height = size.Height;
 }

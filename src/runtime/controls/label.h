@@ -55,11 +55,9 @@ struct LabelDesign {
 };
 
 /// A drawn text, which wraps at its width, or a state cell.
-class Label : public BoxControl, public MouseEvents {
+class Label : public ControlOf<Label, LabelDesign>, public MouseEvents {
   public:
     Label(Form& owner, const LabelDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     /// Whether the caption is wrapped at the label's width.
     bool wraps() const { return wraps_; }
@@ -78,32 +76,16 @@ class Label : public BoxControl, public MouseEvents {
     Property<Colour> BackColor;
     Property<Colour> ForeColor;
 
-    const bool IsNeverShown;
-    const Alignment Align;
-    const BackStyle Back;
-    const LabelBorder Border;
-    const lookfar::Font Font;
-    const LabelSizing Sizing;
-    const bool HasRim;
-    const int TabIndex;
-    const std::string ToolTipText;
-    const LabelRole Role;
-    const lookfar::Announcement Announcement;
-    const std::string AccessibleName;
-    const std::string CaptionWhenOpen;
-
   private:
-    void follow_caption();
+    void size_to_caption();
     void fit_caption();
     void fit_caption_in_window();
     void fit_caption_on_one_line();
     void grow_downwards();
-    void take(const Size& size);
+    void resize(const Size& size);
 
     bool wraps_;
     bool is_shortened_ = false;
-    const float design_width_;
-    const float design_height_;
 };
 
 } // namespace lookfar

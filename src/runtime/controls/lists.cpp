@@ -1,6 +1,5 @@
 #include "runtime/controls/lists.h"
 
-#include "runtime/controls/visitor.h"
 #include "runtime/failure.h"
 
 namespace lookfar {
@@ -55,26 +54,7 @@ void ListControl::select(const std::string& text) {
     ListIndex = index;
 }
 
-ListBox::ListBox(Form& owner, const ListBoxDesign& design)
-    : ListControl(owner, design.At, true, design.Sorted),
-      TabIndex(design.TabIndex),
-      AccessibleName(design.AccessibleName) {}
-
-void ListBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
-
 ComboBox::ComboBox(Form& owner, const ComboBoxDesign& design)
-    : ListControl(owner, design.At, true, design.Sorted),
-      BackColor(*this, design.BackColor),
-      ForeColor(design.ForeColor),
-      Font(design.Font),
-      IsFlat(design.IsFlat),
-      TabIndex(design.TabIndex),
-      AccessibleName(design.AccessibleName) {}
-
-void ComboBox::accept(ControlVisitor& visitor) {
-    visitor.visit(*this);
-}
+    : ControlOf(owner, design), BackColor(*this, design.BackColor) {}
 
 } // namespace lookfar

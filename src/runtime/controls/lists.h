@@ -12,7 +12,9 @@ namespace lookfar {
 /// selected.
 class ListControl : public BoxControl {
   public:
-    ListControl(Form& owner, const Bounds& bounds, bool visible, bool sorted);
+    template <class Values>
+    ListControl(Form& owner, const Values& design)
+        : ListControl(owner, design.At, design.Visible, design.Sorted) {}
 
     /// Appends an entry, or puts it in its place where the list is sorted; the selected entry
     /// stays selected. Refused beyond 32,767 entries.
@@ -37,6 +39,8 @@ class ListControl : public BoxControl {
     Event<> Click;
 
   private:
+    ListControl(Form& owner, const Bounds& bounds, bool visible, bool sorted);
+
     void refuse_index(short index) const;
     void select(const std::string& text);
 
@@ -47,27 +51,24 @@ class ListControl : public BoxControl {
 /// The design values of a list box.
 struct ListBoxDesign {
     Bounds At = {};
+    bool Visible = true;
     bool Sorted = false;
     int TabIndex = 0;
     std::string AccessibleName = {};
 };
 
-class ListBox : public ListControl {
+class ListBox : public ControlOf<ListBox, ListBoxDesign, ListControl> {
   public:
-    ListBox(Form& owner, const ListBoxDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
+    using ControlOf::ControlOf;
 
     /// The user presses the Delete key.
     Event<> DeleteKey;
-
-    const int TabIndex;
-    const std::string AccessibleName;
 };
 
 /// The design values of a drop-down list.
 struct ComboBoxDesign {
     Bounds At = {};
+    bool Visible = true;
     bool Sorted = false;
     Colour BackColor = colour::window_background;
     Colour ForeColor = colour::window_text;
@@ -80,18 +81,11 @@ struct ComboBoxDesign {
 };
 
 /// A drop-down list: its text can be picked, not typed.
-class ComboBox : public ListControl {
+class ComboBox : public ControlOf<ComboBox, ComboBoxDesign, ListControl> {
   public:
     ComboBox(Form& owner, const ComboBoxDesign& design);
 
-    void accept(ControlVisitor& visitor) override;
-
     Property<Colour> BackColor;
-    const Colour ForeColor;
-    const lookfar::Font Font;
-    const bool IsFlat;
-    const int TabIndex;
-    const std::string AccessibleName;
 };
 
 } // namespace lookfar

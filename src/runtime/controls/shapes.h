@@ -18,19 +18,13 @@ struct ShapeDesign {
 
 /// A rectangle, an oval that fills its box, or a circle centred in it whose diameter is the
 /// smaller side. Takes no mouse events.
-class Shape : public BoxControl {
+class Shape : public ControlOf<Shape, ShapeDesign> {
   public:
     Shape(Form& owner, const ShapeDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     Property<lookfar::DrawMode> DrawMode;
     Property<Colour> BorderColor;
     Property<Colour> FillColor;
-
-    const ShapeKind Kind;
-    const BorderStyle Border;
-    const FillStyle Fill;
 };
 
 /// The design values of a line: its two ends, in twips.
@@ -44,11 +38,9 @@ struct LineDesign {
 };
 
 /// A straight line, one pixel thick. Takes no mouse events.
-class Line : public Control {
+class Line : public ControlOf<Line, LineDesign, Control> {
   public:
     Line(Form& owner, const LineDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     Property<float> X1;
     Property<float> Y1;
@@ -60,17 +52,14 @@ class Line : public Control {
 /// The design values of a frame.
 struct FrameDesign {
     Bounds At = {};
+    bool Visible = true;
     int TabIndex = 0;
 };
 
 /// An etched rectangle; a very thin one is a rule.
-class Frame : public BoxControl {
+class Frame : public ControlOf<Frame, FrameDesign> {
   public:
-    Frame(Form& owner, const FrameDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
-
-    const int TabIndex;
+    using ControlOf::ControlOf;
 };
 
 } // namespace lookfar

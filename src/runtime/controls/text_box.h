@@ -60,11 +60,9 @@ struct TextBoxDesign {
 
 /// One line of text for typing into. Only a text that is written can hold line breaks. A write that
 /// changes the text raises `Change`; one of the same text does not.
-class TextBox : public BoxControl {
+class TextBox : public ControlOf<TextBox, TextBoxDesign> {
   public:
     TextBox(Form& owner, const TextBoxDesign& design);
-
-    void accept(ControlVisitor& visitor) override;
 
     /// Puts the keyboard focus into the box.
     void SetFocus();
@@ -78,16 +76,6 @@ class TextBox : public BoxControl {
     Event<> GotFocus;
     /// With the key and the sum of the keys held: 1 Shift, 2 Control, 4 Alt.
     Event<KeyCode, short> KeyDown;
-
-    const bool IsNeverShown;
-    const bool HasBorder;
-    const Alignment Align;
-    const int MaxLength;
-    const lookfar::LineBreaks LineBreaks;
-    const Colour BackColor;
-    const lookfar::Font Font;
-    const int TabIndex;
-    const std::string AccessibleName;
 };
 
 } // namespace lookfar

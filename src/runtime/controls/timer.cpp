@@ -17,7 +17,7 @@ Timer::Timer(Form& owner, const TimerDesign& design)
       Enabled(*this, design.Enabled, {.changed = [this] { restart(); }}),
       Interval([this] { return interval_; },
                [this](const long& milliseconds) { set_interval(milliseconds); }),
-      Ticks(design.Ticks),
+      Design(design),
       form_(owner),
       interval_(design.Interval) {
     form_.timers_.push_back(this);
@@ -39,7 +39,7 @@ void Timer::set_interval(long milliseconds) {
 
 void Timer::restart() {
     if (form_.runs_timers_ && Enabled && interval_ > 0)
-        runtime.timers().start(this, std::chrono::milliseconds(interval_), Ticks,
+        runtime.timers().start(this, std::chrono::milliseconds(interval_), Design.Ticks,
                                [this] { runtime.deliver([this] { Tick.raise(); }); });
     else
         runtime.timers().stop(this);

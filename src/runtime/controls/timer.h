@@ -34,7 +34,7 @@ class Timer : public Element {
 
     Event<> Tick;
 
-    const TickRule Ticks;
+    const TimerDesign Design;
 
   private:
     friend class Form;
