@@ -3,6 +3,8 @@
 #include "processor_time.h"
 
 #include "acquisition/main_window.h"
+#include "desktop/desktop_platform.h"
+#include "desktop/mailbox.h"
 #include "pipeline/fullscreen_window.h"
 #include "program.h"
 #include "splash/splash_window.h"
@@ -42,11 +44,11 @@ long sleeps() {
 }
 
 /// Runs the message loop for a while, itself waking it only once, at the end.
-void run_loop_for(Platform& platform, std::chrono::seconds duration) {
+void run_loop_for(DesktopPlatform& platform, std::chrono::seconds duration) {
     const auto is_over = std::make_shared<bool>(false);
     const std::jthread alarm([&platform, duration, is_over] {
         std::this_thread::sleep_for(duration);
-        platform.post([is_over] { *is_over = true; });
+        platform.mailbox().post([is_over] { *is_over = true; });
     });
     platform.wait_until([&] { return *is_over; });
 }
@@ -65,7 +67,7 @@ void show(Program& program, ShownWindow window) {
     program.Form2->Show();
 }
 
-Cost cost_of_rest(Platform& platform, const std::string& url, ShownWindow window,
+Cost cost_of_rest(DesktopPlatform& platform, const std::string& url, ShownWindow window,
                   IdleTicks idle_ticks) {
     const testing::TemporaryFolder folder;
     testing::write_file("Cams.inf", "camera\r\n" + url + "\r\n");
@@ -81,7 +83,7 @@ Cost cost_of_rest(Platform& platform, const std::string& url, ShownWindow window
             .has_failed = program.Form2->Timer2.Enabled};
 }
 
-void measure(benchmark::State& state, Platform& platform, const std::string& url,
+void measure(benchmark::State& state, DesktopPlatform& platform, const std::string& url,
              ShownWindow window) {
     Cost cost{};
     for (auto unused : state) {
@@ -100,7 +102,7 @@ void measure(benchmark::State& state, Platform& platform, const std::string& url
 
 } // namespace
 
-void register_rests(Platform& platform, const std::string& url) {
+void register_rests(DesktopPlatform& platform, const std::string& url) {
     const auto add = [&platform](const char* name, const std::string& camera, ShownWindow window) {
         benchmark::RegisterBenchmark(name, [&platform, camera, window](benchmark::State& state) {
             measure(state, platform, camera, window);

@@ -8,14 +8,12 @@
 #include "desktop/end_signals.h"
 #include "desktop/exchange/picture_data.h"
 #include "desktop/exchange/picture_drag.h"
+#include "desktop/mailbox.h"
 #include "desktop/message_boxes.h"
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/pointer_rest.h"
 #include "desktop/screen_wakefulness.h"
-#include "desktop/style/colours.h"
 #include "desktop/style/compact_style.h"
-#include "desktop/style/fonts.h"
-#include "desktop/style/geometry.h"
 #include "desktop/window/input_synchroniser.h"
 #include "desktop/window/windows.h"
 #include "pictures/image_pixels.h"
@@ -28,7 +26,6 @@
 #include <QDateTime>
 #include <QDesktopServices>
 #include <QPixmap>
-#include <QScreen>
 #include <QTime>
 #include <QTimer>
 #include <QUrl>
@@ -66,7 +63,7 @@ struct DesktopPlatform::Parts {
     Parts(int& argument_count, char** arguments,
           const std::vector<std::span<const std::uint8_t>>& icons)
         : application(argument_count, arguments),
-          windows([icons] { return icon_of(icons); }, change_reporter),
+          windows([icons] { return icon_of(icons); }),
           input_synchroniser(windows) {
         prepare();
         // Qt connects when it first asks for the bus.
@@ -76,15 +73,12 @@ struct DesktopPlatform::Parts {
         application.installEventFilter(&screen_wakefulness);
         application.installEventFilter(&pointer_rest);
     }
-    Parts(const Parts&) = delete;
-    Parts& operator=(const Parts&) = delete;
-    ~Parts() { transfers.reset(); }
 
     desktop::PatientBus patient_bus;
     QApplication application;
     desktop::Accessibility accessibility;
-    desktop::ChangeReporter change_reporter;
     desktop::Windows windows;
+    desktop::ChangeReporter change_reporter{windows};
     desktop::InputSynchroniser input_synchroniser;
     desktop::ScreenWakefulness screen_wakefulness;
     desktop::PointerRest pointer_rest;
@@ -92,11 +86,10 @@ struct DesktopPlatform::Parts {
     std::optional<desktop::EndSignals> end_signals;
     std::function<void()> wake_handler;
     QTimer wake_timer;
-    /// Receives what is posted.
-    QObject loop;
+    desktop::Mailbox mailbox;
     std::unique_ptr<Disk> disk = make_posix_disk();
     /// Nothing until the first transfer: to start libcurl and the decoder takes time that the
-    /// windows need.
+    /// windows need. The last member, so that its thread goes before what it posts to.
     std::unique_ptr<CurlTransfers> transfers;
 };
 
@@ -116,7 +109,7 @@ DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
     // Queued, so that what the user has done by then comes before the ticks. They may take long,
     // and may let the loop run, where the next ones are due already.
     parts_->wake_timer.callOnTimeout(
-        &parts_->loop,
+        &parts_->wake_timer,
         [this] {
             if (const auto handler = parts_->wake_handler)
                 handler();
@@ -171,10 +164,6 @@ void DesktopPlatform::wait_until(const std::function<bool()>& done) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void DesktopPlatform::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&parts_->loop, std::move(work), Qt::QueuedConnection);
-}
-
 void DesktopPlatform::end() {
     parts_->picture_drag.end();
     parts_->screen_wakefulness.end();
@@ -182,11 +171,8 @@ void DesktopPlatform::end() {
     std::_Exit(EXIT_SUCCESS);
 }
 
-ScreenMetrics DesktopPlatform::screen() const {
-    const QScreen& screen = parts_->windows.screen();
-    const QSize size = screen.size();
-    return {.size = {desktop::to_twips(size.width()), desktop::to_twips(size.height())},
-            .bits_per_pixel = desktop::bits_per_pixel(screen.depth())};
+WindowSystem& DesktopPlatform::windows() {
+    return parts_->windows;
 }
 
 Disk& DesktopPlatform::disk() {
@@ -195,7 +181,7 @@ Disk& DesktopPlatform::disk() {
 
 std::unique_ptr<CurlTransfers> DesktopPlatform::make_transfers() {
     return std::make_unique<CurlTransfers>(
-        [this](std::function<void()> work) { post(std::move(work)); },
+        [&mailbox = parts_->mailbox](std::function<void()> work) { mailbox.post(std::move(work)); },
         std::make_unique<decoder::DecoderClient>(decoder_));
 }
 
@@ -223,40 +209,6 @@ MessageBoxAnswer DesktopPlatform::ask(const MessageBox& box) {
     return desktop::ask(box, QApplication::activeWindow());
 }
 
-void DesktopPlatform::changed(Element& element) {
-    parts_->windows.changed(element);
-}
-
-void DesktopPlatform::forget(Element& element) {
-    parts_->windows.forget(element);
-}
-
-void DesktopPlatform::bring_forward(Form& form) {
-    parts_->windows.bring_forward(form);
-}
-
-void DesktopPlatform::set_focus(Control& control) {
-    parts_->windows.set_focus(control);
-}
-
-void DesktopPlatform::show_hint(Control& control, const std::string& text) {
-    parts_->windows.show_hint(control, text);
-}
-
-void DesktopPlatform::announce(Control& control, const std::string& text) {
-    parts_->windows.announce(control, text);
-}
-
-void DesktopPlatform::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
-    parts_->windows.pop_up(form, menu, default_entry);
-}
-
-Size DesktopPlatform::text_size(const std::string& text, const Font& font,
-                                std::optional<float> wrap_width) const {
-    return wrap_width ? desktop::measure_wrapped_text(text, font, *wrap_width)
-                      : desktop::measure_text(text, font);
-}
-
 void DesktopPlatform::report_untrapped(const Failure& failure) {
     qWarning("Untrapped failure %d: %s", failure.Number, failure.Description.c_str());
 }
@@ -265,7 +217,11 @@ void DesktopPlatform::set_end_handler(std::function<void()> handler) {
     parts_->end_signals.emplace(std::move(handler));
 }
 
-desktop::Windows& DesktopPlatform::windows() {
+desktop::Mailbox& DesktopPlatform::mailbox() {
+    return parts_->mailbox;
+}
+
+desktop::Windows& DesktopPlatform::windows_on_screen() {
     return parts_->windows;
 }
 

@@ -12,8 +12,9 @@
 namespace lookfar {
 
 namespace desktop {
+class Mailbox;
 class Windows;
-}
+} // namespace desktop
 
 class CurlTransfers;
 
@@ -39,10 +40,9 @@ class DesktopPlatform : public Platform {
     void run() override;
     void deliver_pending() override;
     void wait_until(const std::function<bool()>& done) override;
-    void post(std::function<void()> work) override;
     [[noreturn]] void end() override;
 
-    ScreenMetrics screen() const override;
+    WindowSystem& windows() override;
     Disk& disk() override;
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
 
@@ -51,23 +51,16 @@ class DesktopPlatform : public Platform {
     void drag_picture(PictureReference picture) override;
 
     MessageBoxAnswer ask(const MessageBox& box) override;
-    void changed(Element& element) override;
-    void forget(Element& element) override;
-    void bring_forward(Form& form) override;
-    void set_focus(Control& control) override;
-    void show_hint(Control& control, const std::string& text) override;
-    void announce(Control& control, const std::string& text) override;
-    void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
-    Size text_size(const std::string& text, const Font& font,
-                   std::optional<float> wrap_width) const override;
     void report_untrapped(const Failure& failure) override;
 
     /// Sets what a signal calls that asks the program to end (`EndSignals`). Until then such a
     /// signal ends it on the spot.
     void set_end_handler(std::function<void()> handler);
 
+    /// Takes work for the message loop from any thread.
+    desktop::Mailbox& mailbox();
     /// The windows on the screen; for tests and benchmarks.
-    desktop::Windows& windows();
+    desktop::Windows& windows_on_screen();
 
   private:
     struct Parts;

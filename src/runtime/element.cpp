@@ -1,12 +1,12 @@
 #include "runtime/element.h"
 
-#include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/window_system.h"
 
 namespace lookfar {
 
 Element::~Element() {
-    runtime.platform().forget(*this);
+    runtime.windows().forget(*this);
 }
 
 void Element::changed() {

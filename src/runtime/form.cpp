@@ -1,8 +1,8 @@
 #include "runtime/form.h"
 
 #include "runtime/controls/timer.h"
-#include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/window_system.h"
 
 #include <ranges>
 
@@ -26,7 +26,7 @@ void Form::Show() {
     if (WindowState == WindowState::minimised)
         follow_state(WindowState::normal);
     Visible = true;
-    runtime.platform().bring_forward(*this);
+    runtime.windows().bring_forward(*this);
 }
 
 void Form::Hide() {
@@ -34,7 +34,7 @@ void Form::Hide() {
 }
 
 void Form::PopupMenu(lookfar::PopupMenu& menu, const MenuItem* default_entry) {
-    runtime.platform().pop_up(*this, menu, default_entry);
+    runtime.windows().pop_up(*this, menu, default_entry);
 }
 
 void Form::request_close() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/look.h"
 #include "runtime/message_box.h"
 #include "runtime/pictures/picture.h"
 #include "runtime/transfer.h"
@@ -13,25 +12,14 @@
 
 namespace lookfar {
 
-class Control;
 class Disk;
-class Element;
-class Form;
-class MenuItem;
-class PopupMenu;
 class RemoteAccessService;
+class WindowSystem;
 
 using Instant = std::chrono::steady_clock::time_point;
 
-/// The size in twips of the screen on which the main window stands, and its colour depth in bits
-/// per pixel. Before the main window stands anywhere it is the desktop's primary screen.
-struct ScreenMetrics {
-    Size size;
-    short bits_per_pixel = 32;
-};
-
-/// What a machine must give for the runtime to live on it. Everything but `post` is called on
-/// the one thread that runs the handlers.
+/// What a machine must give for the runtime to live on it, beside what shows its windows. It is
+/// called on the one thread that runs the handlers.
 class Platform {
   public:
     virtual ~Platform() = default;
@@ -58,14 +46,12 @@ class Platform {
     virtual void deliver_pending() = 0;
     /// Runs the message loop until `done`, which is asked after every event, gives true.
     virtual void wait_until(const std::function<bool()>& done) = 0;
-    /// Calls `work` later, from the message loop. May be called on any thread.
-    virtual void post(std::function<void()> work) = 0;
     /// Ends the program on the spot: no handler runs after it.
     [[noreturn]] virtual void end() = 0;
 
     // The machine.
 
-    virtual ScreenMetrics screen() const = 0;
+    virtual WindowSystem& windows() = 0;
     virtual Disk& disk() = 0;
     /// Starts a transfer and reports its outcome from the message loop. Throws a Failure where none
     /// can be started.
@@ -82,30 +68,8 @@ class Platform {
     /// The service that knows of dial-up connections; none on most platforms.
     virtual RemoteAccessService* remote_access() { return nullptr; }
 
-    // Asking and showing.
-
     /// Shows a modal box, runs the message loop under it, and gives back the button pressed.
     virtual MessageBoxAnswer ask(const MessageBox& box) = 0;
-    /// A property of the element has changed; shown at the next opportunity.
-    virtual void changed(Element& element) = 0;
-    /// The element is about to be destroyed; nothing may refer to it any more.
-    virtual void forget(Element& element) = 0;
-    /// Puts a visible window before the others.
-    virtual void bring_forward(Form& form) = 0;
-    virtual void set_focus(Control& control) = 0;
-    /// Shows a text at a control of a visible window until the user presses a key or a mouse
-    /// button, in the place of the text that stood there before; returns at once.
-    virtual void show_hint(Control& control, const std::string& text) = 0;
-    /// Has a screen reader say a text that a control of a visible window shows, once it has
-    /// finished what it is saying; returns at once.
-    virtual void announce(Control& control, const std::string& text) = 0;
-    /// Shows a menu at the pointer, or in the middle of the window while the pointer is elsewhere,
-    /// the default entry set off; returns at once.
-    virtual void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) = 0;
-    /// The room that a text takes, in twips; lines are parted by line feeds, and by wrapping at a
-    /// width where one is given.
-    virtual Size text_size(const std::string& text, const Font& font,
-                           std::optional<float> wrap_width) const = 0;
     /// An untrapped failure has ended a handler.
     virtual void report_untrapped(const Failure& failure) = 0;
 };

@@ -2,6 +2,7 @@
 
 #include "runtime/element.h"
 #include "runtime/form.h"
+#include "runtime/window_system.h"
 
 #include <array>
 #include <chrono>
@@ -87,11 +88,11 @@ void Runtime::OpenLink(const std::string& address) {
 }
 
 Size Runtime::Screen() const {
-    return platform_.screen().size;
+    return platform_.windows().screen_metrics().size;
 }
 
 short Runtime::ScreenColourDepth() const {
-    return platform_.screen().bits_per_pixel;
+    return platform_.windows().screen_metrics().bits_per_pixel;
 }
 
 float Runtime::SecondsSinceMidnight() const {
@@ -122,7 +123,7 @@ void Runtime::deliver(const std::function<void()>& handler) {
 
 void Runtime::element_changed(Element& element) {
     timers_.count_change();
-    platform_.changed(element);
+    platform_.windows().changed(element);
 }
 
 void Runtime::retire(std::unique_ptr<Form> form) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/files/files.h"
+#include "runtime/look.h"
 #include "runtime/platform.h"
 #include "runtime/random.h"
 #include "runtime/timer_queue.h"
@@ -13,7 +14,9 @@
 
 namespace lookfar {
 
+class Element;
 class Form;
+class WindowSystem;
 
 /// What every handler leans on: the message loop, the timers, the files, numbers and clocks,
 /// message boxes and pictures. One runtime serves one program on one platform.
@@ -26,6 +29,7 @@ class Runtime {
 
     /// For windows and controls; handlers find what they need below.
     Platform& platform() { return platform_; }
+    WindowSystem& windows() { return platform_.windows(); }
     TimerQueue& timers() { return timers_; }
     NumberedFiles& files() { return files_; }
     RandomNumbers& random() { return random_; }

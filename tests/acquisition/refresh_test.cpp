@@ -95,7 +95,7 @@ TEST_F(Refresh, InsideARunningFetchIsTurnedAwayAndTakesTheErrorDisplayDown) {
 }
 
 TEST_F(Refresh, ThatComesBeforeTheTransferStartsFetchesThePictureTwice) {
-    platform.post([&] { refresh(); });
+    platform.after({}, [&] { refresh(); });
     refresh();
     EXPECT_EQ(platform.requests.size(), 2U);
 
@@ -108,7 +108,7 @@ TEST_F(Refresh, ThatComesBeforeTheTransferStartsFetchesThePictureTwice) {
 TEST_F(Refresh, NestsToASmallDepthOnlyHoweverManyArePending) {
     int pending = 20'000;
     for (int count = pending; count > 0; --count)
-        platform.post([&] {
+        platform.after({}, [&] {
             --pending;
             refresh();
         });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/desktop_platform.h"
+#include "desktop/mailbox.h"
 #include "desktop/waiting.h"
 #include "desktop/window/window_view.h"
 #include "desktop/window/windows.h"
@@ -39,12 +40,12 @@ class DesktopTest : public testing::Test {
     /// Lets the message loop do all that it had to do when this was called.
     void let_loop_come_round() {
         bool has_come_round = false;
-        platform.post([&] { has_come_round = true; });
+        platform.mailbox().post([&] { has_come_round = true; });
         platform.wait_until([&] { return has_come_round; });
     }
 
     WindowView& window(const Form& form) {
-        WindowView* const view = platform.windows().view_of(form);
+        WindowView* const view = platform.windows_on_screen().view_of(form);
         if (!view)
             throw std::runtime_error("The form has no window.");
         return *view;

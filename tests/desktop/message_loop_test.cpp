@@ -44,7 +44,7 @@ TEST_F(MessageLoopTest, WorkPostedFromAnotherThreadWakesAWaitingHandler) {
     std::thread::id ran_on;
     std::thread poster([&] {
         is_waiting.wait(false);
-        platform.post([&] { ran_on = std::this_thread::get_id(); });
+        platform.mailbox().post([&] { ran_on = std::this_thread::get_id(); });
     });
     platform.wait_until([&] {
         is_waiting = true;
@@ -62,7 +62,7 @@ TEST_F(MessageLoopTest, DeliverPendingRunsWhatWasPostedOrIsDueAndReturns) {
     due.callOnTimeout([&] { ++runs; });
     due.start(0);
     for (int count = 0; count < 100; ++count)
-        platform.post([&] { ++runs; });
+        platform.mailbox().post([&] { ++runs; });
     platform.deliver_pending();
     EXPECT_EQ(runs, 101);
 }

@@ -2,6 +2,7 @@
 
 #include "runtime/form.h"
 #include "runtime/platform.h"
+#include "runtime/window_system.h"
 #include "support/faulty_disk.h"
 
 #include <chrono>
@@ -30,7 +31,7 @@ struct ScriptedAnswer {
 
 /// A machine made of virtual time and scripted answers: an hour passes as quickly as its events
 /// are run. Time moves only while the program waits or the test lets it run.
-class ScriptedPlatform : public Platform {
+class ScriptedPlatform : public Platform, public WindowSystem {
   public:
     // The script.
 
@@ -84,9 +85,8 @@ class ScriptedPlatform : public Platform {
     void run() override;
     void deliver_pending() override;
     void wait_until(const std::function<bool()>& done) override;
-    void post(std::function<void()> work) override { after({}, std::move(work)); }
     [[noreturn]] void end() override { throw ProgramEnded{}; }
-    ScreenMetrics screen() const override { return metrics; }
+    WindowSystem& windows() override { return *this; }
     Disk& disk() override { return faulty_disk; }
     std::unique_ptr<Transfer> start_transfer(TransferRequest request, TransferDone done) override;
     void open_link(const std::string& address) override { links.push_back(address); }
@@ -98,6 +98,11 @@ class ScriptedPlatform : public Platform {
     }
     RemoteAccessService* remote_access() override { return remote_access_service; }
     MessageBoxAnswer ask(const MessageBox& box) override;
+    void report_untrapped(const Failure& failure) override { untrapped.push_back(failure); }
+
+    // The windows.
+
+    ScreenMetrics screen_metrics() const override { return metrics; }
     void changed(Element& /*element*/) override {}
     void forget(Element& /*element*/) override {}
     void bring_forward(Form& form) override { brought_forward.push_back(&form); }
@@ -112,7 +117,6 @@ class ScriptedPlatform : public Platform {
     void pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) override;
     Size text_size(const std::string& text, const Font& font,
                    std::optional<float> wrap_width) const override;
-    void report_untrapped(const Failure& failure) override { untrapped.push_back(failure); }
 
   private:
     std::optional<Instant> next_event() const;

@@ -1,12 +1,13 @@
 #include "desktop/accessible/change_reporter.h"
 
-#include "desktop/accessible/announcement.h"
 #include "desktop/accessible/object_signal.h"
+#include "desktop/accessible/readable_control.h"
 #include "desktop/accessible/window_interface.h"
 #include "desktop/native/hint.h"
 #include "desktop/native/label_tab_stop.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/window_view.h"
+#include "desktop/window/windows.h"
 
 #include <QAccessible>
 
@@ -36,7 +37,45 @@ void report_name(QAccessibleInterface& object, const QString& before, const QStr
         report(object, QAccessible::NameChanged);
 }
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+
+void speak(QAccessibleInterface& object, const QString& text, Announcement announcement) {
+    QAccessibleAnnouncementEvent event(&object, text);
+    event.setPoliteness(announcement == Announcement::assertive
+                            ? QAccessible::AnnouncementPoliteness::Assertive
+                            : QAccessible::AnnouncementPoliteness::Polite);
+    QAccessible::updateAccessibility(&event);
+}
+
+#else
+
+/// The politeness of a live region, as the bus numbers it.
+int politeness_of(Announcement announcement) {
+    return announcement == Announcement::assertive ? 2 : 1;
+}
+
+void speak(QAccessibleInterface& object, const QString& text, Announcement announcement) {
+    send_object_signal(object, QStringLiteral("Announcement"), QString(),
+                       politeness_of(announcement), text);
+}
+
+#endif
+
+/// Has screen readers speak a text that an object on the accessibility bus shows, wherever the
+/// keyboard's focus is. Does nothing where no assistive technology runs.
+void announce(QAccessibleInterface& object, const QString& text, Announcement announcement) {
+    if (announcement != Announcement::none && QAccessible::isActive())
+        speak(object, text, announcement);
+}
+
 } // namespace
+
+ChangeReporter::ChangeReporter(Windows& windows) {
+    windows.ControlShown.connect(this, &ChangeReporter::control_shown);
+    windows.HintShown.connect(this, &ChangeReporter::hint_shown);
+    windows.Announced.connect(this, &ChangeReporter::announced);
+    windows.Forgotten.connect(this, &ChangeReporter::element_forgotten);
+}
 
 void ChangeReporter::control_shown(WindowView& window, Control& control) {
     if (auto* const stop = dynamic_cast<LabelTabStop*>(window.widget_of(control)))
@@ -58,18 +97,23 @@ void ChangeReporter::announced(WindowView& window, const Control& control, const
     announce(object, text, Announcement::polite);
 }
 
+void ChangeReporter::element_forgotten(const Element& element) {
+    reported_.erase(&element);
+    open_.erase(&element);
+}
+
 void ChangeReporter::report_drawn_control(WindowView& window, Control& control) {
-    const auto drawn = window.readable_control(control);
-    if (!drawn)
+    const auto readable = readable_control(control);
+    if (!readable)
         return;
-    const QString now = control.Visible ? shown_text(drawn->name) : QString();
+    const QString now = control.Visible ? shown_text(readable->name) : QString();
     const QString before = std::exchange(reported_[&control], now);
     if (now == before)
         return;
     QAccessibleInterface& object = drawn_interface(window, control);
     report_name(object, before, now);
     if (!now.isEmpty())
-        announce(object, now, drawn->announcement);
+        announce(object, now, readable->announcement);
 }
 
 void ChangeReporter::report_tab_stop(LabelTabStop& stop, const Control& control) {

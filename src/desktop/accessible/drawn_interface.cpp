@@ -1,11 +1,19 @@
 #include "desktop/accessible/drawn_interface.h"
 
+#include "desktop/accessible/readable_control.h"
 #include "desktop/style/texts.h"
+
+#include <algorithm>
 
 namespace lookfar::desktop {
 
-std::optional<DrawnControl> DrawnInterface::find() const {
-    return view_ ? view_->readable_control(*control_) : std::nullopt;
+bool DrawnInterface::isValid() const {
+    return view_ && std::ranges::count(view_->controls(), control_) > 0;
+}
+
+std::string DrawnInterface::name() const {
+    const auto readable = isValid() ? readable_control(*control_) : std::nullopt;
+    return readable && control_->Visible ? readable->name : std::string();
 }
 
 void* DrawnInterface::interface_cast(QAccessible::InterfaceType type) {
@@ -18,32 +26,21 @@ QAccessibleInterface* DrawnInterface::parent() const {
 }
 
 QString DrawnInterface::text(QAccessible::Text kind) const {
-    const auto drawn = find();
-    const bool is_shown = drawn && drawn->control->Visible;
-    return is_shown && kind == QAccessible::Name ? shown_text(drawn->name) : QString();
+    return kind == QAccessible::Name ? shown_text(name()) : QString();
 }
 
 QRect DrawnInterface::rect() const {
-    const auto drawn = find();
-    if (!drawn)
+    if (!isValid())
         return {};
-    const QRect area = drawn->area.toAlignedRect();
+    const QRect area = view_->drawn().area_of(*control_).toAlignedRect();
     return {view_->mapToGlobal(area.topLeft()), area.size()};
 }
 
-QAccessible::Role DrawnInterface::role() const {
-    const auto drawn = find();
-    const bool is_picture = drawn && drawn->role == DrawnControl::Role::picture;
-    return is_picture ? QAccessible::Graphic : QAccessible::StaticText;
-}
-
 QAccessible::State DrawnInterface::state() const {
-    const auto drawn = find();
     QAccessible::State state;
     state.readOnly = true;
-    state.invalid = !drawn;
-    state.invisible =
-        !drawn || !drawn->control->Visible || drawn->name.empty() || !view_->isVisible();
+    state.invalid = !isValid();
+    state.invisible = name().empty() || !view_->isVisible();
     return state;
 }
 

@@ -5,7 +5,7 @@
 #include <QAccessible>
 #include <QPointer>
 
-#include <optional>
+#include <string>
 
 namespace lookfar::desktop {
 
@@ -15,9 +15,10 @@ namespace lookfar::desktop {
 /// empty.
 class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterface {
   public:
-    DrawnInterface(WindowView& view, const Control& control) : view_(&view), control_(&control) {}
+    DrawnInterface(WindowView& view, const Control& control, QAccessible::Role role)
+        : view_(&view), control_(&control), role_(role) {}
 
-    bool isValid() const override { return find().has_value(); }
+    bool isValid() const override;
     QObject* object() const override { return nullptr; }
     QWindow* window() const override { return view_ ? view_->windowHandle() : nullptr; }
     void* interface_cast(QAccessible::InterfaceType type) override;
@@ -31,7 +32,7 @@ class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterf
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override;
-    QAccessible::Role role() const override;
+    QAccessible::Role role() const override { return role_; }
     QAccessible::State state() const override;
 
     // The text of a label, which can neither be selected nor edited. The place of each character
@@ -52,10 +53,12 @@ class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterf
     void scrollToSubstring(int, int) override {}
 
   private:
-    std::optional<DrawnControl> find() const;
+    /// What is read of the control; empty while it is hidden, and once it is gone.
+    std::string name() const;
 
     QPointer<WindowView> view_;
     const Control* control_;
+    QAccessible::Role role_;
 };
 
 } // namespace lookfar::desktop

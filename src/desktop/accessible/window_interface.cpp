@@ -1,9 +1,12 @@
 #include "desktop/accessible/window_interface.h"
 
 #include "desktop/accessible/drawn_interface.h"
+#include "desktop/accessible/readable_control.h"
 #include "desktop/native/owned_by_qt.h"
 #include "desktop/window/window_view.h"
 
+#include <algorithm>
+#include <iterator>
 #include <ranges>
 
 namespace lookfar::desktop {
@@ -16,17 +19,24 @@ WindowInterface::~WindowInterface() {
         QAccessible::deleteAccessibleInterface(identity);
 }
 
+std::vector<const Control*> WindowInterface::readable_controls() const {
+    std::vector<const Control*> readable;
+    std::ranges::copy_if(view_.controls(), std::back_inserter(readable),
+                         [](const Control* each) { return readable_control(*each).has_value(); });
+    return readable;
+}
+
 int WindowInterface::childCount() const {
-    return QAccessibleWidget::childCount() + static_cast<int>(view_.readable_controls().size());
+    return QAccessibleWidget::childCount() + static_cast<int>(readable_controls().size());
 }
 
 QAccessibleInterface* WindowInterface::child(int index) const {
     const int first_drawn = QAccessibleWidget::childCount();
     if (index < first_drawn)
         return QAccessibleWidget::child(index);
-    const auto readable = view_.readable_controls();
+    const auto readable = readable_controls();
     const auto place = static_cast<std::size_t>(index - first_drawn);
-    return place < readable.size() ? interface_of(*readable[place].control) : nullptr;
+    return place < readable.size() ? interface_of(*readable[place]) : nullptr;
 }
 
 int WindowInterface::indexOfChild(const QAccessibleInterface* wanted) const {
@@ -49,8 +59,8 @@ QAccessibleInterface* WindowInterface::childAt(int x, int y) const {
 QAccessibleInterface* WindowInterface::interface_of(const Control& control) const {
     const auto [place, is_new] = drawn_.try_emplace(&control);
     if (is_new)
-        place->second =
-            QAccessible::registerAccessibleInterface(owned_by_qt<DrawnInterface>(view_, control));
+        place->second = QAccessible::registerAccessibleInterface(
+            owned_by_qt<DrawnInterface>(view_, control, readable_control(control)->role));
     return QAccessible::accessibleInterface(place->second);
 }
 

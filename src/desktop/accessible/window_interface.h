@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include <unordered_map>
+#include <vector>
 
 namespace lookfar {
 class Control;
@@ -30,6 +31,9 @@ class WindowInterface : public QAccessibleWidget {
     QAccessibleInterface* interface_of(const Control& control) const;
 
   private:
+    /// The labels and pictures that the window draws itself, front to back, hidden ones too.
+    std::vector<const Control*> readable_controls() const;
+
     WindowView& view_;
     mutable std::unordered_map<const Control*, QAccessible::Id> drawn_;
 };

@@ -3,7 +3,6 @@
 #include "desktop/drawn/drawn_control_visitor.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
-#include "desktop/style/texts.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
@@ -14,8 +13,6 @@
 namespace lookfar::desktop {
 
 namespace {
-
-using Role = DrawnControl::Role;
 
 /// A line has no width of its own; one pixel around it holds its thickness.
 QRectF area_of(const Line& line) {
@@ -41,44 +38,30 @@ class Describer : public DrawnControlVisitor {
 
     void visit(Frame& frame) override { describe(frame); }
     void visit(Shape& shape) override { describe(shape); }
-
-    void visit(Line& line) override {
-        drawn_ = DrawnControl{.control = &line, .area = area_of(line)};
-    }
+    void visit(Line& line) override { drawn_ = {.area = area_of(line)}; }
 
     void visit(Label& label) override {
-        DrawnControl& drawn = describe(label);
-        // A button or a link is read by the widget at which the keyboard stops.
-        const bool is_text = label.Design.Role == LabelRole::text && !label.Design.IsNeverShown;
-        drawn.role = is_text ? Role::text : Role::decoration;
-        drawn.area = area_of(label);
-        drawn.mouse = &label;
-        drawn.tool_tip = label.Design.ToolTipText;
-        drawn.name = name_or(label.Design.AccessibleName, label.Caption);
-        drawn.announcement = label.Design.Announcement;
+        drawn_ = {.area = area_of(label), .mouse = &label, .tool_tip = label.Design.ToolTipText};
     }
 
     void visit(Image& image) override {
-        DrawnControl& drawn = describe(image);
-        drawn.role = image.Design.IsNeverShown ? Role::decoration : Role::picture;
-        drawn.mouse = &image;
-        drawn.picture = image.Picture;
-        drawn.tool_tip = image.Design.ToolTipText;
-        drawn.name = name_or(image.AccessibleName.get(), image.Design.ToolTipText);
+        describe(image);
+        drawn_->mouse = &image;
+        drawn_->picture = image.Picture;
+        drawn_->tool_tip = image.Design.ToolTipText;
     }
 
     void visit(PictureBox& box) override {
-        DrawnControl& drawn = describe(box);
-        drawn.mouse = &box;
-        drawn.picture = box.Picture;
+        describe(box);
+        drawn_->mouse = &box;
+        drawn_->picture = box.Picture;
     }
 
-    std::optional<DrawnControl> take() { return std::move(drawn_); }
+    std::optional<DrawnControl> result() { return std::move(drawn_); }
 
   private:
-    DrawnControl& describe(BoxControl& control) {
-        return drawn_.emplace(
-            DrawnControl{.control = &control, .area = exact_rectangle(control.bounds())});
+    void describe(const BoxControl& control) {
+        drawn_ = {.area = exact_rectangle(control.bounds())};
     }
 
     std::optional<DrawnControl> drawn_;
@@ -89,7 +72,7 @@ class Describer : public DrawnControlVisitor {
 std::optional<DrawnControl> drawn_control(Control& control) {
     Describer describer;
     control.accept(describer);
-    return describer.take();
+    return describer.result();
 }
 
 } // namespace lookfar::desktop

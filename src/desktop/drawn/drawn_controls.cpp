@@ -22,9 +22,8 @@ QRectF caption_area(const Label& label) {
 
 /// All that a control can be painted on: whole pixels, with one more around for smooth edges and
 /// rims.
-QRect painted_area(const DrawnControl& drawn) {
-    QRectF area = drawn.area;
-    if (const auto* const label = dynamic_cast<const Label*>(drawn.control))
+QRect painted_area(const Control& control, QRectF area) {
+    if (const auto* const label = dynamic_cast<const Label*>(&control))
         area |= caption_area(*label);
     return area.toAlignedRect().adjusted(-1, -1, 1, 1);
 }
@@ -32,27 +31,29 @@ QRect painted_area(const DrawnControl& drawn) {
 } // namespace
 
 QRegion DrawnControls::synchronise(Control& control) {
-    const auto drawn = drawn_control(control);
+    auto drawn = drawn_control(control);
     if (!drawn)
         return {};
-    if (!drawn->picture || !control.Visible)
+    if (!control.Visible)
+        drawn->picture = nullptr;
+    if (!drawn->picture)
         pictures_.drop(control);
-    Shown now;
-    if (control.Visible)
-        now = {.area = painted_area(*drawn),
-               .picture = drawn->picture,
-               .revision = drawn->picture ? drawn->picture->revision() : 0};
-    const Shown before = std::exchange(shown_[&control], now);
-    return QRegion(before.area) + now.area;
+    Shown& shown = shown_[&control];
+    const QRect before = shown.painted;
+    shown.painted = control.Visible ? painted_area(control, drawn->area) : QRect();
+    shown.revision = drawn->picture ? drawn->picture->revision() : 0;
+    shown.drawn = *std::move(drawn);
+    return QRegion(before) + shown.painted;
 }
 
-QRegion DrawnControls::take_edited_pictures() {
+QRegion DrawnControls::show_edited_pictures() {
     QRegion region;
     for (Shown& shown : std::views::values(shown_)) {
-        if (!shown.picture || shown.picture->revision() == shown.revision)
+        const PictureReference& picture = shown.drawn.picture;
+        if (!picture || picture->revision() == shown.revision)
             continue;
-        shown.revision = shown.picture->revision();
-        region += shown.area;
+        shown.revision = picture->revision();
+        region += shown.painted;
     }
     return region;
 }
@@ -76,34 +77,42 @@ void DrawnControls::paint_area(QPainter& painter, const QRect& area, const QPale
     ControlPainter control_painter(painter, palette, pictures_);
     for (Control* const control : std::views::reverse(form_.controls())) {
         const auto shown = shown_.find(control);
-        if (!control->Visible || shown == shown_.end() || !shown->second.area.intersects(area))
+        if (!control->Visible || shown == shown_.end() || !shown->second.painted.intersects(area))
             continue;
-        painter.setClipRect(shown->second.area & area);
+        painter.setClipRect(shown->second.painted & area);
         control->accept(control_painter);
     }
 }
 
-std::optional<DrawnControl>
+const DrawnControl*
 DrawnControls::frontmost_at(const QPointF& point,
                             const std::function<bool(const DrawnControl&)>& is_wanted) const {
-    for (Control* const control : form_.controls()) {
-        if (!control->Visible)
+    for (const Control* const control : form_.controls()) {
+        const auto shown = shown_.find(control);
+        if (!control->Visible || shown == shown_.end())
             continue;
-        auto drawn = drawn_control(*control);
-        if (drawn && is_wanted(*drawn) && drawn->area.contains(point))
-            return drawn;
+        const DrawnControl& drawn = shown->second.drawn;
+        if (is_wanted(drawn) && drawn.area.contains(point))
+            return &drawn;
     }
-    return std::nullopt;
+    return nullptr;
 }
 
-std::optional<DrawnControl> DrawnControls::mouse_target(const QPointF& point) const {
-    return frontmost_at(point, [](const DrawnControl& drawn) { return drawn.mouse != nullptr; });
+MouseEvents* DrawnControls::mouse_target(const QPointF& point) const {
+    const auto* const drawn =
+        frontmost_at(point, [](const DrawnControl& each) { return each.mouse != nullptr; });
+    return drawn ? drawn->mouse : nullptr;
 }
 
-std::string DrawnControls::tool_tip(const QPointF& point) const {
-    const auto drawn =
+std::string_view DrawnControls::tool_tip(const QPointF& point) const {
+    const auto* const drawn =
         frontmost_at(point, [](const DrawnControl& each) { return !each.tool_tip.empty(); });
-    return drawn ? drawn->tool_tip : std::string();
+    return drawn ? drawn->tool_tip : std::string_view();
+}
+
+QRectF DrawnControls::area_of(const Control& control) const {
+    const auto shown = shown_.find(&control);
+    return shown == shown_.end() ? QRectF() : shown->second.drawn.area;
 }
 
 QRegion DrawnControls::captions() const {
@@ -114,16 +123,6 @@ QRegion DrawnControls::captions() const {
             captions += caption_area(*label).toAlignedRect();
     }
     return captions;
-}
-
-std::vector<DrawnControl> DrawnControls::readable() const {
-    std::vector<DrawnControl> readable;
-    for (Control* const control : form_.controls()) {
-        auto drawn = drawn_control(*control);
-        if (drawn && drawn->is_readable())
-            readable.push_back(*std::move(drawn));
-    }
-    return readable;
 }
 
 } // namespace lookfar::desktop

@@ -10,10 +10,8 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
-#include <string>
+#include <string_view>
 #include <unordered_map>
-#include <vector>
 
 class QPainter;
 class QPalette;
@@ -34,7 +32,7 @@ class DrawnControls {
     /// nothing for a control that was and is hidden.
     QRegion synchronise(Control& control);
     /// Takes over which pictures were edited in place. Gives back what must be painted again.
-    QRegion take_edited_pictures();
+    QRegion show_edited_pictures();
     /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
@@ -42,13 +40,15 @@ class DrawnControls {
     /// it is painted again when it changes. The painter is left without a clip.
     void paint(QPainter& painter, const QRegion& region, const QPalette& palette);
 
-    /// The frontmost visible control under the point that takes the mouse.
-    std::optional<DrawnControl> mouse_target(const QPointF& point) const;
+    /// The frontmost visible control under the point that takes the mouse; null where there is
+    /// none.
+    MouseEvents* mouse_target(const QPointF& point) const;
     /// The tooltip of the frontmost visible control under the point that has one.
-    std::string tool_tip(const QPointF& point) const;
+    std::string_view tool_tip(const QPointF& point) const;
 
-    /// The labels and pictures that assistive technology reads, front to back, hidden ones too.
-    std::vector<DrawnControl> readable() const;
+    /// Where a control was shown last, or would be if it were not hidden, in logical pixels; empty
+    /// for one that is not drawn, or whose window was never shown.
+    QRectF area_of(const Control& control) const;
 
     /// What the texts of the visible labels cover.
     QRegion captions() const;
@@ -58,13 +58,14 @@ class DrawnControls {
 
   private:
     void paint_area(QPainter& painter, const QRect& area, const QPalette& palette);
-    std::optional<DrawnControl>
+    const DrawnControl*
     frontmost_at(const QPointF& point,
                  const std::function<bool(const DrawnControl&)>& is_wanted) const;
 
     struct Shown {
-        QRect area;
-        PictureReference picture;
+        DrawnControl drawn;
+        /// What is painted again when the control changes; empty while it is hidden.
+        QRect painted;
         std::uint64_t revision = 0;
     };
 

@@ -30,8 +30,8 @@ std::optional<MouseButton> known_button(Qt::MouseButton button) {
 } // namespace
 
 MouseEvents& MouseRouter::target_at(const QPointF& point) const {
-    const auto drawn = drawn_.mouse_target(point);
-    return drawn ? *drawn->mouse : form_;
+    MouseEvents* const target = drawn_.mouse_target(point);
+    return target ? *target : form_;
 }
 
 void MouseRouter::press(Qt::MouseButton button, const QPointF& point) {

@@ -44,7 +44,7 @@ bool WindowView::event(QEvent* event) {
 }
 
 void WindowView::show_tool_tip(const QPoint& place, const QPointF& point) {
-    const std::string text = drawn_.tool_tip(point);
+    const std::string_view text = drawn_.tool_tip(point);
     if (text.empty())
         QToolTip::hideText();
     else

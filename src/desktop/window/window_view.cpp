@@ -6,7 +6,6 @@
 #include "desktop/style/fonts.h"
 #include "desktop/style/texts.h"
 #include "desktop/window/task_bars.h"
-#include "desktop/window/window_observer.h"
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
@@ -167,12 +166,12 @@ void WindowView::synchronise(Control& control) {
 void WindowView::synchronise_control(Control& control) {
     update_soon(drawn_.synchronise(control));
     natives_.synchronise(control);
-    windows_.observer().control_shown(*this, control);
+    windows_.ControlShown.raise(*this, control);
 }
 
-void WindowView::take_edited_pictures() {
+void WindowView::show_edited_pictures() {
     if (follows_)
-        update_soon(drawn_.take_edited_pictures());
+        update_soon(drawn_.show_edited_pictures());
 }
 
 void WindowView::take_pointer() {
@@ -187,7 +186,7 @@ void WindowView::take_pointer() {
 
 void WindowView::update_soon(const QRegion& region) {
     to_update_ += region;
-    if (!to_update_.isEmpty())
+    if (!to_update_.isEmpty() && !update_.isActive())
         update_.start();
 }
 
@@ -210,7 +209,7 @@ void WindowView::show_hint(const Control& control, const QString& text) {
     if (hint_)
         hint_->hide();
     hint_ = owned_by_qt<Hint>(text, *widget, *this, drawn_.captions());
-    windows_.observer().hint_shown(*hint_);
+    windows_.HintShown.raise(*hint_);
 }
 
 void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
@@ -219,14 +218,8 @@ void WindowView::pop_up(const PopupMenu& menu, const MenuItem* default_entry) {
     (*menu_)->popup(underMouse() ? QCursor::pos() : geometry().center());
 }
 
-std::vector<DrawnControl> WindowView::readable_controls() const {
-    return form_ ? drawn_.readable() : std::vector<DrawnControl>();
-}
-
-std::optional<DrawnControl> WindowView::readable_control(const Control& control) const {
-    const auto readable = readable_controls();
-    const auto own = std::ranges::find(readable, &control, &DrawnControl::control);
-    return own == readable.end() ? std::nullopt : std::optional(*own);
+std::span<Control* const> WindowView::controls() const {
+    return form_ ? form_->controls() : std::span<Control* const>();
 }
 
 } // namespace lookfar::desktop

@@ -60,7 +60,7 @@ class WindowView : public QWidget {
     /// don't reach such a window.
     bool is_leaving() const;
     /// Has the pictures painted again whose pixels have changed.
-    void take_edited_pictures();
+    void show_edited_pictures();
 
     /// An element of the window, or of another, is about to go.
     void forget(const Element& element);
@@ -76,11 +76,8 @@ class WindowView : public QWidget {
 
     /// The native widget of a control; nothing for a control that is drawn.
     QWidget* widget_of(const Control& control) const { return natives_.widget_of(control); }
-    /// The labels and pictures that assistive technology reads, front to back, hidden ones too;
-    /// none once the form is gone.
-    std::vector<DrawnControl> readable_controls() const;
-    /// One of them; nothing for a control that is none of them, or gone.
-    std::optional<DrawnControl> readable_control(const Control& control) const;
+    /// The form's controls, front to back; none once it is gone.
+    std::span<Control* const> controls() const;
     DrawnControls& drawn() { return drawn_; }
     /// The menu that was shown last; for tests.
     QMenu* popup_menu() const { return menu_ ? &**menu_ : nullptr; }

@@ -1,8 +1,10 @@
 #include "desktop/window/windows.h"
 
 #include "desktop/native/owned_by_qt.h"
+#include "desktop/style/colours.h"
+#include "desktop/style/fonts.h"
+#include "desktop/style/geometry.h"
 #include "desktop/style/texts.h"
-#include "desktop/window/window_observer.h"
 #include "desktop/window/window_view.h"
 #include "runtime/form.h"
 
@@ -16,8 +18,7 @@
 
 namespace lookfar::desktop {
 
-Windows::Windows(std::function<QIcon()> make_icon, WindowObserver& observer)
-    : make_icon_(std::move(make_icon)), observer_(observer) {}
+Windows::Windows(std::function<QIcon()> make_icon) : make_icon_(std::move(make_icon)) {}
 
 Windows::~Windows() {
     const UserActions::Suspension suspension(actions_);
@@ -46,7 +47,7 @@ void Windows::synchronise_later() {
 
 void Windows::forget(Element& element) {
     const UserActions::Suspension suspension(actions_);
-    observer_.element_forgotten(element);
+    Forgotten.raise(element);
     if (changed_.erase(&element) > 0)
         std::erase(changed_in_order_, &element);
     if (views_.erase(&element) > 0)
@@ -71,7 +72,7 @@ void Windows::take_changes_over() {
     for (Element* const element : std::exchange(changed_in_order_, {}))
         synchronise(*element);
     for (const auto& view : std::views::values(views_))
-        view->take_edited_pictures();
+        view->show_edited_pictures();
 }
 
 bool Windows::is_any_on_its_way() const {
@@ -145,13 +146,24 @@ void Windows::show_hint(Control& control, const std::string& text) {
 void Windows::announce(Control& control, const std::string& text) {
     synchronise();
     if (WindowView* const view = view_of(control.form))
-        observer_.announced(*view, control, shown_text(text));
+        Announced.raise(*view, control, shown_text(text));
 }
 
 void Windows::pop_up(Form& form, PopupMenu& menu, const MenuItem* default_entry) {
     synchronise();
     if (WindowView* const view = view_of(form))
         view->pop_up(menu, default_entry);
+}
+
+ScreenMetrics Windows::screen_metrics() const {
+    const QSize size = screen().size();
+    return {.size = {to_twips(size.width()), to_twips(size.height())},
+            .bits_per_pixel = bits_per_pixel(screen().depth())};
+}
+
+Size Windows::text_size(const std::string& text, const Font& font,
+                        std::optional<float> wrap_width) const {
+    return wrap_width ? measure_wrapped_text(text, font, *wrap_width) : measure_text(text, font);
 }
 
 QScreen& Windows::screen() const {

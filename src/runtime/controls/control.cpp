@@ -1,8 +1,8 @@
 #include "runtime/controls/control.h"
 
 #include "runtime/form.h"
-#include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/window_system.h"
 
 namespace lookfar {
 
@@ -16,12 +16,12 @@ Control::~Control() {
 }
 
 void Control::ShowHint(const std::string& text) {
-    runtime.platform().show_hint(*this, text);
+    runtime.windows().show_hint(*this, text);
 }
 
 void Control::Announce(const std::string& text) {
     if (form.Visible)
-        runtime.platform().announce(*this, text);
+        runtime.windows().announce(*this, text);
 }
 
 BoxControl::BoxControl(Form& owner, const Bounds& bounds, bool visible)

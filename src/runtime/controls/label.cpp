@@ -1,8 +1,8 @@
 #include "runtime/controls/label.h"
 
 #include "runtime/form.h"
-#include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/window_system.h"
 
 #include <algorithm>
 #include <limits>
@@ -46,24 +46,24 @@ void Label::size_to_caption() {
 }
 
 void Label::fit_caption() {
-    resize(runtime.platform().text_size(Caption, Design.Font, std::nullopt));
+    resize(runtime.windows().text_size(Caption, Design.Font, std::nullopt));
 }
 
 void Label::fit_caption_in_window() {
     const float room = std::max(form.Width - Left, Design.At.Width);
-    const Size size = runtime.platform().text_size(Caption, Design.Font, std::nullopt);
+    const Size size = runtime.windows().text_size(Caption, Design.Font, std::nullopt);
     wraps_ = size.Width > room;
-    resize(wraps_ ? runtime.platform().text_size(Caption, Design.Font, room) : size);
+    resize(wraps_ ? runtime.windows().text_size(Caption, Design.Font, room) : size);
 }
 
 void Label::fit_caption_on_one_line() {
-    const Size size = runtime.platform().text_size(seen_caption(), Design.Font, std::nullopt);
+    const Size size = runtime.windows().text_size(seen_caption(), Design.Font, std::nullopt);
     is_shortened_ = size.Width > Room;
     resize({.Width = std::clamp(Room.get(), 0.0F, size.Width), .Height = size.Height});
 }
 
 void Label::grow_downwards() {
-    const Size size = runtime.platform().text_size(Caption, Design.Font, Width);
+    const Size size = runtime.windows().text_size(Caption, Design.Font, Width);
     Height = std::max(Design.At.Height, size.Height);
 }
 

@@ -1,7 +1,7 @@
 #include "runtime/controls/text_box.h"
 
-#include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/window_system.h"
 
 namespace lookfar {
 
@@ -12,7 +12,7 @@ TextBox::TextBox(Form& owner, const TextBoxDesign& design)
       SelLength(*this, 0) {}
 
 void TextBox::SetFocus() {
-    runtime.platform().set_focus(*this);
+    runtime.windows().set_focus(*this);
 }
 
 } // namespace lookfar
