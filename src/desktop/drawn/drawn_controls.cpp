@@ -63,6 +63,21 @@ void DrawnControls::forget(const Element& element) {
     pictures_.drop(element);
 }
 
+/// They are drawn onto a single pixel, and of that only the scaling takes time.
+void DrawnControls::prepare_pictures(const QRegion& region, const QPalette& palette,
+                                     double pixel_ratio) {
+    QImage pixel(1, 1, QImage::Format_RGB32);
+    pixel.setDevicePixelRatio(pixel_ratio);
+    QPainter painter(&pixel);
+    ControlPainter control_painter(painter, palette, pictures_);
+    for (Control* const control : form_.controls()) {
+        const auto shown = shown_.find(control);
+        if (shown != shown_.end() && shown->second.drawn.picture &&
+            region.intersects(shown->second.painted))
+            control->accept(control_painter);
+    }
+}
+
 /// Rectangle by rectangle: within a region of another shape Qt paints a picture span by span and
 /// wakes its threads, which takes longer than the painting.
 void DrawnControls::paint(QPainter& painter, const QRegion& region, const QPalette& palette) {

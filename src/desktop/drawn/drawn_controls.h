@@ -36,6 +36,9 @@ class DrawnControls {
     /// An element is about to go; nothing happens for one that is not drawn.
     void forget(const Element& element);
 
+    /// Scales the visible pictures that have a part in the region, ahead of their painting in so
+    /// many pixels of the screen to a logical one.
+    void prepare_pictures(const QRegion& region, const QPalette& palette, double pixel_ratio);
     /// Draws the part of the window that lies in the region, back to front, each control as far as
     /// it is painted again when it changes. The painter is left without a clip.
     void paint(QPainter& painter, const QRegion& region, const QPalette& palette);

@@ -9,9 +9,7 @@
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
 
-#include <QImage>
 #include <QLineEdit>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
@@ -50,7 +48,10 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     constexpr std::chrono::milliseconds behind_the_ticks(3);
     update_.setSingleShot(true);
     update_.setInterval(behind_the_ticks);
-    update_.callOnTimeout([this] { update(std::exchange(to_update_, {})); });
+    update_.callOnTimeout(this, &WindowView::prepare_update, Qt::QueuedConnection);
+    prepared_.setSingleShot(true);
+    prepared_.callOnTimeout(
+        this, [this] { update(std::exchange(to_update_, {})); }, Qt::QueuedConnection);
     showing_.setSingleShot(true);
     showing_.setInterval(behind_the_ticks);
     showing_.callOnTimeout([this] { show_now(); });
@@ -100,11 +101,7 @@ void WindowView::prepare_look() {
         first_look_.give(*this);
         return;
     }
-    // Everything is drawn, onto a single pixel, and of that only the pictures take time.
-    QImage pixel(1, 1, QImage::Format_RGB32);
-    pixel.setDevicePixelRatio(devicePixelRatioF());
-    QPainter painter(&pixel);
-    drawn_.paint(painter, rect(), palette());
+    drawn_.prepare_pictures(rect(), palette(), devicePixelRatioF());
 }
 
 void WindowView::follow_screen() {
@@ -188,6 +185,12 @@ void WindowView::update_soon(const QRegion& region) {
     to_update_ += region;
     if (!to_update_.isEmpty() && !update_.isActive())
         update_.start();
+}
+
+void WindowView::prepare_update() {
+    if (windowHandle()->isExposed())
+        drawn_.prepare_pictures(to_update_, palette(), devicePixelRatioF());
+    prepared_.start(0);
 }
 
 void WindowView::forget(const Element& element) {

@@ -109,10 +109,11 @@ class WindowView : public QWidget {
     /// once.
     void prepare_look();
     void take_pointer();
-    /// Has a region painted again a moment later. The ticks that follow a change come before that,
-    /// and so does what the system asks meanwhile: where a picture is large, handlers take long,
-    /// and the painting too.
+    /// Has a region painted again a moment later, behind the ticks that follow a change. Where a
+    /// picture is large, handlers take long, its scaling and the painting too: what the system asks
+    /// meanwhile comes between them.
     void update_soon(const QRegion& region);
+    void prepare_update();
     void show_tool_tip(const QPoint& place, const QPointF& point);
     /// Hands the form the keys that it waits for, as far as the widget at the keyboard has no use
     /// of its own for them.
@@ -145,6 +146,8 @@ class WindowView : public QWidget {
     /// Runs from the moment when the window is to have the keyboard until it has it.
     QTimer coming_forward_;
     QTimer update_;
+    /// Runs from the scaling of what is to be painted until the painting.
+    QTimer prepared_;
     QRegion to_update_;
 };
 
