@@ -13,18 +13,13 @@ bool AnswerBody::append(std::span<const char> bytes, std::string_view content_ty
         return refuse(answer_too_large());
     try {
         if (bytes_.empty())
-            begin(content_type);
+            first_part_ = FirstPart::of_answer(content_type);
         bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
-        is_whole_part_ = first_part_ && first_part_->is_whole_in(bytes_);
+        is_whole_part_ = first_part_ && first_part_->advance(bytes_);
     } catch (const std::bad_alloc&) {
         return refuse(too_little_memory_for_answer());
     }
     return !is_whole_part_;
-}
-
-void AnswerBody::begin(std::string_view content_type) {
-    if (const auto boundary = MultipartBoundary::of_answer(content_type))
-        first_part_.emplace(*boundary);
 }
 
 Bytes AnswerBody::take() {

@@ -32,7 +32,6 @@ class AnswerBody {
     Bytes take();
 
   private:
-    void begin(std::string_view content_type);
     bool refuse(Failure failure);
 
     Bytes bytes_;

@@ -14,13 +14,9 @@ std::span<const std::uint8_t> bytes_of(std::string_view text) {
 
 /// The part, with a question mark before it where it is not whole.
 std::string part_in(FirstPart& reader, std::string_view body) {
-    const bool is_whole = reader.is_whole_in(bytes_of(body));
+    const bool is_whole = reader.advance(bytes_of(body));
     const auto part = reader.part_of(bytes_of(body));
     return (is_whole ? "" : "?") + std::string(part.begin(), part.end());
-}
-
-FirstPart reader_of(std::string_view content_type) {
-    return FirstPart(MultipartBoundary::of_answer(content_type).value());
 }
 
 TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
@@ -69,11 +65,11 @@ TEST(FirstPart, IsFoundInWhatCamerasSendWhereverThatIsCut) {
     };
     for (const auto& [content_type, body, part] : cases) {
         SCOPED_TRACE(::testing::Message() << content_type << ": " << body);
-        FirstPart bytewise = reader_of(content_type);
+        FirstPart bytewise = FirstPart::of_answer(content_type).value();
         std::string last;
         for (std::size_t size = 0; size <= body.size(); ++size) {
             last = part_in(bytewise, std::string_view(body).substr(0, size));
-            FirstPart in_two = reader_of(content_type);
+            FirstPart in_two = FirstPart::of_answer(content_type).value();
             part_in(in_two, std::string_view(body).substr(0, size));
             EXPECT_EQ(part_in(in_two, body), part) << "cut at " << size;
         }
@@ -85,7 +81,7 @@ TEST(FirstPart, EndsAtTheBoundaryWhereItsLengthIsUntrue) {
     const std::string parts =
         "\r\n\r\nPICTURE--cu\r\n--cut\r\nContent-Length: 4\r\n\r\nNEXT\r\n--cut\r\n";
     for (const std::string length : {"0", "2", "6", "8", "16", "40"}) {
-        FirstPart reader = reader_of("multipart/x-mixed-replace; boundary=cut");
+        FirstPart reader = FirstPart::of_answer("multipart/x-mixed-replace; boundary=cut").value();
         std::string body = "--cut\r\nContent-Length: ";
         body.append(length).append(parts);
         EXPECT_EQ(part_in(reader, body), "PICTURE--cu") << length;
@@ -95,7 +91,7 @@ TEST(FirstPart, EndsAtTheBoundaryWhereItsLengthIsUntrue) {
 TEST(FirstPart, IsLookedForInMultipartAnswersAlone) {
     for (const char* type :
          {"", "image/jpeg", "text/plain; boundary=a", "multipart", "amultipart/x"})
-        EXPECT_FALSE(MultipartBoundary::of_answer(type)) << type;
+        EXPECT_FALSE(FirstPart::of_answer(type)) << type;
 }
 
 } // namespace
