@@ -1,6 +1,7 @@
 #include "transfers/answer_body.h"
 
 #include "transfers/exchange_failures.h"
+#include "transfers/limits.h"
 
 #include <cstddef>
 #include <new>
@@ -9,7 +10,7 @@
 namespace lookfar {
 
 bool AnswerBody::append(std::span<const char> bytes, std::string_view content_type) {
-    if (bytes.size() > largest - bytes_.size())
+    if (bytes.size() > max_body_size - bytes_.size())
         return refuse(answer_too_large());
     try {
         if (bytes_.empty())

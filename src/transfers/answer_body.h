@@ -4,7 +4,6 @@
 #include "runtime/failure.h"
 #include "transfers/first_part.h"
 
-#include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -15,9 +14,6 @@ namespace lookfar {
 /// body.
 class AnswerBody {
   public:
-    /// In bytes, with all parts of a multipart answer.
-    static constexpr std::size_t largest = std::size_t{64} * 1024 * 1024;
-
     /// Takes bytes behind those before. False where no more are wanted: the first part is whole, or
     /// the answer is refused.
     bool append(std::span<const char> bytes, std::string_view content_type);

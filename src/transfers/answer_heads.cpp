@@ -1,7 +1,6 @@
 #include "transfers/answer_heads.h"
 
 #include "transfers/ascii.h"
-#include "transfers/curl_transfers.h"
 
 #include <string>
 
@@ -36,10 +35,6 @@ void AnswerHeads::look_for_digest(std::string_view line) {
         return;
     const bool is_wrong = field.find("sha-512-256", digest) != std::string::npos;
     digest_ = is_wrong ? Digest::wrong : Digest::good;
-}
-
-bool AnswerHeads::is_too_large() const {
-    return size_ > CurlTransfers::largest_header;
 }
 
 } // namespace lookfar

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "transfers/exchange_failures.h"
+#include "transfers/limits.h"
 
 #include <cstddef>
 #include <string_view>
@@ -16,7 +17,7 @@ class AnswerHeads {
     bool append(std::string_view line);
 
     ExchangeStage stage() const { return stage_; }
-    bool is_too_large() const;
+    bool is_too_large() const { return size_ > max_heads_size; }
     /// How many of the answers have the status 401.
     int unauthorized() const { return unauthorized_; }
     /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of the

@@ -46,6 +46,12 @@ CurlExchange::~CurlExchange() {
     curl_multi_remove_handle(multi_, easy_.get());
 }
 
+CurlExchange& CurlExchange::of(CURL* handle) {
+    CurlExchange* exchange = nullptr;
+    curl_easy_getinfo(handle, CURLINFO_PRIVATE, &exchange);
+    return *exchange;
+}
+
 std::optional<RequestManner> CurlExchange::other_manner(CURLcode code) const {
     RequestManner other = manner_;
     other.timeout -= time_taken(easy_.get());
@@ -134,6 +140,7 @@ void CurlExchange::set_head_lines(const std::string& media_types) {
 
 void CurlExchange::set_receiver() {
     CURL* const handle = easy_.get();
+    set(handle, CURLOPT_PRIVATE, this);
     set(handle, CURLOPT_ERRORBUFFER, error_text_.data());
     set(handle, CURLOPT_PREREQFUNCTION, &CurlExchange::begin_request);
     set(handle, CURLOPT_PREREQDATA, this);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/transfer.h"
 #include "transfers/address.h"
 #include "transfers/answer.h"
 #include "transfers/answer_body.h"
@@ -8,9 +7,9 @@
 #include "transfers/curl_handles.h"
 #include "transfers/curl_request.h"
 #include "transfers/last_answer.h"
+#include "transfers/transfer_ticket.h"
 
 #include <array>
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -20,16 +19,6 @@
 #include <variant>
 
 namespace lookfar {
-
-/// What the main thread and the worker share of one transfer.
-struct TransferTicket {
-    TransferRequest request;
-    /// Touched on the main thread only; empty once the transfer is reported or abandoned.
-    TransferDone done;
-    /// Written by the worker before it posts the report, read on the main thread after.
-    TransferOutcome outcome;
-    std::atomic<bool> is_abandoned = false;
-};
 
 /// One transfer on its way through the library, from its construction to its destruction. It
 /// belongs to the worker.
@@ -43,7 +32,9 @@ class CurlExchange {
     CurlExchange& operator=(const CurlExchange&) = delete;
     ~CurlExchange();
 
-    bool is_on(const CURL* handle) const { return easy_.get() == handle; }
+    /// The exchange that the handle is of.
+    static CurlExchange& of(CURL* handle);
+
     const std::shared_ptr<TransferTicket>& ticket() const { return ticket_; }
 
     /// What the host was asked to send its picture for only if that has changed.

@@ -1,7 +1,6 @@
 #include "transfers/curl_request.h"
 
-#include "transfers/answer_body.h"
-#include "transfers/curl_transfers.h"
+#include "transfers/limits.h"
 
 #include <algorithm>
 #include <climits>
@@ -37,7 +36,7 @@ void set_destination(CURL* handle, const Address& address, const RequestManner& 
     set(handle, CURLOPT_PROTOCOLS_STR, spoken_protocols);
     set(handle, CURLOPT_REDIR_PROTOCOLS_STR, spoken_protocols);
     set(handle, CURLOPT_FOLLOWLOCATION, 1L);
-    set(handle, CURLOPT_MAXREDIRS, CurlTransfers::most_redirects);
+    set(handle, CURLOPT_MAXREDIRS, max_redirects);
 }
 
 void set_trust(CURL* handle) {
@@ -49,7 +48,7 @@ void set_limits(CURL* handle, std::chrono::milliseconds timeout) {
     const long milliseconds = timeout_milliseconds(timeout);
     set(handle, CURLOPT_TIMEOUT_MS, milliseconds);
     set(handle, CURLOPT_CONNECTTIMEOUT_MS, milliseconds);
-    set(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(AnswerBody::largest));
+    set(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(max_body_size));
     set(handle, CURLOPT_BUFFERSIZE, most_bytes_at_once);
     set(handle, CURLOPT_NOSIGNAL, 1L);
     // A name look-up that hangs is left behind rather than waited for.

@@ -2,6 +2,7 @@
 
 #include "transfers/curl_exchange.h"
 #include "transfers/exchange_failures.h"
+#include "transfers/transfer_ticket.h"
 
 #include <algorithm>
 #include <chrono>
@@ -129,18 +130,15 @@ class CurlTransfers::Worker {
         const CURLMsg* message = nullptr;
         while (!decoding_ && (message = curl_multi_info_read(multi_.get(), &messages_left)))
             if (message->msg == CURLMSG_DONE)
-                finish(message->easy_handle, message->data.result);
+                finish(CurlExchange::of(message->easy_handle), message->data.result);
     }
 
-    void finish(const CURL* handle, CURLcode code) {
-        const auto found = std::ranges::find_if(
-            running_, [handle](const auto& exchange) { return exchange->is_on(handle); });
-        const auto exchange = std::move(*found);
-        running_.erase(found);
-        if (const auto other_manner = exchange->other_manner(code))
-            start(exchange->ticket(), *other_manner);
+    void finish(CurlExchange& exchange, CURLcode code) {
+        if (const auto other_manner = exchange.other_manner(code))
+            start(exchange.ticket(), *other_manner);
         else
-            report_failure_of(exchange->ticket(), [&] { report(*exchange, code); });
+            report_failure_of(exchange.ticket(), [&] { report(exchange, code); });
+        std::erase_if(running_, [&](const auto& each) { return each.get() == &exchange; });
     }
 
     void report(CurlExchange& exchange, CURLcode code) {
@@ -160,7 +158,7 @@ class CurlTransfers::Worker {
 
     void decode(const std::shared_ptr<TransferTicket>& ticket, Answer answer) {
         decoder_->start(answer.body);
-        decoding_.emplace(ticket, std::move(answer));
+        decoding_ = Decoding{.ticket = ticket, .answer = std::move(answer)};
         finish_decoding();
     }
 
@@ -187,9 +185,6 @@ class CurlTransfers::Worker {
 
     /// An answer whose body is being decoded.
     struct Decoding {
-        Decoding(std::shared_ptr<TransferTicket> of, Answer with)
-            : ticket(std::move(of)), answer(std::move(with)) {}
-
         std::shared_ptr<TransferTicket> ticket;
         Answer answer;
     };

@@ -2,7 +2,6 @@
 
 #include "runtime/transfer.h"
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 
@@ -28,10 +27,6 @@ class CurlTransfers {
   public:
     /// Runs work on the main thread later. Called on any thread.
     using Post = std::function<void(std::function<void()>)>;
-
-    /// The most bytes that the heads of an answer, and of the redirects to it, may have together.
-    static constexpr std::size_t largest_header = std::size_t{256} * 1024;
-    static constexpr long most_redirects = 10;
 
     /// The decoder is used on the worker's thread alone; hosts are told its media types. Throws a
     /// Failure if the transfer library cannot be started.

@@ -1,7 +1,7 @@
 #include "transfers/transfers_fixture.h"
 
 #include "demo/stream.h"
-#include "transfers/answer_body.h"
+#include "transfers/limits.h"
 
 #include <vector>
 
@@ -13,11 +13,11 @@ TEST_F(Transfers, HandOverTheBodyWhateverTheStatus) {
     server.answer("/gone", always(404, "no such picture"));
     server.answer("/empty", always(200, ""));
     server.answer("/zero", always(200, with_zero));
-    server.answer("/just-not-too-large", always(200, std::string(AnswerBody::largest, 'a')));
+    server.answer("/just-not-too-large", always(200, std::string(max_body_size, 'a')));
     EXPECT_EQ(text_at("/gone"), "no such picture");
     EXPECT_EQ(text_at("/empty"), "");
     EXPECT_EQ(text_at("/zero"), with_zero);
-    EXPECT_EQ(text_at("/just-not-too-large").size(), AnswerBody::largest);
+    EXPECT_EQ(text_at("/just-not-too-large").size(), max_body_size);
     EXPECT_EQ(text_from(host() + "/hello"), "hello") << "A URL without a scheme is http.";
     EXPECT_NE(decoding_thread, std::this_thread::get_id()) << "The loop waits for no decode.";
 }
