@@ -18,37 +18,18 @@ struct Reason {
     std::string_view phrase;
 };
 
-/// The phrases of the standard, since hosts send any or none.
+/// The phrases of the standard that cameras have use for, since hosts send any or none.
 constexpr std::array reasons{
-    Reason{300, "Multiple Choices"},
-    Reason{301, "Moved Permanently"},
-    Reason{302, "Found"},
-    Reason{303, "See Other"},
-    Reason{307, "Temporary Redirect"},
-    Reason{308, "Permanent Redirect"},
     Reason{400, "Bad Request"},
-    Reason{402, "Payment Required"},
     Reason{403, "Forbidden"},
     Reason{404, "Not Found"},
     Reason{405, "Method Not Allowed"},
-    Reason{406, "Not Acceptable"},
-    Reason{408, "Request Timeout"},
-    Reason{409, "Conflict"},
     Reason{410, "Gone"},
-    Reason{414, "URI Too Long"},
-    Reason{421, "Misdirected Request"},
-    Reason{426, "Upgrade Required"},
     Reason{429, "Too Many Requests"},
-    Reason{431, "Request Header Fields Too Large"},
-    Reason{451, "Unavailable For Legal Reasons"},
     Reason{500, "Internal Server Error"},
-    Reason{501, "Not Implemented"},
     Reason{502, "Bad Gateway"},
     Reason{503, "Service Unavailable"},
     Reason{504, "Gateway Timeout"},
-    Reason{505, "HTTP Version Not Supported"},
-    Reason{507, "Insufficient Storage"},
-    Reason{511, "Network Authentication Required"},
 };
 
 std::string with_reason(long status) {

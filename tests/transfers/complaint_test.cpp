@@ -17,7 +17,7 @@ TEST(Complaints, TellWhatTheCameraAnsweredInPlaceOfAPicture) {
         {{.status = 404, .media_type = "text/html", .body = bytes_of("<html>")},
          "The camera answered 404 Not Found."},
         {{.status = 503}, "The camera answered 503 Service Unavailable."},
-        {{.status = 302}, "The camera answered 302 Found."},
+        {{.status = 302}, "The camera answered 302."},
         {{.status = 599, .media_type = "image/jpeg", .body = other}, "The camera answered 599."},
         {{.status = 401}, "The camera asks for a user name and a password (401)."},
         {{.status = 401, .credentials = Credentials::untold},
