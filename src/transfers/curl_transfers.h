@@ -11,15 +11,16 @@ namespace lookfar {
 /// Connections are kept and used again by later transfers from the same host. Everything here, and
 /// the transfers handed out, belong to the main thread.
 ///
-/// Addresses are taken as browsers take them (`address_of`). Only http and https are spoken, also
+/// Addresses are read as browsers read them (`address_of`). Only http and https are spoken, also
 /// after a redirect. A user name and password in the address are told once, by the Basic or Digest
 /// scheme, to a host that asks for them; no other host gets them, nor the same one by another
-/// protocol or port. Certificates are checked, against those of the machine and those in the file
-/// that SSL_CERT_FILE names. No cookies are kept. Proxies are those that the environment names in
-/// the variables that the library knows, if the request asks for them. Compressed bodies are
-/// unpacked. A body that is cut off, or can't be unpacked, is decoded as it came; where that gives
-/// no picture, the transfer has failed. A stream of pictures gives its first whole one, and the
-/// transfer ends there. HTTP/2 is spoken where a host offers it with https.
+/// protocol or port. Certificates are checked against those that libcurl was built to find on the
+/// machine, in a folder and a file; a file that SSL_CERT_FILE names stands in that file's place. No
+/// cookies are kept. Proxies are those that the environment names in the variables that libcurl
+/// reads, if the request asks for them. Compressed bodies are unpacked. A body that is cut off, or
+/// can't be unpacked, is decoded as it came; where that gives no picture, the transfer has failed. A
+/// stream of pictures gives its first whole one, and the transfer ends there. HTTP/2 is spoken where
+/// a host offers it with https.
 ///
 /// Failures are those of `address_of` and of `exchange_failures.h`, and one for a status 304 that
 /// nobody asked for; none has an empty text.
@@ -29,7 +30,7 @@ class CurlTransfers {
     using Post = std::function<void(std::function<void()>)>;
 
     /// The decoder is used on the worker's thread alone; hosts are told its media types. Throws a
-    /// Failure if the transfer library cannot be started.
+    /// Failure if libcurl cannot be started.
     CurlTransfers(Post post, std::unique_ptr<PictureDecoder> decoder);
     CurlTransfers(const CurlTransfers&) = delete;
     CurlTransfers& operator=(const CurlTransfers&) = delete;
