@@ -18,7 +18,7 @@ std::uint64_t sum_of(std::span<const std::uint8_t> bytes) {
 
 void check_order(const Picture& picture) {
     expect(picture.width() > 0 && picture.height() > 0, "a picture has a size");
-    expect(static_cast<long long>(picture.width()) * picture.height() <= most_pixels,
+    expect(static_cast<long long>(picture.width()) * picture.height() <= max_pixels,
            "a picture is no larger than allowed");
     expect(picture.stride() == stride_of(picture.width()), "rows are padded to four bytes");
     expect(sum_of(picture.bytes()) <= picture.bytes().size() * 255, "every byte is there");

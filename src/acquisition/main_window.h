@@ -119,7 +119,7 @@ class MainWindow : public Form {
                   .Visible = false,
                   .Stretch = true,
                   .AccessibleName = "A picture is on its way"}};
-    // Frame of the picture area; takes the mouse over the picture.
+    // Frame of the picture area; gets the mouse over the picture.
     Label Label4{*this,
                  {.At = {60, 120, 4815, 3615},
                   .Back = BackStyle::transparent,

@@ -23,14 +23,14 @@ PictureFile::PictureFile(Runtime& runtime, const DecodedBodyReference& body,
 }
 
 PictureReference PictureFile::load() {
-    constexpr int most_attempts = 10;
+    constexpr int max_attempts = 10;
     for (int attempts = 1;; ++attempts) {
         try {
             return loader_.LoadPicture(path_);
         } catch (const Failure& failure) {
             const bool is_anothers_work = failure.Kind == FailureKind::file_in_use ||
                                           failure.Kind == FailureKind::file_not_found;
-            if (!is_anothers_work || attempts == most_attempts)
+            if (!is_anothers_work || attempts == max_attempts)
                 throw;
         }
         store();

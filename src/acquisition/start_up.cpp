@@ -13,7 +13,7 @@ namespace lookfar {
 void MainWindow::Form_Load() {
     warn_of_colour_depth();
     runtime.random().Randomize(runtime.SecondsSinceMidnight());
-    Form2->take_screen_size();
+    Form2->fill_screen();
     try {
         fill_selector_lists();
         draw_first_camera();

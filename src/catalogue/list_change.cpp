@@ -10,8 +10,8 @@ namespace lookfar::catalogue {
 namespace {
 
 /// Gives false where the list or the copy was changed since the copy was begun.
-bool takes_place(NumberedFiles& files, const std::string& copy_path,
-                 const std::optional<FileState>& list_before) {
+bool replaces_list(NumberedFiles& files, const std::string& copy_path,
+                   const std::optional<FileState>& list_before) {
     if (files.disk().state(list_name) != list_before)
         return false;
     try {
@@ -27,10 +27,10 @@ bool takes_place(NumberedFiles& files, const std::string& copy_path,
 } // namespace
 
 ListLock::ListLock(Disk& disk) : disk_(disk) {
-    take();
+    lock();
 }
 
-void ListLock::take() {
+void ListLock::lock() {
     try {
         lock_ = disk_.lock_folder_of(list_name);
     } catch (const Failure& failure) {
@@ -41,11 +41,12 @@ void ListLock::take() {
 }
 
 void change_list(NumberedFiles& files, const MakeCopy& make_copy) {
-    constexpr int most_copies = 10;
-    for (int copies = 0; copies < most_copies; ++copies) {
+    constexpr int max_copies = 10;
+    for (int copies = 0; copies < max_copies; ++copies) {
         const std::string copy_path = files.disk().folder_of(list_name) + copy_name;
         const auto before = files.disk().state(list_name);
-        if (make_copy(copy_path) == CopyOutcome::abandoned || takes_place(files, copy_path, before))
+        if (make_copy(copy_path) == CopyOutcome::abandoned ||
+            replaces_list(files, copy_path, before))
             return;
     }
     throw file_in_use(list_name);

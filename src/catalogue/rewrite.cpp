@@ -11,7 +11,7 @@ namespace lookfar::catalogue {
 
 namespace {
 
-/// A title on which the list ends has no URL to take along.
+/// A title on which the list ends has no URL to copy along.
 void copy_without(NumberedFiles& files, const std::string& title) {
     do {
         std::vector<std::string> record{files.LineInput(file_number::list)};
@@ -37,7 +37,7 @@ class EditorCopy {
         do {
             if (copy_line() == SaveOutcome::refused)
                 return SaveOutcome::refused;
-        } while (more_lines_follow());
+        } while (has_more_lines());
         attempt(save_.lines_are_copied);
         attempt([&] { files_.Close(file_number::list); });
         if (!is_placed_)
@@ -89,10 +89,10 @@ class EditorCopy {
         attempt_step([&] { files_.Print(file_number::list_copy, line); });
     }
 
-    bool more_lines_follow() {
-        bool follow = false;
-        attempt_step([&] { follow = !files_.EndOfFile(file_number::list); });
-        return follow;
+    bool has_more_lines() {
+        bool has_more = false;
+        attempt_step([&] { has_more = !files_.EndOfFile(file_number::list); });
+        return has_more;
     }
 
     /// Drops a failing step, but remembers that the copy lacks something for that. It lacks nothing
@@ -119,7 +119,7 @@ class EditorCopy {
 };
 
 /// The question, which goes out once however often the copy is made. The lock is not held
-/// meanwhile, so that no other program waits for the user; it is taken again for a yes.
+/// meanwhile, so that no other program waits for the user; it is locked again for a yes.
 std::function<bool()> asked_once(const std::function<bool()>& question, ListLock& lock) {
     return [&question, &lock, answer = std::optional<bool>()]() mutable {
         if (answer)
@@ -127,7 +127,7 @@ std::function<bool()> asked_once(const std::function<bool()>& question, ListLock
         lock.release();
         answer = question();
         if (*answer)
-            lock.take();
+            lock.lock();
         return *answer;
     };
 }

@@ -26,7 +26,7 @@ struct Save {
     std::optional<std::string> replaced_title;
     /// Asked at most once, when a camera is added under a title that exists: may it be overwritten?
     std::function<bool()> may_overwrite;
-    /// Called whenever the lines of the old list are copied, before the copy takes its place.
+    /// Called whenever the lines of the old list are copied, before the copy replaces it.
     std::function<void()> lines_are_copied;
 };
 
@@ -39,8 +39,8 @@ enum class SaveOutcome {
 /// Puts a camera into the list: in the place of the records that it replaces, or of the first
 /// line with its title, or else at the end; a title on which the list ends gets a blank URL before
 /// that. Every other line is kept as it stands. A step that fails is skipped and the next one runs,
-/// but a copy that lacks anything of the old list or of the new record never takes the list's
-/// place: the first such failure is thrown then, as are those of `change_list`, and the list stays
+/// but a copy that lacks anything of the old list or of the new record never replaces the
+/// list: the first such failure is thrown then, as are those of `change_list`, and the list stays
 /// as it was.
 SaveOutcome save_camera(NumberedFiles& files, const Save& save);
 

@@ -26,7 +26,7 @@ msghdr header_of(iovec& content, Ancillary& ancillary) {
 }
 
 /// Keeps the first of the descriptors that have come and closes the others.
-void take_descriptors(msghdr& header, ReceivedMessage& message) {
+void keep_first_descriptor(msghdr& header, ReceivedMessage& message) {
     for (cmsghdr* part = CMSG_FIRSTHDR(&header); part; part = CMSG_NXTHDR(&header, part)) {
         if (part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_RIGHTS)
             continue;
@@ -61,7 +61,7 @@ std::optional<ReceivedMessage> receive(int socket, Waiting waiting) {
         return message;
     message.size = static_cast<std::size_t>(size);
     message.is_too_much = (header.msg_flags & (MSG_TRUNC | MSG_CTRUNC)) != 0;
-    take_descriptors(header, message);
+    keep_first_descriptor(header, message);
     return message;
 }
 

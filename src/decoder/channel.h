@@ -40,7 +40,7 @@ enum class Waiting { for_a_message, no };
 std::optional<ReceivedMessage> receive(int socket, Waiting waiting);
 
 /// Sends bytes, which it doesn't change, as one message, with a descriptor where one is given. It
-/// never waits. Gives false where the other side is gone or takes no more.
+/// never waits. Gives false where the other side is gone or accepts no more.
 bool send(int socket, std::span<std::uint8_t> bytes, const Descriptor& descriptor);
 
 template <class Message>

@@ -64,7 +64,7 @@ void DecoderClient::begin() {
         launch();
 }
 
-std::optional<DecodedPicture> DecoderClient::take_result() {
+std::optional<DecodedPicture> DecoderClient::collect_result() {
     return std::exchange(result_, std::nullopt);
 }
 
@@ -122,7 +122,7 @@ void DecoderClient::hear(const ReceivedMessage& message) {
     if (state_ == State::starting)
         be_greeted(message);
     else if (state_ == State::decoding)
-        take_reply(message);
+        accept_reply(message);
     else
         throw has_failed();
 }
@@ -143,7 +143,7 @@ void DecoderClient::be_greeted(const ReceivedMessage& message) {
         throw has_failed();
 }
 
-void DecoderClient::take_reply(const ReceivedMessage& message) {
+void DecoderClient::accept_reply(const ReceivedMessage& message) {
     const auto reply = message.as<Reply>();
     if (!reply)
         throw has_failed();

@@ -20,16 +20,16 @@ namespace lookfar::decoder {
 /// that is given up.
 class DecoderClient : public PictureDecoder {
   public:
-    /// What the decoder may take for a picture, its own start included.
-    static constexpr std::chrono::seconds most_time{15};
+    /// How long the decoder may work on a picture, its own start included.
+    static constexpr std::chrono::seconds max_time{15};
 
     explicit DecoderClient(std::filesystem::path program,
-                           std::chrono::steady_clock::duration longest = most_time);
+                           std::chrono::steady_clock::duration longest = max_time);
 
     bool prepare() override;
     std::string media_types() const override;
     void start(std::span<const std::uint8_t> bytes) override;
-    std::optional<DecodedPicture> take_result() override;
+    std::optional<DecodedPicture> collect_result() override;
     void attend() override;
     int descriptor() const override;
     std::optional<std::chrono::steady_clock::time_point> deadline() const override;
@@ -43,7 +43,7 @@ class DecoderClient : public PictureDecoder {
     bool send_order();
     void hear(const ReceivedMessage& message);
     void be_greeted(const ReceivedMessage& message);
-    void take_reply(const ReceivedMessage& message);
+    void accept_reply(const ReceivedMessage& message);
     void fail(const Failure& failure);
     void end_process();
     bool is_late() const;

@@ -32,7 +32,7 @@ class KeptFiles::Files {
     std::uint32_t give_idle() {
         const std::lock_guard lock(mutex_);
         std::uint32_t given = 0;
-        for (std::uint32_t number = 0; number < most_kept_files; ++number)
+        for (std::uint32_t number = 0; number < max_kept_files; ++number)
             if (places_[number].has(0, Owner::nobody)) {
                 places_[number].owner = Owner::decoder;
                 given |= 1U << number;
@@ -40,7 +40,7 @@ class KeptFiles::Files {
         return given;
     }
 
-    void take_back() {
+    void reclaim() {
         const std::lock_guard lock(mutex_);
         for (Place& place : places_)
             if (place.owner == Owner::decoder)
@@ -49,7 +49,7 @@ class KeptFiles::Files {
 
     void drop(std::uint32_t files) {
         const std::lock_guard lock(mutex_);
-        for (std::uint32_t number = 0; number < most_kept_files; ++number)
+        for (std::uint32_t number = 0; number < max_kept_files; ++number)
             if ((files & 1U << number) != 0)
                 places_[number] = {};
     }
@@ -91,7 +91,7 @@ class KeptFiles::Files {
     }
 
     std::mutex mutex_;
-    std::array<Place, most_kept_files> places_;
+    std::array<Place, max_kept_files> places_;
 };
 
 /// A file in use.
@@ -121,8 +121,8 @@ std::uint32_t KeptFiles::give_idle() const {
     return files_->give_idle();
 }
 
-void KeptFiles::take_back() const {
-    files_->take_back();
+void KeptFiles::reclaim() const {
+    files_->reclaim();
 }
 
 void KeptFiles::drop(std::uint32_t files) const {

@@ -19,10 +19,10 @@ class KeptFiles {
   public:
     KeptFiles();
 
-    /// Gives the idle files to the decoder: a bit for each.
+    /// Lends the idle files to the decoder: a bit for each.
     std::uint32_t give_idle() const;
-    /// Takes them back from it.
-    void take_back() const;
+    /// Ends that loan.
+    void reclaim() const;
     /// Keeps those of the bits no longer.
     void drop(std::uint32_t files) const;
 

@@ -21,7 +21,7 @@ inline constexpr int decoder_socket = 3;
 /// page that goes back to the system and is asked for anew costs more than the decoding of what
 /// stands on it.
 inline constexpr std::size_t largest_kept_pixels = std::size_t{32} * 1024 * 1024;
-inline constexpr std::uint32_t most_kept_files = 8;
+inline constexpr std::uint32_t max_kept_files = 8;
 
 /// From the decoder, once it is locked in, or can't be.
 struct Greeting {
@@ -56,8 +56,8 @@ struct Reply {
     std::int32_t width = 0;
     std::int32_t height = 0;
     std::uint32_t has_opacity = 0;
-    /// The number of the kept file, or `most_kept_files` for a file that is not used again.
-    std::uint32_t file = most_kept_files;
+    /// The number of the kept file, or `max_kept_files` for a file that is not used again.
+    std::uint32_t file = max_kept_files;
     /// A bit for each file that is kept no longer.
     std::uint32_t dropped_files = 0;
     /// Why there are no pixels, for the user; ends with its first zero.

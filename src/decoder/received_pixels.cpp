@@ -23,7 +23,7 @@ std::string text_of(const Reply& reply) {
 }
 
 void refuse_size(int width, int height) {
-    if (width <= 0 || height <= 0 || static_cast<long long>(width) * height > most_pixels)
+    if (width <= 0 || height <= 0 || static_cast<long long>(width) * height > max_pixels)
         throw has_failed();
 }
 
@@ -35,7 +35,7 @@ std::shared_ptr<Mapping> mapped(const Descriptor& descriptor, std::size_t byte_c
 
 std::shared_ptr<std::uint8_t[]> bytes_of(const Reply& reply, const Descriptor& descriptor,
                                          const KeptFiles& files, std::size_t byte_count) {
-    const bool is_kept = reply.file < most_kept_files;
+    const bool is_kept = reply.file < max_kept_files;
     if (!is_kept) {
         const auto file = mapped(descriptor, byte_count);
         return {file, file->data()};
@@ -75,8 +75,8 @@ DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor
                                 const KeptFiles& files) {
     files.drop(reply.dropped_files);
     auto picture = picture_of(reply, descriptor, files);
-    // Not before: another thread could take the picture's file for a copy.
-    files.take_back();
+    // Not before: another thread could use the picture's file for a copy.
+    files.reclaim();
     return picture;
 }
 

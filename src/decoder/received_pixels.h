@@ -11,7 +11,7 @@ namespace lookfar::decoder {
 /// words. Throws the `Failure` of a decoder that has failed for a reply that can't be true.
 ///
 /// The decoder can write to the pixels' file at any time. So the bytes of pixels may change while
-/// they are read, which must do no more than show wrong colours: no size and no place is ever taken
+/// they are read, which must do no more than show wrong colours: no size and no place is ever read
 /// from them.
 DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor,
                                 const KeptFiles& files);

@@ -8,7 +8,7 @@ void MainWindow::Form_Resize() {
         return;
     Form2->Left = 0;
     Form2->Top = 0;
-    Form2->take_screen_size();
+    Form2->fill_screen();
     Hide();
     Form2->centre_error_lines();
     Form2->Show();
@@ -21,7 +21,7 @@ void MainWindow::Form_Resize() {
 void MainWindow::Form_ScreenChange() {
     if (Size{Form2->Width, Form2->Height} == runtime.Screen())
         return;
-    Form2->take_screen_size();
+    Form2->fill_screen();
     fit_in_fullscreen_window();
     Form_Resize();
 }
@@ -30,7 +30,7 @@ void FullscreenWindow::Form_ScreenChange() {
     Form1->ScreenChange.raise();
 }
 
-void FullscreenWindow::take_screen_size() {
+void FullscreenWindow::fill_screen() {
     Width = runtime.Screen().Width;
     Height = runtime.Screen().Height;
 }

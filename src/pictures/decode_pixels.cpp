@@ -40,7 +40,7 @@ QSize without_direction(QSize size) {
 
 /// In megabytes; Qt's own limit is lower than ours.
 constexpr auto reader_allocation_limit =
-    static_cast<int>(most_bytes_while_decoding / (1024LL * 1024));
+    static_cast<int>(max_bytes_while_decoding / (1024LL * 1024));
 
 /// The bytes of a file. Notices when more is asked for than there is.
 class FileContent : public QBuffer {
@@ -54,9 +54,9 @@ class FileContent : public QBuffer {
     bool was_too_short() const { return was_too_short_; }
 
   protected:
-    qint64 readData(char* data, qint64 most) override {
-        const qint64 count = QBuffer::readData(data, most);
-        was_too_short_ = was_too_short_ || count < most;
+    qint64 readData(char* data, qint64 max_size) override {
+        const qint64 count = QBuffer::readData(data, max_size);
+        was_too_short_ = was_too_short_ || count < max_size;
         return count;
     }
 

@@ -8,8 +8,8 @@
 namespace lookfar {
 
 /// Decodes pictures (JPEG and GIF at least) by their content, into memory of the allocator's, and
-/// lays them as their orientation mark says. What follows a picture's end is ignored; of an
-/// animation the first frame is taken. May be called on any thread.
+/// lays them as their orientation mark says. What stands behind a picture's end is ignored; of an
+/// animation only the first frame is decoded. May be called on any thread.
 ///
 /// Throws a `Failure` of the kind `unknown_picture_format` for bytes that begin as no picture, and
 /// of the kind `invalid_picture` for a picture that ends too early or finds too little memory, and,

@@ -34,8 +34,8 @@ QByteArray as_bytes(std::span<const std::uint8_t> bytes) {
 /// orientation stands near the beginning.
 QByteArray jpeg_with(std::span<const std::uint8_t> exif) {
     constexpr std::size_t length_size = 2;
-    constexpr std::size_t most = 0xFFFF - length_size - mark.size();
-    const auto data = exif.first(std::min(exif.size(), most));
+    constexpr std::size_t max_size = 0xFFFF - length_size - mark.size();
+    const auto data = exif.first(std::min(exif.size(), max_size));
     const std::size_t length = length_size + mark.size() + data.size();
     const std::array<std::uint8_t, 6> head{0xFF,
                                            0xD8,

@@ -26,9 +26,9 @@ int rows_at_once(const QImage& image) {
 /// Writes the image, converted to the format, row by row to places so many bytes apart.
 void write_rows(const QImage& image, QImage::Format format, std::uint8_t* place,
                 std::size_t stride) {
-    const int most_rows = rows_at_once(image);
-    for (int top = 0; top < image.height(); top += most_rows) {
-        const int rows = std::min(most_rows, image.height() - top);
+    const int max_rows = rows_at_once(image);
+    for (int top = 0; top < image.height(); top += max_rows) {
+        const int rows = std::min(max_rows, image.height() - top);
         const QImage band = image.copy(0, top, image.width(), rows).convertToFormat(format);
         if (band.isNull())
             throw std::bad_alloc();

@@ -25,7 +25,7 @@ int count_jpeg_scans(std::span<const std::uint8_t> bytes);
 /// as a picture of four inks.
 ///
 /// Throws a `Failure` for a picture that ends too early or can't be decoded. Its size and its scans
-/// are the caller's to check before, since they say what memory and time it takes.
+/// are the caller's to check before, since they say what memory and time it costs.
 std::optional<Pixels> decode_jpeg(std::span<const std::uint8_t> bytes,
                                   const PixelAllocator& allocate);
 

@@ -22,18 +22,18 @@ long long pixel_count(int width, int height) {
 } // namespace
 
 void refuse_large(int width, int height) {
-    if (pixel_count(width, height) > most_pixels)
+    if (pixel_count(width, height) > max_pixels)
         refuse_size(width, height);
 }
 
 void refuse_hungry(int width, int height, int bytes_for_each_pixel) {
-    if (pixel_count(width, height) * bytes_for_each_pixel > most_bytes_while_decoding)
+    if (pixel_count(width, height) * bytes_for_each_pixel > max_bytes_while_decoding)
         refuse_size(width, height);
 }
 
 void refuse_many_scans(std::span<const std::uint8_t> jpeg, int width, int height) {
     const int scans = count_jpeg_scans(jpeg);
-    if (scans > most_scans || scans * pixel_count(width, height) > most_pixels_in_all_scans)
+    if (scans > max_scans || scans * pixel_count(width, height) > max_pixels_in_all_scans)
         throw Failure(FailureKind::invalid_picture, "The picture is stored in too many scans.");
 }
 

@@ -7,16 +7,16 @@
 
 namespace lookfar {
 
-/// What the decoding of a camera's picture may cost at most, beside its `most_pixels`. A JPEG is
+/// What the decoding of a camera's picture may cost at most, beside its `max_pixels`. A JPEG is
 /// walked through whole for each of the scans that it is stored in.
-inline constexpr long long most_bytes_while_decoding = 400'000'000;
-inline constexpr int most_scans = 100;
-inline constexpr long long most_pixels_in_all_scans = 10 * most_pixels;
+inline constexpr long long max_bytes_while_decoding = 400'000'000;
+inline constexpr int max_scans = 100;
+inline constexpr long long max_pixels_in_all_scans = 10 * max_pixels;
 
 // Each of these throws a `Failure` for a picture that is over its limit.
 
 void refuse_large(int width, int height);
-/// For a decoding that takes so many bytes for each pixel.
+/// For a decoding that needs so many bytes for each pixel.
 void refuse_hungry(int width, int height, int bytes_for_each_pixel);
 void refuse_many_scans(std::span<const std::uint8_t> jpeg, int width, int height);
 

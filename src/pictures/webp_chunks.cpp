@@ -36,7 +36,7 @@ std::span<const std::uint8_t> exif_in_webp(std::span<const std::uint8_t> bytes) 
         const std::size_t length = std::min(content_length(rest), rest.size() - head_size);
         if (is_exif(rest))
             return rest.subspan(head_size, length);
-        // A chunk of an odd length is followed by a byte of padding.
+        // Behind a chunk of an odd length stands a byte of padding.
         rest = rest.subspan(std::min(head_size + length + length % 2, rest.size()));
     }
     return {};

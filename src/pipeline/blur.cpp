@@ -14,10 +14,10 @@ namespace {
 /// Three bytes a pixel: the bytes three before and three behind are of the same colour.
 constexpr std::ptrdiff_t pixel = 3;
 
-/// Targets are taken four pixels at a time.
+/// Targets are computed four pixels at a time.
 constexpr std::ptrdiff_t step = 4 * pixel;
 
-/// The steps are taken in blocks that fit into the innermost cache.
+/// The steps are computed in blocks that fit into the innermost cache.
 constexpr std::ptrdiff_t block_size = 128 * step;
 
 /// Values that the processor handles at once. A step fills one and a half vectors of them.

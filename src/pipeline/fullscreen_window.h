@@ -31,7 +31,7 @@ class FullscreenWindow : public Form {
 
     // Hands pictures over and passes the status line on.
     Timer Timer4{*this, {.Enabled = true, .Interval = 1, .Ticks = TickRule::after_a_change}};
-    // Follows the failure flag.
+    // Shows the test card while the failure flag is set.
     Timer Timer3{*this, {.Enabled = true, .Interval = 1, .Ticks = TickRule::after_a_change}};
     // Blinks the error; whether it is enabled is the failure flag.
     Timer Timer2{*this, {.Enabled = false, .Interval = 500}};
@@ -176,7 +176,7 @@ class FullscreenWindow : public Form {
     void close_panel();
 
     /// Makes the window as large as the screen.
-    void take_screen_size();
+    void fill_screen();
     /// Puts the error number and description into the middle of the window.
     void centre_error_lines();
 

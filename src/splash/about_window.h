@@ -13,7 +13,7 @@ namespace lookfar {
 class MainWindow;
 class Program;
 
-/// `About`: name, version, thanks and two links. A link that was followed turns purple until the
+/// `About`: name, version, thanks and two links. A link that was opened turns purple until the
 /// window is unloaded.
 class AboutWindow : public Form {
   public:

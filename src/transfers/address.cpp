@@ -18,7 +18,7 @@ const char* fault_of(CURLUcode code) {
         return "The address has no host name.";
     case CURLUE_BAD_HOSTNAME:
     case CURLUE_BAD_IPV6:
-    case CURLUE_OUT_OF_MEMORY: // The library's answer to a name that IDNA refuses.
+    case CURLUE_OUT_OF_MEMORY: // libcurl's answer to a name that IDNA refuses.
         return "The host name in the address is not a valid one.";
     default:
         return "The address is not a valid one.";
@@ -30,7 +30,7 @@ void require(CURLUcode code) {
         throw Failure(CURLE_URL_MALFORMAT, fault_of(code));
 }
 
-/// Has the library read host names as UTF-8 on this thread, whatever the user's locale is.
+/// Has libcurl read host names as UTF-8 on this thread, whatever the user's locale is.
 class Utf8HostNames {
   public:
     Utf8HostNames()
@@ -48,8 +48,8 @@ class Utf8HostNames {
     locale_t before_;
 };
 
-/// Takes the part off the URL. It is empty where the URL has none.
-std::string take(CURLU* url, CURLUPart part) {
+/// Cuts the part out of the URL. It is empty where the URL has none.
+std::string extract(CURLU* url, CURLUPart part) {
     char* text = nullptr;
     if (curl_url_get(url, part, &text, CURLU_URLDECODE) != CURLUE_OK)
         return {};
@@ -75,8 +75,8 @@ Address address_of(std::string_view text) {
     require(curl_url_set(url.get(), CURLUPART_URL, url_text_of(text).c_str(), 0));
     require(curl_url_set(url.get(), CURLUPART_FRAGMENT, nullptr, 0));
     Address address;
-    address.user_name = take(url.get(), CURLUPART_USER);
-    address.password = take(url.get(), CURLUPART_PASSWORD);
+    address.user_name = extract(url.get(), CURLUPART_USER);
+    address.password = extract(url.get(), CURLUPART_PASSWORD);
     address.url = whole(url.get());
     return address;
 }

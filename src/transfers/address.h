@@ -19,14 +19,14 @@ struct Address {
     bool has_credentials() const { return !user_name.empty() || !password.empty(); }
 };
 
-/// The longest text in bytes that is taken for an address.
+/// The longest text in bytes of an address.
 inline constexpr std::size_t longest_address = std::size_t{64} * 1024;
 
 /// Reads an address as browsers do: white space around it and line breaks within it don't count,
 /// blanks and letters beyond ASCII may stand in it, in UTF-8 or Windows-1252, and without a scheme
 /// it is one of http.
 ///
-/// Throws a `Failure` with the transfer library's number and a text that names the address's fault
+/// Throws a `Failure` with libcurl's number and a text that names the address's fault
 /// and quotes nothing of the address, since that may hold a password.
 Address address_of(std::string_view text);
 

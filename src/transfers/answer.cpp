@@ -22,8 +22,8 @@ long status(CURL* handle) {
     return code;
 }
 
-/// A weak tag begins with a letter. A host that can't be asked with a long one would refuse every
-/// request from then on.
+/// A weak tag begins with a letter. Hosts refuse a request whose head is too long, and a long tag
+/// would be in every request from then on.
 bool is_usable_tag(const std::string& tag) {
     constexpr std::size_t two_quotes = 2;
     constexpr std::size_t longest = 512;
@@ -44,7 +44,7 @@ Answer answer_head(CURL* handle, const Address& asked, bool are_credentials_told
     return {.status = status(handle),
             .media_type = media_type_of(header(handle, "Content-Type")),
             .entity_tag = entity_tag(handle),
-            .is_not_to_be_stored = rules.find("no-store") != std::string::npos,
+            .forbids_storing = rules.find("no-store") != std::string::npos,
             .is_packed = !header(handle, "Content-Encoding").empty(),
             .credentials = !asked.has_credentials() || is_redirected ? Credentials::none
                            : are_credentials_told                    ? Credentials::told

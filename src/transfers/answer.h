@@ -26,8 +26,8 @@ struct Answer {
     /// The strong entity tag of the body; empty where the host tells none. A weak one and a date
     /// may stay the same while the picture changes.
     std::string entity_tag = {};
-    /// The host wants nothing of it kept.
-    bool is_not_to_be_stored = false;
+    /// The host wants no copy of it kept.
+    bool forbids_storing = false;
     /// The host says that the body is packed.
     bool is_packed = false;
     Credentials credentials = Credentials::none;

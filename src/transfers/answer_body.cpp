@@ -23,7 +23,7 @@ bool AnswerBody::append(std::span<const char> bytes, std::string_view content_ty
     return !is_whole_part_;
 }
 
-Bytes AnswerBody::take() {
+Bytes AnswerBody::collect() {
     if (first_part_) {
         const auto part = first_part_->part_of(bytes_);
         const auto head = part.data() - bytes_.data();

@@ -14,7 +14,7 @@ namespace lookfar {
 /// body.
 class AnswerBody {
   public:
-    /// Takes bytes behind those before. False where no more are wanted: the first part is whole, or
+    /// Appends the next bytes. False where no more are wanted: the first part is whole, or
     /// the answer is refused.
     bool append(std::span<const char> bytes, std::string_view content_type);
 
@@ -23,9 +23,9 @@ class AnswerBody {
     bool is_empty() const { return bytes_.empty(); }
     const std::optional<Failure>& refusal() const { return refusal_; }
 
-    /// What has come of it, which is the whole body where the transfer has ended well. Takes no
+    /// What has come of it, which is the whole body where the transfer has ended well. Needs no
     /// memory.
-    Bytes take();
+    Bytes collect();
 
   private:
     bool refuse(Failure failure);

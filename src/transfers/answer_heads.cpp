@@ -11,7 +11,7 @@ namespace {
 bool is_status_of_unauthorized(std::string_view line) {
     if (!line.starts_with("HTTP/"))
         return false;
-    take_until(line, ' ');
+    consume_until(line, ' ');
     return line.starts_with("401");
 }
 

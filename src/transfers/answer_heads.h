@@ -8,20 +8,20 @@
 
 namespace lookfar {
 
-/// Follows the heads of an exchange's answers, its redirects and its questions for a password
-/// among them.
+/// Reads the heads of an exchange's answers while they come, those of redirects and of questions
+/// for a password among them.
 class AnswerHeads {
   public:
     void begin_request() { stage_ = ExchangeStage::reading_head; }
-    /// Takes the next line, with its end. False where all lines so far are too large.
+    /// Reads the next line, with its end. False where all lines so far are too large.
     bool append(std::string_view line);
 
     ExchangeStage stage() const { return stage_; }
     bool is_too_large() const { return size_ > max_heads_size; }
     /// How many of the answers have the status 401.
     int unauthorized() const { return unauthorized_; }
-    /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of the
-    /// library take for SHA-256. Of several Digests the library takes the first.
+    /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of
+    /// libcurl mistake for SHA-256. Of several Digests libcurl answers the first.
     bool asks_for_wrong_digest() const { return digest_ == Digest::wrong; }
 
   private:

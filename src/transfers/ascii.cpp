@@ -19,11 +19,11 @@ std::string in_small_letters(std::string_view text) {
     return small;
 }
 
-std::string_view take_until(std::string_view& text, char separator) {
+std::string_view consume_until(std::string_view& text, char separator) {
     const std::size_t end = std::min(text.find(separator), text.size());
-    const std::string_view taken = text.substr(0, end);
+    const std::string_view consumed = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
-    return taken;
+    return consumed;
 }
 
 } // namespace lookfar

@@ -64,7 +64,7 @@ std::optional<RequestManner> CurlExchange::other_manner(CURLcode code) const {
     return other;
 }
 
-std::variant<Answer, Failure> CurlExchange::take_answer(CURLcode code) {
+std::variant<Answer, Failure> CurlExchange::collect_answer(CURLcode code) {
     if (code == CURLE_OK || body_.is_whole_part())
         return answer();
     // A question for the password was not to be answered.
@@ -88,7 +88,7 @@ Answer CurlExchange::head() const {
     return answer_head(easy_.get(), address_, is_password_told());
 }
 
-/// Whether the host has asked for the password, and the library, which has one, has not told it.
+/// Whether the host has asked for the password, and libcurl, which has one, has not told it.
 bool CurlExchange::is_password_withheld(CURLcode code) const {
     constexpr long unauthorized = 401;
     const Answer answer = head();
@@ -111,7 +111,7 @@ bool CurlExchange::may_hold_picture(CURLcode code) const {
 
 Answer CurlExchange::answer() {
     Answer answer = head();
-    answer.body = body_.take();
+    answer.body = body_.collect();
     if (answer.is_packed && !manner_.unpacks)
         answer.failure = failure(CURLE_BAD_CONTENT_ENCODING);
     return answer;
@@ -150,7 +150,7 @@ void CurlExchange::set_receiver() {
     set(handle, CURLOPT_WRITEDATA, this);
 }
 
-/// The library would answer a host's questions for the password as often as it follows redirects,
+/// libcurl would answer a host's questions for the password as often as it follows redirects,
 /// and some wrong.
 int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
     auto& self = *static_cast<CurlExchange*>(exchange);
@@ -160,7 +160,7 @@ int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
     return CURL_PREREQFUNC_OK;
 }
 
-// The library ends the transfer if fewer bytes are taken than it gives.
+// libcurl ends the transfer where fewer bytes are accepted than it gives.
 std::size_t CurlExchange::receive_header(char* data, std::size_t, std::size_t size,
                                          void* exchange) {
     return static_cast<CurlExchange*>(exchange)->heads_.append({data, size}) ? size : 0;

@@ -20,7 +20,7 @@
 
 namespace lookfar {
 
-/// One transfer on its way through the library, from its construction to its destruction. It
+/// One transfer on its way through libcurl, from its construction to its destruction. It
 /// belongs to the worker.
 class CurlExchange {
   public:
@@ -40,13 +40,13 @@ class CurlExchange {
     /// What the host was asked to send its picture for only if that has changed.
     const KnownAnswerReference& known() const { return known_; }
 
-    /// How the host is to be asked once more, in the time that is left, where the library has ended
+    /// How the host is to be asked once more, in the time that is left, where libcurl has ended
     /// the transfer with the code and another manner may bring the picture.
     std::optional<RequestManner> other_manner(CURLcode code) const;
 
-    /// The answer to, or the failure of, a transfer that the library ended with the code. What has
+    /// The answer to, or the failure of, a transfer that libcurl ended with the code. What has
     /// come of a body that was cut off is an answer too.
-    std::variant<Answer, Failure> take_answer(CURLcode code);
+    std::variant<Answer, Failure> collect_answer(CURLcode code);
 
   private:
     void set_head_lines(const std::string& media_types);

@@ -9,11 +9,11 @@
 
 namespace lookfar {
 
-/// The library's own number and text.
+/// libcurl's own number and text.
 Failure failure_of(CURLcode code);
 
-/// Keeps the library started while it lives. The library counts its starts, so every user of it may
-/// have one of these.
+/// Keeps libcurl started while it lives. libcurl counts its starts, so every user of it may have
+/// one of these.
 class CurlLibrary {
   public:
     CurlLibrary();
@@ -40,12 +40,12 @@ struct LinesCleanup {
 using EasyHandle = std::unique_ptr<CURL, EasyCleanup>;
 using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
 using UrlHandle = std::unique_ptr<CURLU, UrlCleanup>;
-/// A text that the library has handed out.
+/// A text that libcurl has handed out.
 using CurlText = std::unique_ptr<char, TextCleanup>;
 
 using HeaderLines = std::unique_ptr<curl_slist, LinesCleanup>;
 
-/// They throw a Failure if the library gives no handle.
+/// They throw a Failure if libcurl gives no handle.
 EasyHandle make_easy_handle();
 MultiHandle make_multi_handle();
 UrlHandle make_url_handle();

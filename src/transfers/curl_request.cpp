@@ -12,14 +12,14 @@ namespace lookfar {
 namespace {
 
 constexpr const char* spoken_protocols = "http,https";
-/// The library's word against those that the environment names.
+/// libcurl's value for no proxy at all, whatever the environment names.
 constexpr const char* no_proxy = "";
-/// The library's word for those that it unpacks.
+/// libcurl's value for all that it unpacks.
 constexpr const char* all_encodings = "";
-/// Eight times what the library takes at once by itself.
-constexpr long most_bytes_at_once = 131072;
+/// Eight times what libcurl reads at once by itself.
+constexpr long max_bytes_at_once = 131072;
 
-/// The library takes zero as "no limit" and refuses what does not fit an int.
+/// For libcurl zero means "no limit", and it refuses what does not fit an int.
 long timeout_milliseconds(std::chrono::milliseconds timeout) {
     return static_cast<long>(std::clamp<std::int64_t>(timeout.count(), 1, INT_MAX));
 }
@@ -49,7 +49,7 @@ void set_limits(CURL* handle, std::chrono::milliseconds timeout) {
     set(handle, CURLOPT_TIMEOUT_MS, milliseconds);
     set(handle, CURLOPT_CONNECTTIMEOUT_MS, milliseconds);
     set(handle, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(max_body_size));
-    set(handle, CURLOPT_BUFFERSIZE, most_bytes_at_once);
+    set(handle, CURLOPT_BUFFERSIZE, max_bytes_at_once);
     set(handle, CURLOPT_NOSIGNAL, 1L);
     // A name look-up that hangs is left behind rather than waited for.
     set(handle, CURLOPT_QUICK_EXIT, 1L);

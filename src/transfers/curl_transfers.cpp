@@ -88,13 +88,13 @@ class CurlTransfers::Worker {
     void start_waiting() {
         if (!decoder_->prepare())
             return;
-        for (const auto& ticket : take_waiting())
+        for (const auto& ticket : collect_waiting())
             if (!ticket->is_abandoned)
                 start(ticket, {.timeout = ticket->request.timeout,
                                .uses_proxies = ticket->request.uses_proxies});
     }
 
-    std::vector<std::shared_ptr<TransferTicket>> take_waiting() {
+    std::vector<std::shared_ptr<TransferTicket>> collect_waiting() {
         const std::lock_guard lock(mutex_);
         return std::exchange(waiting_, {});
     }
@@ -143,7 +143,7 @@ class CurlTransfers::Worker {
 
     void report(CurlExchange& exchange, CURLcode code) {
         const auto& ticket = exchange.ticket();
-        auto end = exchange.take_answer(code);
+        auto end = exchange.collect_answer(code);
         if (const auto* const failure = std::get_if<Failure>(&end)) {
             post_report(ticket, *failure);
             return;
@@ -163,7 +163,7 @@ class CurlTransfers::Worker {
     }
 
     void finish_decoding() {
-        auto picture = decoder_->take_result();
+        auto picture = decoder_->collect_result();
         if (!picture)
             return;
         auto decoding = std::exchange(decoding_, std::nullopt);

@@ -12,7 +12,7 @@ constexpr int ok = 200;
 constexpr int not_modified = 304;
 
 bool may_be_confirmed(const Answer& answer) {
-    return answer.status == ok && !answer.failure && !answer.is_not_to_be_stored &&
+    return answer.status == ok && !answer.failure && !answer.forbids_storing &&
            !answer.media_type.starts_with("multipart/");
 }
 

@@ -68,7 +68,7 @@ bool share_bits(const IpAddress& one, const IpAddress& other, std::size_t count)
 
 /// Whether a block such as 10.0.0.0/8, or a single address, holds the address.
 bool holds(std::string_view block, const IpAddress& address) {
-    const auto begin = ip_address(std::string(take_until(block, '/')));
+    const auto begin = ip_address(std::string(consume_until(block, '/')));
     if (!begin || begin->bits != address.bits)
         return false;
     std::size_t bits = address.bits;

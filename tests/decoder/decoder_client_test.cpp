@@ -133,8 +133,8 @@ TEST_F(Decoder, LeavesItsIdleMemoryToChangedCopies) {
 TEST_F(Decoder, RefusesAPictureWhileAllFilesAreInUse) {
     install();
     std::vector<DecodedPicture> kept;
-    kept.reserve(decoder::most_kept_files);
-    for (std::uint32_t number = 0; number < decoder::most_kept_files; ++number)
+    kept.reserve(decoder::max_kept_files);
+    for (std::uint32_t number = 0; number < decoder::max_kept_files; ++number)
         kept.push_back(decode(client, picture));
     EXPECT_EQ(outcome_of(decode(client, picture)), "There is not enough memory for the picture.");
     kept.pop_back();
@@ -200,7 +200,7 @@ TEST_F(Decoder, MayLieAndDieAndCostsOnePictureAndOneStart) {
         const std::size_t starts_before = starts();
         decoder::DecoderClient impatient(
             std::filesystem::current_path() / "decoder",
-            reason == takes_too_long ? 2s : decoder::DecoderClient::most_time);
+            reason == takes_too_long ? 2s : decoder::DecoderClient::max_time);
         if (reason != takes_too_long)
             while (!impatient.prepare())
                 await(impatient);

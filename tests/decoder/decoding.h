@@ -33,7 +33,7 @@ inline void await(PictureDecoder& decoder) {
 inline DecodedPicture decode(PictureDecoder& decoder, std::span<const std::uint8_t> bytes) {
     decoder.start(bytes);
     while (true) {
-        if (auto picture = decoder.take_result())
+        if (auto picture = decoder.collect_result())
             return *std::move(picture);
         await(decoder);
     }

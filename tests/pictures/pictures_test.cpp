@@ -208,7 +208,7 @@ TEST(Pictures, LieAsTheirOrientationMarkSays) {
 TEST(Pictures, AreDecodedUpToTheLargestSize) {
     constexpr int width = 8000;
     constexpr int height = 5000;
-    static_assert(1LL * width * height == most_pixels);
+    static_assert(1LL * width * height == max_pixels);
     for (const char* format : {"jpg", "png"}) {
         const Pixels pixels = decode_pixels(picture_file(width, height, 0x336699, format));
         EXPECT_EQ(std::pair(pixels.width, pixels.height), std::pair(width, height)) << format;

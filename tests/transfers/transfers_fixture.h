@@ -105,7 +105,7 @@ class InstantDecoder : public PictureDecoder {
             result_ = failure;
         }
     }
-    std::optional<DecodedPicture> take_result() override {
+    std::optional<DecodedPicture> collect_result() override {
         return std::exchange(result_, std::nullopt);
     }
     void attend() override {}

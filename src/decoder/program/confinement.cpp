@@ -73,7 +73,7 @@ void allow_messages(AllowList& list, int socket) {
         list.allow_if(call, equals(0, static_cast<std::uint64_t>(socket)));
 }
 
-/// Memory, but none that code could be written to. A memory file of huge pages could be taken away
+/// Memory, but none that code could be written to. A memory file of huge pages could be pulled away
 /// from under the program that reads it.
 void allow_memory(AllowList& list) {
     constexpr unsigned protection = 2;

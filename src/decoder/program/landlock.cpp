@@ -32,7 +32,7 @@ void close_file_system() {
     const auto newest = static_cast<long>(rights_of_versions.size());
     const std::uint64_t rights =
         rights_of_versions[static_cast<std::size_t>(std::min(version, newest) - 1)];
-    // The kernel takes a structure by its size; this is the oldest one, which all of them take.
+    // The kernel tells structures by their size; this is the oldest one, which all versions know.
     const Descriptor rules(
         static_cast<int>(::syscall(SYS_landlock_create_ruleset, &rights, sizeof rights, 0)));
     if (!rules || ::syscall(SYS_landlock_restrict_self, rules.number(), 0) != 0)

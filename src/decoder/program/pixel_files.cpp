@@ -48,7 +48,7 @@ std::shared_ptr<std::uint8_t[]> PixelFiles::allocate(std::size_t byte_count) {
 /// One that fits, if there is one. Those that don't are dropped, or they would stay for good once
 /// the pictures have another size.
 std::shared_ptr<PixelFiles::File> PixelFiles::idle_file(std::size_t byte_count) {
-    for (std::uint32_t number = 0; number < most_kept_files; ++number) {
+    for (std::uint32_t number = 0; number < max_kept_files; ++number) {
         auto& file = files_[number];
         if (!file || !file->is_idle())
             continue;
@@ -80,19 +80,19 @@ PixelFiles::Lent PixelFiles::lend(const std::uint8_t* place) {
               .descriptor = std::move(file.descriptor)};
     file.is_lent = true;
     if (file.bytes.size() > largest_kept_pixels) {
-        lent.number = most_kept_files;
+        lent.number = max_kept_files;
         found->reset();
     }
     return lent;
 }
 
 void PixelFiles::set_idle(std::uint32_t files) {
-    for (std::uint32_t number = 0; number < most_kept_files; ++number)
+    for (std::uint32_t number = 0; number < max_kept_files; ++number)
         if (files_[number])
             files_[number]->is_lent = files_[number]->is_known() && (files & 1U << number) == 0;
 }
 
-std::uint32_t PixelFiles::take_dropped() {
+std::uint32_t PixelFiles::collect_dropped() {
     return std::exchange(dropped_, 0);
 }
 

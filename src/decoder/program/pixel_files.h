@@ -19,7 +19,7 @@ class PixelFiles {
 
     /// A file as it is lent: how the reply names it, and its descriptor, unless the program has it.
     struct Lent {
-        std::uint32_t number = most_kept_files;
+        std::uint32_t number = max_kept_files;
         Descriptor descriptor;
     };
 
@@ -31,7 +31,7 @@ class PixelFiles {
     void set_idle(std::uint32_t files);
 
     /// A bit for each file that the program had and that is kept no longer; told once.
-    std::uint32_t take_dropped();
+    std::uint32_t collect_dropped();
 
   private:
     struct File;
@@ -40,7 +40,7 @@ class PixelFiles {
     std::shared_ptr<File> idle_file(std::size_t byte_count);
     std::shared_ptr<File> new_file(std::size_t byte_count);
 
-    std::array<std::shared_ptr<File>, most_kept_files> files_;
+    std::array<std::shared_ptr<File>, max_kept_files> files_;
     std::uint32_t dropped_ = 0;
 };
 

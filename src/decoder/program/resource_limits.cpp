@@ -21,8 +21,8 @@ rlim_t memory_in_use() {
     return pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
 }
 
-void limit(__rlimit_resource resource, rlim_t most) {
-    const rlimit both{.rlim_cur = most, .rlim_max = most};
+void limit(__rlimit_resource resource, rlim_t max) {
+    const rlimit both{.rlim_cur = max, .rlim_max = max};
     if (::setrlimit(resource, &both) != 0)
         throw std::system_error(errno, std::generic_category());
 }
@@ -31,13 +31,13 @@ void limit(__rlimit_resource resource, rlim_t most) {
 
 void limit_resources() {
     // A column of pixels has the most bytes: rows padded to four, and the opacity.
-    constexpr rlim_t largest_file = most_pixels * 5;
+    constexpr rlim_t largest_file = max_pixels * 5;
     // Besides the kept files: three null ones, the socket, a body, Landlock's rules, a file that is
     // not kept.
-    constexpr rlim_t most_descriptors = most_kept_files + 7;
-    limit(RLIMIT_AS, memory_in_use() + most_memory);
+    constexpr rlim_t max_descriptors = max_kept_files + 7;
+    limit(RLIMIT_AS, memory_in_use() + max_memory);
     limit(RLIMIT_FSIZE, largest_file);
-    limit(RLIMIT_NOFILE, most_descriptors);
+    limit(RLIMIT_NOFILE, max_descriptors);
     limit(RLIMIT_CORE, 0);
 }
 

@@ -72,7 +72,7 @@ class Service {
             reply = refusal(std::get<Failure>(picture));
         }
         reply.file = lent.number;
-        reply.dropped_files = files_.take_dropped();
+        reply.dropped_files = files_.collect_dropped();
         return send(socket_, reply, lent.descriptor);
     }
 

@@ -73,7 +73,7 @@ class Disk {
 
     virtual std::unique_ptr<DiskFile> open(const std::string& path, OpenMode mode) = 0;
     virtual void remove(const std::string& path) = 0;
-    /// Has `from` take the place of `to` in one step, and returns when the folder is on the disk.
+    /// Has `from` replace `to` in one step, and returns when the folder is on the disk.
     /// A file that is replaced leaves its mode and owner to the new one, as far as the system
     /// allows it. A symbolic link stays: the file that it leads to is replaced.
     virtual void replace(const std::string& from, const std::string& to) = 0;

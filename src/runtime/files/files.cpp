@@ -22,7 +22,7 @@ struct NumberedFiles::OpenFile {
     std::size_t position = 0;
     bool has_lost_lines = false;
 
-    bool takes_lines() const { return mode == OpenMode::create || mode == OpenMode::create_new; }
+    bool is_for_lines() const { return mode == OpenMode::create || mode == OpenMode::create_new; }
 };
 
 NumberedFiles::NumberedFiles(Disk& disk) : disk_(disk) {}
@@ -93,7 +93,7 @@ void NumberedFiles::Put(int number, std::span<const std::uint8_t> bytes) {
 
 void NumberedFiles::Close(int number) {
     const std::unique_ptr<OpenFile> closing = std::move(slot(number));
-    if (!closing || !closing->takes_lines())
+    if (!closing || !closing->is_for_lines())
         return;
     flush(*closing);
     closing->file->sync();

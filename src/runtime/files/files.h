@@ -21,9 +21,9 @@ namespace lookfar {
 /// not end a line; a last line needs no line end. Lines are written with CR LF. Lines and files
 /// that are too large are failures, and so is a lack of memory for a line.
 ///
-/// `Replace` takes only a file that was written here, was closed with all its lines on the disk,
-/// and is still that file. So neither a half-written copy nor another program's ever takes the
-/// place of a whole file, even where the failure that cut the copy short was dropped.
+/// `Replace` accepts only a file that was written here, was closed with all its lines on the disk,
+/// and is still that file. So neither a half-written copy nor another program's ever replaces a
+/// whole file, even where the failure that cut the copy short was dropped.
 class NumberedFiles {
   public:
     explicit NumberedFiles(Disk& disk);
@@ -53,7 +53,7 @@ class NumberedFiles {
     void CloseAll();
 
     void Kill(const std::string& path);
-    /// Has `from` take the place of `to` in one step, as `Disk::replace` does. Once it has, what
+    /// Has `from` replace `to` in one step, as `Disk::replace` does. Once it has, what
     /// fails after that is no failure.
     void Replace(const std::string& from, const std::string& to);
 
@@ -74,7 +74,7 @@ class NumberedFiles {
     std::map<std::string, FileState> complete_;
 };
 
-/// Removes a file at the end of its life, unless it has taken another's place.
+/// Removes a file at the end of its life, unless it has replaced another one.
 class FileRemover {
   public:
     FileRemover(NumberedFiles& files, std::string path) : files_(files), path_(std::move(path)) {}

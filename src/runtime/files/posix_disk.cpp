@@ -40,9 +40,9 @@ std::unique_ptr<PosixFile> open_to_overwrite(const std::string& path) {
 }
 
 /// The place that the symbolic links at the end of a path lead to.
-std::string followed(std::string path) {
-    constexpr int most_links = 40;
-    for (int links = 0; links < most_links; ++links) {
+std::string target_of(std::string path) {
+    constexpr int max_links = 40;
+    for (int links = 0; links < max_links; ++links) {
         std::error_code is_no_link;
         const auto target = std::filesystem::read_symlink(path, is_no_link);
         if (is_no_link)
@@ -85,10 +85,10 @@ class PosixDisk : public Disk {
     }
 
     void replace(const std::string& from, const std::string& to) override {
-        const std::string target = followed(to);
+        const std::string target = target_of(to);
         if (const auto old = status_of(target)) {
             PosixFile file(from, O_WRONLY | O_NOFOLLOW);
-            file.take_mode_and_owner_of(*old);
+            file.copy_mode_and_owner_of(*old);
             file.sync();
         }
         if (std::rename(from.c_str(), target.c_str()) == -1)
@@ -102,7 +102,7 @@ class PosixDisk : public Disk {
     }
 
     std::string folder_of(const std::string& path) override {
-        const std::string target = followed(path);
+        const std::string target = target_of(path);
         return target.substr(0, target.rfind('/') + 1);
     }
 

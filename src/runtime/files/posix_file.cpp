@@ -90,7 +90,7 @@ bool PosixFile::make_private() const {
            ::fchmod(descriptor_, own.st_mode & S_IRWXU) == 0;
 }
 
-void PosixFile::take_mode_and_owner_of(const struct stat& old) const {
+void PosixFile::copy_mode_and_owner_of(const struct stat& old) const {
     const auto own = status();
     const bool keeps_group =
         own.st_gid == old.st_gid || ::fchown(descriptor_, own.st_uid, old.st_gid) == 0;

@@ -25,12 +25,12 @@ class PosixFile : public DiskFile {
     FileState state() override;
 
     void refuse_irregular() const;
-    /// Takes the rights of all others away. Gives false where what is written here would reach
+    /// Removes the rights of all others. Gives false where what is written here would reach
     /// another name or another user all the same.
     bool make_private() const;
     /// As far as the system allows it. Where the group can't be kept its rights go, so that nobody
     /// sees more than before.
-    void take_mode_and_owner_of(const struct stat& old) const;
+    void copy_mode_and_owner_of(const struct stat& old) const;
     /// Gives false while another program holds the lock. Throws where there are no locks.
     bool lock() const;
 

@@ -26,21 +26,21 @@ bool is_special(char character) {
 }
 
 /// Cuts a text of UTF-8 between two characters.
-void shorten(std::string& text, std::size_t most_bytes) {
-    if (text.size() <= most_bytes)
+void shorten(std::string& text, std::size_t max_bytes) {
+    if (text.size() <= max_bytes)
         return;
     const auto goes_on = [](char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
     };
-    while (goes_on(text[most_bytes]))
-        --most_bytes;
-    text.resize(most_bytes);
+    while (goes_on(text[max_bytes]))
+        --max_bytes;
+    text.resize(max_bytes);
 }
 
 std::string title_in_name(std::string_view title) {
-    constexpr std::size_t most_bytes = 220;
+    constexpr std::size_t max_bytes = 220;
     std::string name = as_utf8(title);
-    shorten(name, most_bytes);
+    shorten(name, max_bytes);
     std::ranges::replace_if(name, is_special, '_');
     // A name that begins with a dot is one of a hidden file.
     if (name.empty() || name.front() == '.')

@@ -15,7 +15,7 @@ namespace lookfar {
 /// top row first, each row padded with zeros to `stride` bytes, a multiple of four. `opacity`,
 /// where there is any, holds a byte a pixel, without padding: 0 is transparent, 255 opaque.
 ///
-/// Pixels are shared by whoever is given them and never change. A changed copy takes its bytes from
+/// Pixels are shared by whoever is given them and never change. A changed copy has its bytes from
 /// `allocate`.
 struct Pixels {
     int width = 0;
@@ -29,7 +29,7 @@ struct Pixels {
 inline constexpr int bytes_per_pixel = 3;
 
 /// What a picture may have at most, so that no small file can claim the whole memory.
-inline constexpr long long most_pixels = 40'000'000;
+inline constexpr long long max_pixels = 40'000'000;
 
 /// The bytes from one row to the next for a width in pixels.
 int stride_of(int width);

@@ -34,7 +34,7 @@ class PictureDecoder {
     virtual void start(std::span<const std::uint8_t> bytes) = 0;
 
     /// What has become of the picture, once; nothing as long as it is being decoded.
-    virtual std::optional<DecodedPicture> take_result() = 0;
+    virtual std::optional<DecodedPicture> collect_result() = 0;
 
     /// Does what is due. It is called when the descriptor can be read or the deadline has come.
     virtual void attend() = 0;

@@ -37,17 +37,17 @@ PictureLoader::PictureLoader(Disk& disk, DecodedBodyReference body, std::string 
           OriginalFile{.name = std::move(original_name), .bytes = {body_, &body_->bytes}})) {}
 
 PictureReference PictureLoader::LoadPicture(const std::string& path) {
-    if (!is_good(*disk_.open(path, OpenMode::read)))
+    if (!begins_with_last_body(*disk_.open(path, OpenMode::read)))
         throw Failure(FailureKind::file_in_use, path + " was changed by another program.");
     return std::make_shared<Picture>(pixels_or_failure(*body_), original_);
 }
 
-bool PictureLoader::is_good(DiskFile& file) {
-    // Taken before the bytes are read: one that is written meanwhile is read again next time.
+bool PictureLoader::begins_with_last_body(DiskFile& file) {
+    // Asked before the bytes are read: a file that is written meanwhile is read again next time.
     const FileState state = file.state();
-    if (state != good_state_ && begins_with(file, bytes()))
-        good_state_ = state;
-    return state == good_state_;
+    if (state != known_state_ && begins_with(file, bytes()))
+        known_state_ = state;
+    return state == known_state_;
 }
 
 } // namespace lookfar

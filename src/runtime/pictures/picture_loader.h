@@ -18,19 +18,19 @@ class PictureLoader {
     /// What a file must begin with.
     const Bytes& bytes() const { return body_->bytes; }
 
-    /// A picture object of its own, whatever follows the body in the file. Throws the body's
+    /// A picture object of its own, whatever stands behind the body in the file. Throws the body's
     /// failure where it is no picture, one of the kind `file_in_use` where the file begins
     /// otherwise, and another one where it can't be read.
     PictureReference LoadPicture(const std::string& path);
 
   private:
-    bool is_good(DiskFile& file);
+    bool begins_with_last_body(DiskFile& file);
 
     Disk& disk_;
     DecodedBodyReference body_;
     std::shared_ptr<const OriginalFile> original_;
     /// In this state a file began with the body, and need not be read again.
-    std::optional<FileState> good_state_;
+    std::optional<FileState> known_state_;
 };
 
 } // namespace lookfar
