@@ -1,6 +1,6 @@
 #pragma once
 
-#include "decoder/descriptor.h"
+#include "runtime/descriptor.h"
 
 #include <array>
 #include <cstddef>

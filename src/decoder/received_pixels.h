@@ -1,8 +1,8 @@
 #pragma once
 
-#include "decoder/descriptor.h"
 #include "decoder/kept_files.h"
 #include "decoder/messages.h"
+#include "runtime/descriptor.h"
 #include "runtime/pictures/picture_decoder.h"
 
 namespace lookfar::decoder {

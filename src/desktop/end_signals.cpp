@@ -33,15 +33,15 @@ void set_handler(int signal, void (*handler)(int)) {
 
 EndSignals::EndSignals(std::function<void()> asked)
     : descriptor_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      notifier_(descriptor_, QSocketNotifier::Read) {
-    if (descriptor_ == -1)
+      notifier_(descriptor_.number(), QSocketNotifier::Read) {
+    if (!descriptor_)
         return;
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_,
                      [this, asked = std::move(asked)] {
                          notifier_.setEnabled(false);
                          asked();
                      });
-    told_descriptor = descriptor_;
+    told_descriptor = descriptor_.number();
     for (const int signal : end_signals)
         set_handler(signal, tell);
 }
@@ -49,8 +49,6 @@ EndSignals::EndSignals(std::function<void()> asked)
 EndSignals::~EndSignals() {
     for (const int signal : end_signals)
         set_handler(signal, SIG_DFL);
-    if (descriptor_ != -1)
-        ::close(descriptor_);
 }
 
 } // namespace lookfar::desktop

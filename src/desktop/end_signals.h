@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/descriptor.h"
+
 #include <QSocketNotifier>
 
 #include <functional>
@@ -18,7 +20,8 @@ class EndSignals {
     ~EndSignals();
 
   private:
-    int descriptor_;
+    Descriptor descriptor_;
+    /// Goes before the descriptor, which it watches.
     QSocketNotifier notifier_;
 };
 

@@ -1,6 +1,6 @@
 #include "decoder/program/landlock.h"
 
-#include "decoder/descriptor.h"
+#include "runtime/descriptor.h"
 
 #include <algorithm>
 #include <array>

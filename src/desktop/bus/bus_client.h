@@ -1,7 +1,7 @@
 #pragma once
 
-#include "decoder/descriptor.h"
 #include "desktop/bus/bus_message.h"
+#include "runtime/descriptor.h"
 
 #include <string>
 
@@ -10,7 +10,7 @@ namespace lookfar::desktop {
 /// A client that takes a socket for a message bus, as the bus sees it.
 class BusClient {
   public:
-    explicit BusClient(decoder::Descriptor socket) : socket_(std::move(socket)) {}
+    explicit BusClient(Descriptor socket) : socket_(std::move(socket)) {}
 
     /// Lets the client in, whoever it says it is. Gives back whether it came in.
     bool let_in();
@@ -29,7 +29,7 @@ class BusClient {
   private:
     std::string take_line();
 
-    decoder::Descriptor socket_;
+    Descriptor socket_;
     /// What has come and is not taken yet.
     std::string received_;
 };

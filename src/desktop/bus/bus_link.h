@@ -17,7 +17,7 @@ namespace lookfar::desktop {
 class BusLink {
   public:
     /// The address of the bus of assistive technology is empty where it is not known.
-    BusLink(decoder::Descriptor client, const std::string& address, std::string accessibility_bus)
+    BusLink(Descriptor client, const std::string& address, std::string accessibility_bus)
         : client_(std::move(client)),
           bus_(address),
           accessibility_bus_(std::move(accessibility_bus)) {}

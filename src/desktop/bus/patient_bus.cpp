@@ -45,8 +45,8 @@ bool is_silent(const std::string& address) {
 }
 
 /// A socket that listens under a name that the system chooses.
-decoder::Descriptor listening_socket() {
-    decoder::Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+Descriptor listening_socket() {
+    Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (!socket)
         return socket;
     sockaddr_un name{};
@@ -54,10 +54,10 @@ decoder::Descriptor listening_socket() {
     const bool listens = ::bind(socket.number(), reinterpret_cast<const sockaddr*>(&name),
                                 sizeof name.sun_family) == 0 &&
                          ::listen(socket.number(), SOMAXCONN) == 0;
-    return listens ? std::move(socket) : decoder::Descriptor();
+    return listens ? std::move(socket) : Descriptor();
 }
 
-std::string address_of(const decoder::Descriptor& socket) {
+std::string address_of(const Descriptor& socket) {
     sockaddr_un name{};
     socklen_t size = sizeof name;
     ::getsockname(socket.number(), reinterpret_cast<sockaddr*>(&name), &size);
@@ -66,7 +66,7 @@ std::string address_of(const decoder::Descriptor& socket) {
     return "unix:abstract=" + std::string(name.sun_path + 1, size - begin);
 }
 
-bool is_of_this_process(const decoder::Descriptor& client) {
+bool is_of_this_process(const Descriptor& client) {
     ucred peer{};
     socklen_t size = sizeof peer;
     return ::getsockopt(client.number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
@@ -98,7 +98,7 @@ void PatientBus::open_door() {
 }
 
 void PatientBus::let_in() {
-    while (decoder::Descriptor client{::accept4(door_.number(), nullptr, nullptr, SOCK_CLOEXEC)}) {
+    while (Descriptor client{::accept4(door_.number(), nullptr, nullptr, SOCK_CLOEXEC)}) {
         if (is_of_this_process(client))
             guests_.emplace_back(std::move(client), address_, accessibility_bus_);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "decoder/descriptor.h"
 #include "desktop/bus/bus_link.h"
+#include "runtime/descriptor.h"
 
 #include <list>
 #include <string>
@@ -30,7 +30,7 @@ class PatientBus {
 
   private:
     struct Guest {
-        Guest(decoder::Descriptor client, const std::string& bus, std::string accessibility_bus)
+        Guest(Descriptor client, const std::string& bus, std::string accessibility_bus)
             : link(std::move(client), bus, std::move(accessibility_bus)),
               thread([this] { link.run(); }) {}
 
@@ -43,7 +43,7 @@ class PatientBus {
 
     std::string address_;
     std::string accessibility_bus_;
-    decoder::Descriptor door_;
+    Descriptor door_;
     std::thread doorkeeper_;
     /// The doorkeeper's, until that has gone.
     std::list<Guest> guests_;

@@ -22,12 +22,12 @@ auto uninterrupted(Call call) {
     return result;
 }
 
-int open_descriptor(const std::string& path, int flags) {
+Descriptor open_descriptor(const std::string& path, int flags) {
     constexpr mode_t users_alone = S_IRUSR | S_IWUSR;
     // A pipe in the place of a file must not hold up the program.
-    const int descriptor = uninterrupted(
-        [&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, users_alone); });
-    if (descriptor == -1)
+    Descriptor descriptor(uninterrupted(
+        [&] { return ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, users_alone); }));
+    if (!descriptor)
         throw disk_failure(path, errno);
     return descriptor;
 }
@@ -45,13 +45,9 @@ FileState state_of(const struct stat& status) {
 PosixFile::PosixFile(std::string path, int flags)
     : path_(std::move(path)), descriptor_(open_descriptor(path_, flags)) {}
 
-PosixFile::~PosixFile() {
-    ::close(descriptor_);
-}
-
 std::size_t PosixFile::read(std::span<std::uint8_t> buffer) {
     const auto count =
-        uninterrupted([&] { return ::read(descriptor_, buffer.data(), buffer.size()); });
+        uninterrupted([&] { return ::read(descriptor_.number(), buffer.data(), buffer.size()); });
     if (count == -1)
         throw disk_failure(path_, errno);
     return static_cast<std::size_t>(count);
@@ -59,8 +55,8 @@ std::size_t PosixFile::read(std::span<std::uint8_t> buffer) {
 
 void PosixFile::write(std::span<const std::uint8_t> bytes) {
     while (!bytes.empty()) {
-        const auto count =
-            uninterrupted([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
+        const auto count = uninterrupted(
+            [&] { return ::write(descriptor_.number(), bytes.data(), bytes.size()); });
         if (count == -1)
             throw disk_failure(path_, errno);
         bytes = bytes.subspan(static_cast<std::size_t>(count));
@@ -68,7 +64,7 @@ void PosixFile::write(std::span<const std::uint8_t> bytes) {
 }
 
 void PosixFile::sync() {
-    if (uninterrupted([&] { return ::fsync(descriptor_); }) == -1)
+    if (uninterrupted([&] { return ::fsync(descriptor_.number()); }) == -1)
         throw disk_failure(path_, errno);
 }
 
@@ -87,21 +83,21 @@ bool PosixFile::make_private() const {
     if (!S_ISREG(own.st_mode) || own.st_nlink != 1)
         return false;
     return (own.st_mode & rights_of_others) == 0 ||
-           ::fchmod(descriptor_, own.st_mode & S_IRWXU) == 0;
+           ::fchmod(descriptor_.number(), own.st_mode & S_IRWXU) == 0;
 }
 
 void PosixFile::copy_mode_and_owner_of(const struct stat& old) const {
     const auto own = status();
     const bool keeps_group =
-        own.st_gid == old.st_gid || ::fchown(descriptor_, own.st_uid, old.st_gid) == 0;
+        own.st_gid == old.st_gid || ::fchown(descriptor_.number(), own.st_uid, old.st_gid) == 0;
     const mode_t mode = old.st_mode & (S_IRWXU | (keeps_group ? S_IRWXG : 0) | S_IRWXO);
     // What is not allowed is left: the file is still the user's alone then.
-    std::ignore = ::fchmod(descriptor_, mode);
-    std::ignore = ::fchown(descriptor_, old.st_uid, old.st_gid);
+    std::ignore = ::fchmod(descriptor_.number(), mode);
+    std::ignore = ::fchown(descriptor_.number(), old.st_uid, old.st_gid);
 }
 
 bool PosixFile::lock() const {
-    if (uninterrupted([&] { return ::flock(descriptor_, LOCK_EX | LOCK_NB); }) == 0)
+    if (uninterrupted([&] { return ::flock(descriptor_.number(), LOCK_EX | LOCK_NB); }) == 0)
         return true;
     if (errno != EWOULDBLOCK)
         throw disk_failure(path_, errno);
@@ -110,7 +106,7 @@ bool PosixFile::lock() const {
 
 struct stat PosixFile::status() const {
     struct stat status{};
-    if (::fstat(descriptor_, &status) == -1)
+    if (::fstat(descriptor_.number(), &status) == -1)
         throw disk_failure(path_, errno);
     return status;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/descriptor.h"
 #include "runtime/files/disk.h"
 
 #include <string>
@@ -15,9 +16,6 @@ class PosixFile : public DiskFile {
   public:
     /// Opens with the system's flags; a file that is made is the user's alone.
     PosixFile(std::string path, int flags);
-    PosixFile(const PosixFile&) = delete;
-    PosixFile& operator=(const PosixFile&) = delete;
-    ~PosixFile() override;
 
     std::size_t read(std::span<std::uint8_t> buffer) override;
     void write(std::span<const std::uint8_t> bytes) override;
@@ -38,7 +36,7 @@ class PosixFile : public DiskFile {
     struct stat status() const;
 
     std::string path_;
-    int descriptor_;
+    Descriptor descriptor_;
 };
 
 } // namespace lookfar

@@ -3,7 +3,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace lookfar::decoder {
+namespace lookfar {
 
 /// Owns a descriptor of the system's, or none, which is -1.
 class Descriptor {
@@ -29,4 +29,4 @@ class Descriptor {
     int number_ = -1;
 };
 
-} // namespace lookfar::decoder
+} // namespace lookfar
