@@ -40,14 +40,14 @@ void ListLock::lock() {
     }
 }
 
-void change_list(NumberedFiles& files, const MakeCopy& make_copy) {
+ChangeOutcome change_list(NumberedFiles& files, const MakeCopy& make_copy) {
     constexpr int max_copies = 10;
     for (int copies = 0; copies < max_copies; ++copies) {
         const std::string copy_path = files.disk().folder_of(list_name) + copy_name;
         const auto before = files.disk().state(list_name);
-        if (make_copy(copy_path) == CopyOutcome::abandoned ||
-            replaces_list(files, copy_path, before))
-            return;
+        const ChangeOutcome outcome = make_copy(copy_path);
+        if (outcome == ChangeOutcome::refused || replaces_list(files, copy_path, before))
+            return outcome;
     }
     throw file_in_use(list_name);
 }

@@ -44,20 +44,20 @@ class ListLock {
     DiskLock lock_;
 };
 
-enum class CopyOutcome {
-    /// May replace the list.
-    whole,
-    /// The list stays.
-    abandoned,
+enum class ChangeOutcome {
+    done,
+    /// The user refused it. The list is as it was, and the copy stays behind.
+    refused,
 };
 
-/// Makes the copy at a path: opens the list and the copy under their numbers, and closes both.
-using MakeCopy = std::function<CopyOutcome(const std::string& copy_path)>;
+/// Makes the copy at a path: opens the list and the copy under their numbers, and closes both. The
+/// copy of a change that is refused need not be whole.
+using MakeCopy = std::function<ChangeOutcome(const std::string& copy_path)>;
 
 /// Has a copy made, and made again while the list was changed in the meantime, and has it
 /// replace the list. The caller holds the lock. Throws what `make_copy` throws, a `Failure` of the
 /// kind `file_in_use` where another program goes on changing the list, and others where the copy
 /// can't replace it. The list then is as it was.
-void change_list(NumberedFiles& files, const MakeCopy& make_copy);
+ChangeOutcome change_list(NumberedFiles& files, const MakeCopy& make_copy);
 
 } // namespace lookfar::catalogue

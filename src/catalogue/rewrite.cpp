@@ -1,10 +1,10 @@
 #include "catalogue/rewrite.h"
 
-#include "catalogue/list_change.h"
 #include "catalogue/list_file.h"
 #include "file_numbers.h"
 #include "runtime/failure.h"
 
+#include <utility>
 #include <vector>
 
 namespace lookfar::catalogue {
@@ -31,26 +31,26 @@ class EditorCopy {
   public:
     EditorCopy(NumberedFiles& files, const Save& save) : files_(files), save_(save) {}
 
-    SaveOutcome make(const std::string& copy_path) {
+    /// Throws the first failure for which the copy lacks something.
+    ChangeOutcome make(const std::string& copy_path) {
         attempt_step([&] { files_.OpenForInput(file_number::list, list_name); });
         attempt_step([&] { files_.OpenForOutput(file_number::list_copy, copy_path); });
         do {
-            if (copy_line() == SaveOutcome::refused)
-                return SaveOutcome::refused;
+            if (copy_line() == ChangeOutcome::refused)
+                return ChangeOutcome::refused;
         } while (has_more_lines());
         attempt(save_.lines_are_copied);
         attempt([&] { files_.Close(file_number::list); });
         if (!is_placed_)
             append_record();
         attempt_step([&] { files_.Close(file_number::list_copy); });
-        return SaveOutcome::done;
+        if (first_failure_)
+            throw Failure(*first_failure_);
+        return ChangeOutcome::done;
     }
 
-    /// Nothing where the copy is whole.
-    const std::optional<Failure>& first_failure() const { return first_failure_; }
-
   private:
-    SaveOutcome copy_line() {
+    ChangeOutcome copy_line() {
         std::string line;
         attempt_step([&] { line = files_.LineInput(file_number::list); });
         // No record has a blank title: with nothing selected no line is replaced.
@@ -58,12 +58,12 @@ class EditorCopy {
             place_record();
         } else if (!save_.replaced_title && line == save_.camera.title && !is_placed_) {
             if (!save_.may_overwrite())
-                return SaveOutcome::refused;
+                return ChangeOutcome::refused;
             place_record();
         } else {
             print(line);
         }
-        return SaveOutcome::done;
+        return ChangeOutcome::done;
     }
 
     void place_record() {
@@ -120,8 +120,8 @@ class EditorCopy {
 
 /// The question, which goes out once however often the copy is made. The lock is not held
 /// meanwhile, so that no other program waits for the user; it is locked again for a yes.
-std::function<bool()> asked_once(const std::function<bool()>& question, ListLock& lock) {
-    return [&question, &lock, answer = std::optional<bool>()]() mutable {
+std::function<bool()> asked_once(std::function<bool()> question, ListLock& lock) {
+    return [question = std::move(question), &lock, answer = std::optional<bool>()]() mutable {
         if (answer)
             return *answer;
         lock.release();
@@ -143,29 +143,18 @@ void remove_cameras(NumberedFiles& files, const std::string& title) {
         const FileCloser copy_closer(files, file_number::list_copy);
         copy_without(files, title);
         files.CloseAll();
-        return CopyOutcome::whole;
+        return ChangeOutcome::done;
     });
 }
 
-SaveOutcome save_camera(NumberedFiles& files, const Save& save) {
+ChangeOutcome save_camera(NumberedFiles& files, Save save) {
     ListLock lock(files.disk());
-    Save asking_once = save;
-    asking_once.may_overwrite = asked_once(save.may_overwrite, lock);
-    SaveOutcome outcome = SaveOutcome::done;
-    std::optional<Failure> failure;
-    const auto make_copy = [&](const std::string& copy_path) {
+    save.may_overwrite = asked_once(std::move(save.may_overwrite), lock);
+    return change_list(files, [&](const std::string& copy_path) {
         const FileCloser list_closer(files, file_number::list);
         const FileCloser copy_closer(files, file_number::list_copy);
-        EditorCopy copy(files, asking_once);
-        outcome = copy.make(copy_path);
-        failure = copy.first_failure();
-        const bool is_whole = outcome == SaveOutcome::done && !failure;
-        return is_whole ? CopyOutcome::whole : CopyOutcome::abandoned;
-    };
-    change_list(files, make_copy);
-    if (outcome == SaveOutcome::done && failure)
-        throw Failure(*failure);
-    return outcome;
+        return EditorCopy(files, save).make(copy_path);
+    });
 }
 
 } // namespace lookfar::catalogue

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/files/files.h"
+#include "catalogue/list_change.h"
 
 #include <functional>
 #include <optional>
@@ -30,18 +30,12 @@ struct Save {
     std::function<void()> lines_are_copied;
 };
 
-enum class SaveOutcome {
-    done,
-    /// The user refused to overwrite; the list is as it was, the copy stays behind.
-    refused,
-};
-
 /// Puts a camera into the list: in the place of the records that it replaces, or of the first
 /// line with its title, or else at the end; a title on which the list ends gets a blank URL before
 /// that. Every other line is kept as it stands. A step that fails is skipped and the next one runs,
 /// but a copy that lacks anything of the old list or of the new record never replaces the
 /// list: the first such failure is thrown then, as are those of `change_list`, and the list stays
-/// as it was.
-SaveOutcome save_camera(NumberedFiles& files, const Save& save);
+/// as it was. It is refused where the camera may not overwrite another one.
+ChangeOutcome save_camera(NumberedFiles& files, Save save);
 
 } // namespace lookfar::catalogue

@@ -13,7 +13,7 @@
 namespace lookfar::testing {
 namespace {
 
-using catalogue::SaveOutcome;
+using catalogue::ChangeOutcome;
 
 constexpr auto no_limit = static_cast<std::size_t>(-1);
 
@@ -72,10 +72,10 @@ struct Rewrite : ::testing::Test {
     /// What a process that is killed before an operation of the last change leaves.
     std::set<std::string> lists_on_the_way;
 
-    SaveOutcome make(const Change& change) {
+    ChangeOutcome make(const Change& change) {
         if (change.removes) {
             catalogue::remove_cameras(files, "a");
-            return SaveOutcome::done;
+            return ChangeOutcome::done;
         }
         return catalogue::save_camera(files, {.camera = {"new", "unew"},
                                               .replaced_title = change.replaced_title,
@@ -140,7 +140,7 @@ TEST_F(Rewrite, LeavesRecordsOutAndPutsThemInTheirPlace) {
 }
 
 TEST_F(Rewrite, SavesIntoAListThatIsMissing) {
-    EXPECT_EQ(make({}), SaveOutcome::done);
+    EXPECT_EQ(make({}), ChangeOutcome::done);
     EXPECT_EQ(content_of("Cams.inf"), "\r\nnew\r\nunew\r\n");
 }
 

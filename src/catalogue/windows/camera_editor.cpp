@@ -56,7 +56,7 @@ void CameraEditor::Command1_Click() {
     std::string complaint;
     try {
         if (catalogue::save_camera(runtime.files(), what_is_saved()) ==
-            catalogue::SaveOutcome::refused)
+            catalogue::ChangeOutcome::refused)
             return;
     } catch (const Failure& failure) {
         complaint = "'" + Text1.Text.get() + "' was not saved. " + failure.Description;
