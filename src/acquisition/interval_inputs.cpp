@@ -1,7 +1,6 @@
 #include "acquisition/main_window.h"
 
 #include "runtime/numbers.h"
-#include "runtime/text.h"
 
 namespace lookfar {
 
@@ -56,7 +55,8 @@ void MainWindow::Text2_KeyDown(lookfar::KeyCode KeyCode, short /*Shift*/) {
 
 void MainWindow::Text1_GotFocus() {
     Text1.SelStart = 0;
-    Text1.SelLength = static_cast<int>(as_code_points(Text1.Text.get()).size());
+    // The text is a number, each of whose bytes is a character.
+    Text1.SelLength = static_cast<int>(Text1.Text.get().size());
 }
 
 void MainWindow::UpDown1_Change() {

@@ -105,8 +105,6 @@ char32_t fold(char32_t point) {
     return point;
 }
 
-} // namespace
-
 std::u32string as_code_points(std::string_view bytes) {
     if (auto points = from_utf8(bytes))
         return *std::move(points);
@@ -116,6 +114,8 @@ std::u32string as_code_points(std::string_view bytes) {
         points.push_back(from_windows_1252(static_cast<std::uint8_t>(byte)));
     return points;
 }
+
+} // namespace
 
 std::string as_utf8(std::string_view bytes) {
     if (from_utf8(bytes))

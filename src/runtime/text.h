@@ -9,9 +9,6 @@ namespace lookfar {
 /// valid UTF-8.
 std::string as_utf8(std::string_view bytes);
 
-/// The same as code points.
-std::u32string as_code_points(std::string_view bytes);
-
 /// A key by which texts sort without regard to case: the code points of Latin, Greek and
 /// Cyrillic capitals folded to their small letters.
 std::u32string caseless_key(std::string_view bytes);

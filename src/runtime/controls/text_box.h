@@ -68,7 +68,7 @@ class TextBox : public ControlOf<TextBox, TextBoxDesign> {
     void SetFocus();
 
     Property<std::string> Text;
-    /// The selection: its first character and its count of characters.
+    /// The selection: its first character and its count of characters, in units of UTF-16.
     Property<int> SelStart;
     Property<int> SelLength;
 
