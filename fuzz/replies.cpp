@@ -47,7 +47,7 @@ void use(Picture picture) {
     picture.rewrite([](auto, auto new_bytes) { std::ranges::fill(new_bytes, std::uint8_t{1}); });
 }
 
-void hear(const Reply& reply, const Descriptor& file, const KeptFiles& files,
+void hear(const Reply& reply, const Descriptor& file, KeptFiles& files,
           std::vector<DecodedPicture>& kept) {
     try {
         DecodedPicture picture = received_picture(reply, file, files);
@@ -63,13 +63,13 @@ void hear(const Reply& reply, const Descriptor& file, const KeptFiles& files,
 }
 
 void check(std::span<const std::uint8_t> bytes) {
-    const KeptFiles files;
+    const auto files = std::make_shared<KeptFiles>();
     std::vector<DecodedPicture> kept;
     for (; bytes.size() > sizeof(Reply); bytes = bytes.subspan(1 + sizeof(Reply))) {
         Reply reply;
         std::memcpy(&reply, bytes.data() + 1, sizeof reply);
-        files.give_idle();
-        hear(reply, file_of(bytes[0]), files, kept);
+        files->lend_idle();
+        hear(reply, file_of(bytes[0]), *files, kept);
         if ((bytes[0] & 0x80U) != 0)
             kept.clear();
     }

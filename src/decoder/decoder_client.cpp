@@ -76,7 +76,7 @@ void DecoderClient::attend() {
                 break;
             hear(*message);
         }
-        if (is_late())
+        if (deadline_ && Clock::now() >= *deadline_)
             throw takes_too_long();
     } catch (const Failure& failure) {
         fail(failure);
@@ -109,7 +109,7 @@ bool DecoderClient::send_order() {
     process_->allow_processor_time(std::chrono::ceil<std::chrono::seconds>(longest_));
     const Order order{.byte_count = body_.byte_count(),
                       .file_size = body_.size(),
-                      .idle_files = files_.give_idle()};
+                      .idle_files = files_->lend_idle()};
     const Descriptor none;
     if (!send(process_->socket(), order, body_.is_known ? none : body_.descriptor()))
         return false;
@@ -147,7 +147,7 @@ void DecoderClient::accept_reply(const ReceivedMessage& message) {
     const auto reply = message.as<Reply>();
     if (!reply)
         throw has_failed();
-    result_ = received_picture(*reply, message.descriptor, files_);
+    result_ = received_picture(*reply, message.descriptor, *files_);
     has_picture_ = false;
     body_.clear();
     deadline_.reset();
@@ -165,14 +165,10 @@ void DecoderClient::fail(const Failure& failure) {
 
 void DecoderClient::end_process() {
     process_.reset();
-    files_.forget();
+    files_->forget();
     body_.is_known = false;
     deadline_.reset();
     state_ = State::absent;
-}
-
-bool DecoderClient::is_late() const {
-    return deadline_ && Clock::now() >= *deadline_;
 }
 
 } // namespace lookfar::decoder

@@ -46,7 +46,6 @@ class DecoderClient : public PictureDecoder {
     void accept_reply(const ReceivedMessage& message);
     void fail(const Failure& failure);
     void end_process();
-    bool is_late() const;
 
     const std::filesystem::path program_;
     const std::chrono::steady_clock::duration longest_;
@@ -61,7 +60,7 @@ class DecoderClient : public PictureDecoder {
     /// Of a start before there was a picture; the first one fails with it.
     std::optional<Failure> start_failure_;
     std::optional<DecodedPicture> result_;
-    KeptFiles files_;
+    std::shared_ptr<KeptFiles> files_ = std::make_shared<KeptFiles>();
 };
 
 } // namespace lookfar::decoder

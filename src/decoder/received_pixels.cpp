@@ -34,7 +34,7 @@ std::shared_ptr<Mapping> mapped(const Descriptor& descriptor, std::size_t byte_c
 }
 
 std::shared_ptr<std::uint8_t[]> bytes_of(const Reply& reply, const Descriptor& descriptor,
-                                         const KeptFiles& files, std::size_t byte_count) {
+                                         KeptFiles& files, std::size_t byte_count) {
     const bool is_kept = reply.file < max_kept_files;
     if (!is_kept) {
         const auto file = mapped(descriptor, byte_count);
@@ -48,7 +48,7 @@ std::shared_ptr<std::uint8_t[]> bytes_of(const Reply& reply, const Descriptor& d
     return bytes;
 }
 
-Pixels pixels_of(const Reply& reply, const Descriptor& descriptor, const KeptFiles& files) {
+Pixels pixels_of(const Reply& reply, const Descriptor& descriptor, KeptFiles& files) {
     refuse_size(reply.width, reply.height);
     const PixelLayout layout(reply.width, reply.height, reply.has_opacity != 0);
     Pixels pixels = layout.pixels_in(bytes_of(reply, descriptor, files, layout.byte_count()));
@@ -56,8 +56,7 @@ Pixels pixels_of(const Reply& reply, const Descriptor& descriptor, const KeptFil
     return pixels;
 }
 
-DecodedPicture picture_of(const Reply& reply, const Descriptor& descriptor,
-                          const KeptFiles& files) {
+DecodedPicture picture_of(const Reply& reply, const Descriptor& descriptor, KeptFiles& files) {
     switch (reply.verdict) {
     case Verdict::decoded:
         return pixels_of(reply, descriptor, files);
@@ -72,7 +71,7 @@ DecodedPicture picture_of(const Reply& reply, const Descriptor& descriptor,
 } // namespace
 
 DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor,
-                                const KeptFiles& files) {
+                                KeptFiles& files) {
     files.drop(reply.dropped_files);
     auto picture = picture_of(reply, descriptor, files);
     // Not before: another thread could use the picture's file for a copy.

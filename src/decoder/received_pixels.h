@@ -13,7 +13,6 @@ namespace lookfar::decoder {
 /// The decoder can write to the pixels' file at any time. So the bytes of pixels may change while
 /// they are read, which must do no more than show wrong colours: no size and no place is ever read
 /// from them.
-DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor,
-                                const KeptFiles& files);
+DecodedPicture received_picture(const Reply& reply, const Descriptor& descriptor, KeptFiles& files);
 
 } // namespace lookfar::decoder

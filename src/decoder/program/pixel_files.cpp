@@ -27,22 +27,12 @@ struct PixelFiles::File {
     bool is_lent = false;
 };
 
-/// A file that is decoded into.
-struct PixelFiles::Use {
-    explicit Use(std::shared_ptr<File> used) : file(std::move(used)) { file->is_in_use = true; }
-    Use(const Use&) = delete;
-    Use& operator=(const Use&) = delete;
-    ~Use() { file->is_in_use = false; }
-
-    std::shared_ptr<File> file;
-};
-
 std::shared_ptr<std::uint8_t[]> PixelFiles::allocate(std::size_t byte_count) {
     auto file = idle_file(byte_count);
     if (!file)
         file = new_file(byte_count);
-    const auto use = std::make_shared<Use>(std::move(file));
-    return {use, use->file->bytes.data()};
+    file->is_in_use = true;
+    return {file->bytes.data(), [file](const std::uint8_t*) { file->is_in_use = false; }};
 }
 
 /// One that fits, if there is one. Those that don't are dropped, or they would stay for good once

@@ -35,7 +35,6 @@ class PixelFiles {
 
   private:
     struct File;
-    struct Use;
 
     std::shared_ptr<File> idle_file(std::size_t byte_count);
     std::shared_ptr<File> new_file(std::size_t byte_count);
