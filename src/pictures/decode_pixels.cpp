@@ -4,7 +4,6 @@
 #include "pictures/gif_blocks.h"
 #include "pictures/image_pixels.h"
 #include "pictures/jpeg_decoder.h"
-#include "pictures/picture_failures.h"
 #include "pictures/png_chunks.h"
 #include "pictures/readable_pictures.h"
 #include "pictures/webp_chunks.h"
@@ -162,7 +161,7 @@ Pixels decode_by_reader(Reader& reader, const PixelAllocator& allocate) {
 }
 
 Pixels decode(std::span<const std::uint8_t> bytes, const PixelAllocator& allocate) {
-    if (starts_png(bytes)) {
+    if (format_of(bytes) == "png") {
         const auto picture = without_png_texts(bytes);
         Reader reader(picture);
         return decode_by_reader(reader, allocate);

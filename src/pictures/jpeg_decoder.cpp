@@ -1,6 +1,6 @@
 #include "pictures/jpeg_decoder.h"
 
-#include "pictures/picture_failures.h"
+#include "pictures/readable_pictures.h"
 #include "runtime/pictures/pixel_layout.h"
 
 #include <turbojpeg.h>
@@ -70,14 +70,6 @@ class Markers {
     std::size_t position_ = 0;
 };
 
-bool has_end_marker(std::span<const std::uint8_t> bytes) {
-    Markers markers(bytes);
-    auto marker = markers.next();
-    while (marker && marker != end_of_image)
-        marker = markers.next();
-    return marker == end_of_image;
-}
-
 struct HandleCleanup {
     void operator()(tjhandle handle) const { tjDestroy(handle); }
 };
@@ -120,17 +112,15 @@ void refuse_failed(tjhandle handle, std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-bool starts_jpeg(std::span<const std::uint8_t> bytes) {
-    return bytes.size() >= 2 && bytes[0] == marker_prefix && bytes[1] == start_of_image;
-}
-
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes) {
-    return starts_jpeg(bytes) && !has_end_marker(bytes);
+    Markers markers(bytes);
+    auto marker = markers.next();
+    while (marker && marker != end_of_image)
+        marker = markers.next();
+    return marker != end_of_image;
 }
 
 int count_jpeg_scans(std::span<const std::uint8_t> bytes) {
-    if (!starts_jpeg(bytes))
-        return 0;
     int scans = 0;
     Markers markers(bytes);
     for (auto marker = markers.next(); marker && marker != end_of_image; marker = markers.next())

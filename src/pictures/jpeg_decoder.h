@@ -9,20 +9,18 @@
 
 namespace lookfar {
 
-/// Whether the bytes begin as a JPEG does.
-bool starts_jpeg(std::span<const std::uint8_t> bytes);
+// The bytes must start as a JPEG.
 
-/// Whether the bytes are a JPEG picture that breaks off before its end marker. Decoders make up the
-/// part that is missing and report no failure.
+/// Whether it breaks off before its end marker. Decoders make up the part that is missing and
+/// report no failure.
 bool is_cut_short_jpeg(std::span<const std::uint8_t> bytes);
 
-/// The scans that a JPEG is stored in: one, or about ten for a picture that comes clearer step by
-/// step. None for other bytes.
+/// The scans that it is stored in: one, or about ten for a picture that comes clearer step by step.
 int count_jpeg_scans(std::span<const std::uint8_t> bytes);
 
-/// Decodes a JPEG straight to three bytes a pixel, as it is stored: an orientation mark is not
-/// looked at. Gives nothing for bytes that can't be turned into red, green and blue that way, such
-/// as a picture of four inks.
+/// Decodes it straight to three bytes a pixel, as it is stored: an orientation mark is not looked
+/// at. Gives nothing for a picture that can't be turned into red, green and blue that way, such as
+/// one of four inks.
 ///
 /// Throws a `Failure` for a picture that ends too early or can't be decoded. Its size and its scans
 /// are the caller's to check before, since they say what memory and time it costs.

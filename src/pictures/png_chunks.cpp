@@ -40,11 +40,6 @@ std::span<const std::uint8_t> first_chunk(std::span<const std::uint8_t> bytes) {
 
 } // namespace
 
-bool starts_png(std::span<const std::uint8_t> bytes) {
-    return bytes.size() >= signature.size() &&
-           std::ranges::equal(bytes.first(signature.size()), signature);
-}
-
 std::vector<std::uint8_t> without_png_texts(std::span<const std::uint8_t> bytes) {
     std::vector<std::uint8_t> kept(signature.begin(), signature.end());
     kept.reserve(bytes.size());

@@ -1,7 +1,6 @@
 #include "pictures/readable_pictures.h"
 
 #include "pictures/jpeg_decoder.h"
-#include "runtime/failure.h"
 
 #include <string>
 
@@ -35,6 +34,15 @@ void refuse_many_scans(std::span<const std::uint8_t> jpeg, int width, int height
     const int scans = count_jpeg_scans(jpeg);
     if (scans > max_scans || scans * pixel_count(width, height) > max_pixels_in_all_scans)
         throw Failure(FailureKind::invalid_picture, "The picture is stored in too many scans.");
+}
+
+Failure picture_cut_short() {
+    return Failure(FailureKind::invalid_picture, "The picture ends too early.");
+}
+
+Failure picture_not_decodable() {
+    return Failure(FailureKind::invalid_picture,
+                   "The picture is of a kind that can't be decoded, or damaged.");
 }
 
 } // namespace lookfar

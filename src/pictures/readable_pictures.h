@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/failure.h"
 #include "runtime/pictures/picture.h"
 
 #include <cstdint>
@@ -19,5 +20,13 @@ void refuse_large(int width, int height);
 /// For a decoding that needs so many bytes for each pixel.
 void refuse_hungry(int width, int height, int bytes_for_each_pixel);
 void refuse_many_scans(std::span<const std::uint8_t> jpeg, int width, int height);
+
+// The failures of pictures, of whatever format. They say the same with every version of a library.
+
+/// It ends too early.
+Failure picture_cut_short();
+/// Its format is known, but it is damaged, or makes use of what no decoder here knows, such as
+/// twelve bits a colour.
+Failure picture_not_decodable();
 
 } // namespace lookfar
