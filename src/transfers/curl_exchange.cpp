@@ -167,13 +167,10 @@ std::size_t CurlExchange::receive_header(char* data, std::size_t, std::size_t si
 }
 
 std::size_t CurlExchange::receive_body(char* data, std::size_t, std::size_t size, void* exchange) {
-    return static_cast<CurlExchange*>(exchange)->append_body({data, size}) ? size : 0;
-}
-
-bool CurlExchange::append_body(std::span<const char> part) {
+    auto& self = *static_cast<CurlExchange*>(exchange);
     const char* content_type = nullptr;
-    curl_easy_getinfo(easy_.get(), CURLINFO_CONTENT_TYPE, &content_type);
-    return body_.append(part, content_type ? content_type : "");
+    curl_easy_getinfo(self.easy_.get(), CURLINFO_CONTENT_TYPE, &content_type);
+    return self.body_.append({data, size}, content_type ? content_type : "") ? size : 0;
 }
 
 } // namespace lookfar

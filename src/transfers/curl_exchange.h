@@ -13,9 +13,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 #include <variant>
 
 namespace lookfar {
@@ -55,7 +53,6 @@ class CurlExchange {
     static int begin_request(void* exchange, char*, char*, int, int);
     static std::size_t receive_header(char* data, std::size_t, std::size_t size, void* exchange);
     static std::size_t receive_body(char* data, std::size_t, std::size_t size, void* exchange);
-    bool append_body(std::span<const char> part);
     bool is_password_told() const;
     Answer head() const;
     bool is_password_withheld(CURLcode code) const;

@@ -22,28 +22,20 @@ class CurlLibrary {
     ~CurlLibrary();
 };
 
-struct EasyCleanup {
-    void operator()(CURL* handle) const { curl_easy_cleanup(handle); }
+/// Hands an object back to libcurl by a function of its own.
+template <auto clean_up>
+struct Cleanup {
+    template <class Object>
+    void operator()(Object* object) const {
+        clean_up(object);
+    }
 };
-struct MultiCleanup {
-    void operator()(CURLM* handle) const { curl_multi_cleanup(handle); }
-};
-struct UrlCleanup {
-    void operator()(CURLU* handle) const { curl_url_cleanup(handle); }
-};
-struct TextCleanup {
-    void operator()(char* text) const { curl_free(text); }
-};
-struct LinesCleanup {
-    void operator()(curl_slist* lines) const { curl_slist_free_all(lines); }
-};
-using EasyHandle = std::unique_ptr<CURL, EasyCleanup>;
-using MultiHandle = std::unique_ptr<CURLM, MultiCleanup>;
-using UrlHandle = std::unique_ptr<CURLU, UrlCleanup>;
+using EasyHandle = std::unique_ptr<CURL, Cleanup<curl_easy_cleanup>>;
+using MultiHandle = std::unique_ptr<CURLM, Cleanup<curl_multi_cleanup>>;
+using UrlHandle = std::unique_ptr<CURLU, Cleanup<curl_url_cleanup>>;
 /// A text that libcurl has handed out.
-using CurlText = std::unique_ptr<char, TextCleanup>;
-
-using HeaderLines = std::unique_ptr<curl_slist, LinesCleanup>;
+using CurlText = std::unique_ptr<char, Cleanup<curl_free>>;
+using HeaderLines = std::unique_ptr<curl_slist, Cleanup<curl_slist_free_all>>;
 
 /// They throw a Failure if libcurl gives no handle.
 EasyHandle make_easy_handle();

@@ -18,9 +18,9 @@ namespace lookfar {
 /// machine, in a folder and a file; a file that SSL_CERT_FILE names stands in that file's place. No
 /// cookies are kept. Proxies are those that the environment names in the variables that libcurl
 /// reads, if the request asks for them. Compressed bodies are unpacked. A body that is cut off, or
-/// can't be unpacked, is decoded as it came; where that gives no picture, the transfer has failed. A
-/// stream of pictures gives its first whole one, and the transfer ends there. HTTP/2 is spoken where
-/// a host offers it with https.
+/// can't be unpacked, is decoded as it came; where that gives no picture, the transfer has failed.
+/// A stream of pictures gives its first whole one, and the transfer ends there. HTTP/2 is spoken
+/// where a host offers it with https.
 ///
 /// Failures are those of `address_of` and of `exchange_failures.h`, and one for a status 304 that
 /// nobody asked for; none has an empty text.
