@@ -1,4 +1,4 @@
-#include "decoder/decoder_place.h"
+#include "decoder/decoder_process.h"
 #include "desktop/desktop_platform.h"
 #include "program.h"
 #include "resources/resources.h"

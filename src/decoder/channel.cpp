@@ -51,10 +51,7 @@ std::optional<ReceivedMessage> receive(int socket, Waiting waiting) {
     Ancillary ancillary;
     msghdr header = header_of(content, ancillary);
     const int flags = MSG_CMSG_CLOEXEC | (waiting == Waiting::no ? MSG_DONTWAIT : 0);
-    ssize_t size = -1;
-    do
-        size = ::recvmsg(socket, &header, flags);
-    while (size == -1 && errno == EINTR);
+    const ssize_t size = uninterrupted([&] { return ::recvmsg(socket, &header, flags); });
     if (size == -1 && (errno == EAGAIN || errno == EWOULDBLOCK))
         return std::nullopt;
     if (size == -1)
@@ -80,10 +77,8 @@ bool send(int socket, std::span<std::uint8_t> bytes, const Descriptor& descripto
         header.msg_control = nullptr;
         header.msg_controllen = 0;
     }
-    ssize_t sent = -1;
-    do
-        sent = ::sendmsg(socket, &header, MSG_NOSIGNAL | MSG_DONTWAIT);
-    while (sent == -1 && errno == EINTR);
+    const ssize_t sent =
+        uninterrupted([&] { return ::sendmsg(socket, &header, MSG_NOSIGNAL | MSG_DONTWAIT); });
     return sent == static_cast<ssize_t>(bytes.size());
 }
 

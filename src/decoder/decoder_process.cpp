@@ -90,6 +90,13 @@ pid_t spawn(std::string program, int socket) {
 
 } // namespace
 
+std::filesystem::path decoder_of_this_program() {
+    std::error_code ignored;
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+    const auto beside = folder / "lookfar-decoder";
+    return std::filesystem::exists(beside, ignored) ? beside : folder / LOOKFAR_INSTALLED_DECODER;
+}
+
 DecoderProcess::DecoderProcess(const std::filesystem::path& program)
     : DecoderProcess(program, connected_sockets()) {}
 
@@ -100,8 +107,7 @@ DecoderProcess::DecoderProcess(const std::filesystem::path& program,
 
 DecoderProcess::~DecoderProcess() {
     ::kill(process_, SIGKILL);
-    while (::waitpid(process_, nullptr, 0) == -1 && errno == EINTR)
-        continue;
+    uninterrupted([this] { return ::waitpid(process_, nullptr, 0); });
 }
 
 void DecoderProcess::allow_processor_time(std::chrono::seconds time) const {

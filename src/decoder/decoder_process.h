@@ -9,6 +9,10 @@
 
 namespace lookfar::decoder {
 
+/// The decoder that belongs to the running program: a file beside the program's own, or where it is
+/// installed. Neither the environment nor the current directory has a say in it.
+std::filesystem::path decoder_of_this_program();
+
 /// A running decoder and the socket to it. It lives no longer than this does, and no longer than
 /// the thread that has made this.
 class DecoderProcess {

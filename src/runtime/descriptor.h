@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cerrno>
 #include <unistd.h>
 #include <utility>
 
@@ -28,5 +29,14 @@ class Descriptor {
   private:
     int number_ = -1;
 };
+
+/// Repeats a system call that a signal has interrupted.
+template <class Call>
+auto uninterrupted(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR)
+        result = call();
+    return result;
+}
 
 } // namespace lookfar

@@ -20,11 +20,6 @@ namespace {
 
 constexpr int longest_poll_milliseconds = 10'000;
 
-void hand_over(TransferTicket& ticket) {
-    if (const TransferDone done = std::exchange(ticket.done, nullptr))
-        done(std::move(ticket.outcome));
-}
-
 } // namespace
 
 /// The thread that moves all transfers forward.
@@ -180,7 +175,10 @@ class CurlTransfers::Worker {
 
     void post_report(const std::shared_ptr<TransferTicket>& ticket, TransferOutcome outcome) {
         ticket->outcome = std::move(outcome);
-        post_([ticket] { hand_over(*ticket); });
+        post_([ticket] {
+            if (const TransferDone done = std::exchange(ticket->done, nullptr))
+                done(std::move(ticket->outcome));
+        });
     }
 
     /// An answer whose body is being decoded.

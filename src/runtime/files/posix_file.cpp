@@ -13,15 +13,6 @@ namespace {
 
 constexpr mode_t rights_of_others = S_IRWXG | S_IRWXO;
 
-/// Repeats a system call that a signal has interrupted.
-template <class Call>
-auto uninterrupted(Call call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR)
-        result = call();
-    return result;
-}
-
 Descriptor open_descriptor(const std::string& path, int flags) {
     constexpr mode_t users_alone = S_IRUSR | S_IWUSR;
     // A pipe in the place of a file must not hold up the program.
