@@ -1,13 +1,17 @@
 // Locks itself in as the decoder does, and then does the deed that its argument names. It ends with
 // status 0 where that succeeds, with that of `refused` where the system refuses it, and by a signal
-// where the system ends it.
+// where the system ends it. It says `refused`, too, where it is told that it can't be locked in.
 #include "decoder/program/confinement.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
 #include <functional>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 #include <map>
 #include <netinet/in.h>
 #include <string>
@@ -16,6 +20,8 @@
 #include <sys/ptrace.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -75,6 +81,18 @@ bool raises_limit() {
     return ::setrlimit(RLIMIT_CPU, &limit) == 0;
 }
 
+/// Has the system refuse the call by which a process gives up privileges.
+void refuse_prctl() {
+    std::array<sock_filter, 4> steps{
+        sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_prctl, 0, 1),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW)};
+    const sock_fprog filter{.len = steps.size(), .filter = steps.data()};
+    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+    ::syscall(SYS_seccomp, SECCOMP_SET_MODE_FILTER, 0, &filter);
+}
+
 bool does(const std::string& deed, const Before& before) {
     const std::map<std::string, std::function<bool()>> deeds{
         {"compute", [] { return true; }},
@@ -111,6 +129,12 @@ int main(int, char** arguments) {
     Before before;
     ::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, before.sockets.data());
     const std::string deed = arguments[1];
-    lookfar::decoder::confine(before.sockets[0]);
+    if (deed == "be locked in without prctl")
+        refuse_prctl();
+    try {
+        lookfar::decoder::confine(before.sockets[0]);
+    } catch (const std::system_error& error) {
+        std::_Exit(error.code().value() == EPERM ? refused : EXIT_FAILURE);
+    }
     std::_Exit(does(deed, before) ? EXIT_SUCCESS : refused);
 }

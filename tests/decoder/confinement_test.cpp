@@ -52,6 +52,7 @@ TEST(Confinement, LeavesComputingMemoryAndMessagesAndNothingElse) {
         {"make memory run", ended},
         {"raise a limit", ended},
         {"become dumpable", ended},
+        {"be locked in without prctl", "refused"},
     };
     for (const auto& [deed, outcome] : deeds)
         EXPECT_EQ(outcome_of(deed), outcome) << deed;
