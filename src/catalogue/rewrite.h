@@ -30,12 +30,12 @@ struct Save {
     std::function<void()> lines_are_copied;
 };
 
-/// Puts a camera into the list: in the place of the records that it replaces, or of the first
-/// line with its title, or else at the end; a title on which the list ends gets a blank URL before
-/// that. Every other line is kept as it stands. A step that fails is skipped and the next one runs,
-/// but a copy that lacks anything of the old list or of the new record never replaces the
-/// list: the first such failure is thrown then, as are those of `change_list`, and the list stays
-/// as it was. It is refused where the camera may not overwrite another one.
+/// Puts a camera into the list: in the place of the records that it replaces, or of the first line
+/// with its title, or else at the end; a title on which the list ends gets a blank URL before that.
+/// Every other line is kept as it stands. A step that fails is skipped and the next one runs, but a
+/// copy that lacks anything of the old list or of the new record never replaces the list: the first
+/// such failure is thrown then, as are those of `change_list`, and the list stays as it was. It is
+/// refused where the camera may not overwrite another one.
 ChangeOutcome save_camera(NumberedFiles& files, Save save);
 
 } // namespace lookfar::catalogue

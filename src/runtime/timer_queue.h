@@ -47,9 +47,9 @@ class TimerQueue {
 
     /// Serves every tick that is due now, each timer at most once, and what follows from them.
     void serve_due();
-    /// Serves the ticks that wait for a change, once there was one, each timer at most once,
-    /// unless another timer's tick is due before them. Called after a handler, so that its changes
-    /// are not shown without what follows from them.
+    /// Serves the ticks that a change has made due, each timer at most once, unless another timer's
+    /// tick is due before them. Called after a handler, so that its changes are not shown without
+    /// what follows from them.
     void serve_following();
 
     /// Releases the ticks that are held back.

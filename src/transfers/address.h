@@ -26,8 +26,8 @@ inline constexpr std::size_t longest_address = std::size_t{64} * 1024;
 /// blanks and letters beyond ASCII may stand in it, in UTF-8 or Windows-1252, and without a scheme
 /// it is one of http.
 ///
-/// Throws a `Failure` with libcurl's number and a text that names the address's fault
-/// and quotes nothing of the address, since that may hold a password.
+/// Throws a `Failure` with libcurl's number and a text that names the address's fault and quotes
+/// nothing of the address, since that may hold a password.
 Address address_of(std::string_view text);
 
 } // namespace lookfar

@@ -14,8 +14,8 @@ namespace lookfar {
 /// body.
 class AnswerBody {
   public:
-    /// Appends the next bytes. False where no more are wanted: the first part is whole, or
-    /// the answer is refused.
+    /// Appends the next bytes. False where no more are wanted: the first part is whole, or the
+    /// answer is refused.
     bool append(std::span<const char> bytes, std::string_view content_type);
 
     /// Whether it is the first part of a multipart answer, and all of it is there.

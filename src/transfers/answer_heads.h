@@ -20,8 +20,8 @@ class AnswerHeads {
     bool is_too_large() const { return size_ > max_heads_size; }
     /// How many of the answers have the status 401.
     int unauthorized() const { return unauthorized_; }
-    /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of
-    /// libcurl mistake for SHA-256. Of several Digests libcurl answers the first.
+    /// Whether one asks for the password by a Digest of SHA-512/256, which some versions of libcurl
+    /// mistake for SHA-256. Of several Digests libcurl answers the first.
     bool asks_for_wrong_digest() const { return digest_ == Digest::wrong; }
 
   private:

@@ -150,8 +150,8 @@ void CurlExchange::set_receiver() {
     set(handle, CURLOPT_WRITEDATA, this);
 }
 
-/// libcurl would answer a host's questions for the password as often as it follows redirects,
-/// and some wrong.
+/// libcurl would answer a host's questions for the password as often as it follows redirects, and
+/// some wrong.
 int CurlExchange::begin_request(void* exchange, char*, char*, int, int) {
     auto& self = *static_cast<CurlExchange*>(exchange);
     if (self.is_password_told() || self.heads_.asks_for_wrong_digest())

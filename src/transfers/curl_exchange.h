@@ -18,8 +18,8 @@
 
 namespace lookfar {
 
-/// One transfer on its way through libcurl, from its construction to its destruction. It
-/// belongs to the worker.
+/// One transfer on its way through libcurl, from its construction to its destruction. It belongs to
+/// the worker.
 class CurlExchange {
   public:
     /// Asks in that manner for pictures of these media types, with commas between them. Throws a
@@ -38,12 +38,12 @@ class CurlExchange {
     /// What the host was asked to send its picture for only if that has changed.
     const KnownAnswerReference& known() const { return known_; }
 
-    /// How the host is to be asked once more, in the time that is left, where libcurl has ended
-    /// the transfer with the code and another manner may bring the picture.
+    /// How the host is to be asked once more, in the time that is left, where libcurl has ended the
+    /// transfer with the code and another manner may bring the picture.
     std::optional<RequestManner> other_manner(CURLcode code) const;
 
-    /// The answer to, or the failure of, a transfer that libcurl ended with the code. What has
-    /// come of a body that was cut off is an answer too.
+    /// The answer to, or the failure of, a transfer that libcurl ended with the code. What has come
+    /// of a body that was cut off is an answer too.
     std::variant<Answer, Failure> collect_answer(CURLcode code);
 
   private:

@@ -28,8 +28,8 @@ class FirstPart {
     /// given all that the call before was given, and what came since.
     bool advance(std::span<const std::uint8_t> body);
 
-    /// The part in the body that `advance` was given last. Where the part isn't whole, that is
-    /// what has come of it, and where it hasn't begun, all of the body.
+    /// The part in the body that `advance` was given last. Where the part isn't whole, that is what
+    /// has come of it, and where it hasn't begun, all of the body.
     std::span<const std::uint8_t> part_of(std::span<const std::uint8_t> body) const;
 
   private:

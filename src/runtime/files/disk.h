@@ -73,9 +73,9 @@ class Disk {
 
     virtual std::unique_ptr<DiskFile> open(const std::string& path, OpenMode mode) = 0;
     virtual void remove(const std::string& path) = 0;
-    /// Has `from` replace `to` in one step, and returns when the folder is on the disk.
-    /// A file that is replaced leaves its mode and owner to the new one, as far as the system
-    /// allows it. A symbolic link stays: the file that it leads to is replaced.
+    /// Has `from` replace `to` in one step, and returns when the folder is on the disk. A file that
+    /// is replaced leaves its mode and owner to the new one, as far as the system allows it. A
+    /// symbolic link stays: the file that it leads to is replaced.
     virtual void replace(const std::string& from, const std::string& to) = 0;
     /// The state of the file that a path leads to; nothing where there is none.
     virtual std::optional<FileState> state(const std::string& path) = 0;

@@ -53,8 +53,8 @@ class NumberedFiles {
     void CloseAll();
 
     void Kill(const std::string& path);
-    /// Has `from` replace `to` in one step, as `Disk::replace` does. Once it has, what
-    /// fails after that is no failure.
+    /// Has `from` replace `to` in one step, as `Disk::replace` does. Once it has, what fails after
+    /// that is no failure.
     void Replace(const std::string& from, const std::string& to);
 
   private:

@@ -23,8 +23,8 @@ class PosixFile : public DiskFile {
     FileState state() override;
 
     void refuse_irregular() const;
-    /// Removes the rights of all others. Gives false where what is written here would reach
-    /// another name or another user all the same.
+    /// Removes the rights of all others. Gives false where what is written here would reach another
+    /// name or another user all the same.
     bool make_private() const;
     /// As far as the system allows it. Where the group can't be kept its rights go, so that nobody
     /// sees more than before.
