@@ -33,7 +33,7 @@ void TimerQueue::serve_due() {
     const Instant now = now_();
     for (Entry* entry = next(); entry && entry->due <= now; entry = next())
         serve(*entry, now);
-    serve_following();
+    arm();
 }
 
 void TimerQueue::serve_following() {
