@@ -77,6 +77,7 @@ TEST_F(Fetch, ThatFailsShowsNumberAndTextInBothWindowsUntilOneSucceeds) {
         EXPECT_EQ(Form2->Label7.Caption.get(), "2") << "halves go to the even neighbour";
         EXPECT_EQ(Form1->MousePointer, MousePointer::standard);
         EXPECT_TRUE(platform.announced.empty());
+        Form2->Picture1.Picture = nullptr;
     }
     Form2->Label2.Visible = true;
     refresh_with(whole);

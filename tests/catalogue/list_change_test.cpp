@@ -8,8 +8,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <optional>
+#include <thread>
 
 namespace lookfar::testing {
 namespace {
@@ -103,6 +106,11 @@ TEST_F(ListChange, LetsAnotherProgramInWhileItAsks) {
          },
          "a\r\nua\r\nnew\r\nunew\r\n"},
     };
+    disk.before = [](const std::string& operation) {
+        if (operation == "replace Cams.inf") {
+            EXPECT_THROW(make_posix_disk({})->lock_folder_of("Cams.inf"), Failure);
+        }
+    };
     for (const auto& [work, list] : cases) {
         replace_list(old_list);
         under_the_question = work;
@@ -126,6 +134,24 @@ TEST_F(ListChange, FailsWhileAnotherProgramGoesOnChangingTheList) {
     const auto lock = make_posix_disk()->lock_folder_of("Cams.inf");
     for (const auto change : {&ListChange::save, &ListChange::remove})
         EXPECT_EQ(failure_of(change), FailureKind::file_in_use);
+}
+
+TEST_F(ListChange, WaitsForAnotherProgramThatIsDoneSoon) {
+    const auto holders = [] {
+        const std::filesystem::directory_iterator descriptors("/proc/self/fd");
+        return std::ranges::count_if(descriptors, [](const auto& each) {
+            std::error_code is_gone;
+            return std::filesystem::read_symlink(each, is_gone) == std::filesystem::current_path();
+        });
+    };
+    auto theirs = make_posix_disk()->lock_folder_of("Cams.inf");
+    auto ours = std::async(std::launch::async, [] {
+        return make_posix_disk(std::chrono::minutes(1))->lock_folder_of("Cams.inf");
+    });
+    while (holders() < 2 && ours.wait_for(std::chrono::seconds(0)) != std::future_status::ready)
+        std::this_thread::yield();
+    theirs.reset();
+    EXPECT_TRUE(ours.get());
 }
 
 TEST_F(ListChange, DoesWithoutLocksWhereThereAreNone) {

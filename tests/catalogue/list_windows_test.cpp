@@ -43,6 +43,9 @@ TEST_F(ListWindows, OpenOnTheCurrentCameraAndPickAtOnce) {
         expect_selected("b");
         Form3->List1.ListIndex = 2;
         expect_selected("c");
+        Form1->Combo1.ListIndex = 0;
+        let_tick();
+        EXPECT_EQ(Form3->List1.Text.get(), "c") << "the rotation goes on elsewhere";
         leave();
         EXPECT_FALSE(Form3->Visible || Form3->Timer1.Enabled);
         EXPECT_EQ(platform.brought_forward.back(), &*Form1);
@@ -162,6 +165,14 @@ TEST_F(ListWindows, KeepWhatWasTypedWhileAnotherProgramChangesTheList) {
         lock.reset();
     }
     expect_selected("new");
+
+    Form3->Command1.Click.raise();
+    platform.box_answers.emplace_back([&] {
+        lock = make_posix_disk()->lock_folder_of("Cams.inf");
+        return MessageBoxAnswer::yes;
+    });
+    save("a", "unew");
+    EXPECT_TRUE(Form4->Visible) << "although the answer has hidden it";
 }
 
 TEST_F(ListWindows, OpenTheEditorWhereverTheUrlCantBeFound) {

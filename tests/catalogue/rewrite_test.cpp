@@ -47,7 +47,7 @@ std::string with_camera(const std::string& list, const Change& change) {
     Lines copy;
     bool is_placed = false;
     for (std::size_t index = 0; index < lines.size(); ++index) {
-        if (lines[index] != title || (is_placed && !change.replaced_title)) {
+        if (title.empty() || lines[index] != title || (is_placed && !change.replaced_title)) {
             copy.push_back(lines[index]);
             continue;
         }
@@ -111,8 +111,11 @@ TEST_F(Rewrite, MakesOfAListWhatAPlainModelMakesOfIt) {
     std::mt19937 random(3);
     for (int run = 0; run < 60; ++run) {
         const std::string list = random_list(random);
-        for (const Change& change :
-             {Change{.removes = true}, {}, {.may_overwrite = false}, {.replaced_title = "a"}}) {
+        for (const Change& change : {Change{.removes = true},
+                                     {},
+                                     {.may_overwrite = false},
+                                     {.replaced_title = "a"},
+                                     {.replaced_title = ""}}) {
             const std::string expected =
                 change.removes ? without_camera(list) : with_camera(list, change);
             questions = 0;

@@ -56,6 +56,22 @@ Bytes with_scans(int count) {
     return jpeg;
 }
 
+/// A JPEG of 8 x 8 pixels in cyan, magenta, yellow and black.
+Bytes of_four_inks() {
+    Bytes jpeg{0xFF, 0xD8, 0xFF, 0xDB, 0, 67, 0};
+    jpeg.resize(jpeg.size() + 64, 1);
+    for (const std::uint8_t table : Bytes{0x00, 0x10}) {
+        jpeg.insert(jpeg.end(), {0xFF, 0xC4, 0, 20, table, 1});
+        jpeg.resize(jpeg.size() + 16);
+    }
+    jpeg.insert(jpeg.end(), {0xFF, 0xC0, 0, 20, 8, 0, 8, 0, 8, 4});
+    for (const std::uint8_t ink : Bytes{1, 2, 3, 4})
+        jpeg.insert(jpeg.end(), {ink, 0x11, 0});
+    jpeg.insert(jpeg.end(), {0xFF, 0xDA, 0, 14, 4, 1, 0, 2, 0, 3, 0, 4, 0, 0, 63, 0, 0});
+    jpeg.insert(jpeg.end(), {0xFF, 0xD9});
+    return jpeg;
+}
+
 /// A bitmap of 32 x 16 pixels, its bottom row first, with another height in its header.
 Bytes with_height(std::int32_t height) {
     constexpr std::ptrdiff_t height_offset = 22;
@@ -214,6 +230,7 @@ TEST(Pictures, AreDecodedUpToTheLargestSize) {
         EXPECT_EQ(std::pair(pixels.width, pixels.height), std::pair(width, height)) << format;
     }
     EXPECT_NE(refusal_of(picture_file(width, height + 1)), "none");
+    EXPECT_EQ(decode_pixels(of_four_inks()).width, 8);
 }
 
 TEST(Pictures, OfFourChannelsOfTwoBytesAreDecodedUpToASmallerSize) {

@@ -1,11 +1,13 @@
 #include "runtime/failure.h"
 #include "runtime/files/files.h"
+#include "runtime/files/posix_file.h"
 #include "support/faulty_disk.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <fcntl.h>
 #include <new>
 #include <optional>
 #include <sys/stat.h>
@@ -99,6 +101,8 @@ TEST_F(Files, WithLostLinesNeverTakeAnothersPlace) {
         EXPECT_EQ(content_of("list"), "new\r\n") << "a copy made anew is whole";
         EXPECT_FALSE(exists("copy"));
     }
+    PosixFile full_disk("/dev/full", O_WRONLY);
+    EXPECT_EQ(kind_of([&] { full_disk.write(Bytes{'x'}); }), FailureKind::other);
     files.OpenForOutput(2, "copy");
     files.Close(2);
     write_file("another's copy", "another's");
