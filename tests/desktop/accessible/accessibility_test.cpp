@@ -63,6 +63,10 @@ TEST_F(AccessibilityTest, LabelsAreReadWhereAndWhileTheyAreShown) {
     form->Label1.Visible = false;
     EXPECT_TRUE(label.state().invisible);
     EXPECT_EQ(child_at(label.rect().center()), nullptr);
+    form->Label1.Visible = true;
+    form->Hide();
+    ASSERT_TRUE(comes_true([&] { return !view->isVisible(); }));
+    EXPECT_TRUE(label.state().invisible);
     form.reset();
     EXPECT_FALSE(view && label.isValid());
 }

@@ -76,16 +76,24 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     form.Caption = std::string("Only the picture is painted again for this");
     EXPECT_TRUE(comes_true([&] { return on_screen(form, 50, 50) == 0x555555U; }));
     EXPECT_EQ(pictures.prepared(), first + 1);
+    EXPECT_TRUE(window(form).drawn().take_edited_pictures().isEmpty()) << "painted once";
 
     Image1.Width = 1500;
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 2; }));
     EXPECT_EQ(pixel(form, 150, 20), 0x0F0F40U);
+    Image1.Visible = false;
+    let_loop_come_round();
+    EXPECT_FALSE(pictures.is_up_to_date(Image1, picture)) << "no memory for a hidden picture";
+    Image1.Visible = true;
+    ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 3; }));
 
     form.Hide();
+    let_loop_come_round();
+    EXPECT_FALSE(pictures.is_up_to_date(Image1, picture)) << "nor for one in a hidden window";
     picture->rewrite(painted(0x66));
     Image1.Width = 900;
     let_loop_come_round();
-    EXPECT_EQ(pictures.prepared(), first + 2);
+    EXPECT_EQ(pictures.prepared(), first + 3);
 }
 
 TEST_F(DrawingTest, WhatChangesAtOnceInSeveralPlacesIsPaintedInEach) {
@@ -215,7 +223,26 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
     }
 }
 
+TEST_F(DrawingTest, AWrappedCaptionBreaksAtLineFeedsAndInAWordThatIsTooLong) {
+    Form form(runtime, black_form);
+    Label label(form, {.Caption = "i",
+                       .At = {150, 150, 900, 15},
+                       .Back = BackStyle::transparent,
+                       .ForeColor = colour::white,
+                       .Sizing = LabelSizing::downwards});
+    show(form);
+    const int line = lit_rectangle(pixels(form)).height();
+    for (const char* const caption : {"i\ni", "iiiiiiiiiiiiiiiiiiiiiiiiiiiiiiii"}) {
+        label.Caption = std::string(caption);
+        let_loop_come_round();
+        const QRect ink = lit_rectangle(pixels(form));
+        EXPECT_GE(ink.height(), 2 * line) << caption;
+        EXPECT_LT(ink.right(), 70) << caption;
+    }
+}
+
 TEST_F(DrawingTest, LettersThatHangOutOfTheirLabelAreShownWholeAndLeaveNothingBehind) {
+    QRect ink;
     for (const LabelSizing sizing : {LabelSizing::as_designed, LabelSizing::to_caption}) {
         Form form(runtime, black_form);
         Label label(form, {.Caption = "jay",
@@ -225,7 +252,10 @@ TEST_F(DrawingTest, LettersThatHangOutOfTheirLabelAreShownWholeAndLeaveNothingBe
                            .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
                            .Sizing = sizing});
         show(form);
-        EXPECT_LT(lit_rectangle(pixels(form)).left(), 38) << "the tail of the j";
+        const QRect now = lit_rectangle(pixels(form));
+        EXPECT_LT(now.left(), 38) << "the tail of the j";
+        EXPECT_TRUE(ink.isNull() || now == ink) << "the tail of the y";
+        ink = now;
         WindowView& view = window(form);
         for (const char* const caption : {"abc", "jay"}) {
             label.Caption = std::string(caption);

@@ -29,6 +29,7 @@ class CameraList : public DrivenTest {
 
     /// Answers a question, which goes then.
     void answer(const std::string& question, const std::string& button) {
+        ASSERT_TRUE(comes_up(question));
         click(question, "push button '" + button + "'");
         EXPECT_TRUE(stops_reading(question, "push button '" + button + "'"));
     }

@@ -44,11 +44,14 @@ TEST_F(ErrorDisplay, StandsInBothWindowsAndIsToldAtOnceUntilTheCameraIsBack) {
     EXPECT_TRUE(comes_to_read(title::main_window, "label 'Error #7"));
     EXPECT_TRUE(stops_reading(title::main_window, "image 'Camera picture: Harbour'"));
     EXPECT_TRUE(comes_to_show(edge, colour::black));
+    EXPECT_EQ(reader.times_told(error, Politeness::interrupts), 1);
+    reader.forget();
     cameras.emplace(port);
     cameras->answer("/Harbour", showing(colour::green));
     EXPECT_TRUE(comes_to_show(edge, colour::green));
     EXPECT_TRUE(stops_reading(title::main_window, "label 'Error #"));
     EXPECT_TRUE(stops_reading(title::main_window, std::string("label '") + error));
+    EXPECT_TRUE(comes_true([this] { return reader.heard("showing 0"); }));
 }
 
 } // namespace

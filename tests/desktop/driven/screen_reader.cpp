@@ -5,6 +5,7 @@
 #include <atspi/atspi.h>
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 #include <utility>
 
@@ -12,9 +13,9 @@ namespace lookfar::driven {
 
 namespace {
 
-constexpr const char* announcement = "object:announcement";
-constexpr const char* text_change = "object:text-changed";
-constexpr std::string_view state_change = "object:state-changed:expanded";
+constexpr std::string_view state_change = "object:state-changed:";
+constexpr std::array kinds{"object:announcement", "object:text-changed",
+                           "object:state-changed:expanded", "object:state-changed:showing"};
 
 /// Takes an object of the library over.
 template <class Object>
@@ -108,13 +109,13 @@ ScreenReader::ScreenReader() {
     qputenv("AT_SPI_BUS_ADDRESS", accessibility_bus_address());
     atspi_init();
     listener_ = owned(atspi_event_listener_new(take, this, nullptr));
-    for (const char* const kind : {announcement, text_change, state_change.data()})
+    for (const char* const kind : kinds)
         if (!atspi_event_listener_register(listener_.get(), kind, nullptr))
             throw std::runtime_error("The accessibility bus tells nothing.");
 }
 
 ScreenReader::~ScreenReader() {
-    for (const char* const kind : {announcement, text_change, state_change.data()})
+    for (const char* const kind : kinds)
         atspi_event_listener_deregister(listener_.get(), kind, nullptr);
 }
 
@@ -127,9 +128,12 @@ std::vector<Element> ScreenReader::windows_of(qint64 process) const {
 }
 
 void ScreenReader::take(AtspiEvent* event, void* reader) {
-    const bool is_text = G_VALUE_HOLDS_STRING(&event->any_data) && event->type != state_change;
+    const std::string type = event->type;
+    const bool is_text = G_VALUE_HOLDS_STRING(&event->any_data) && !type.starts_with(state_change);
     static_cast<ScreenReader*>(reader)->told_.emplace_back(
-        is_text ? g_value_get_string(&event->any_data) : event->type, Politeness{event->detail1});
+        is_text ? g_value_get_string(&event->any_data)
+                : type + " " + std::to_string(event->detail1),
+        Politeness{event->detail1});
     g_boxed_free(ATSPI_TYPE_EVENT, event);
 }
 
@@ -138,9 +142,9 @@ void ScreenReader::listen() {
     }
 }
 
-bool ScreenReader::was_told(std::string_view beginning, Politeness politeness) {
+std::ptrdiff_t ScreenReader::times_told(std::string_view beginning, Politeness politeness) {
     listen();
-    return std::ranges::any_of(told_, [&](const auto& each) {
+    return std::ranges::count_if(told_, [&](const auto& each) {
         return each.first.starts_with(beginning) && each.second == politeness;
     });
 }

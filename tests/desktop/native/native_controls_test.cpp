@@ -54,8 +54,8 @@ class NativeControlsTest : public DesktopTest {
                    .Font = {.Name = "Arial", .Bold = true},
                    .IsFlat = true}};
     ListBox List1{form, {.At = {3000, 100, 2000, 1500}}};
-    TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3}};
-    TextBox Text2{form, {.At = {100, 400, 1500, 300}}};
+    TextBox Text1{form, {.Text = "10", .At = {100, 100, 1500, 300}, .MaxLength = 3, .TabIndex = 2}};
+    TextBox Text2{form, {.At = {100, 400, 1500, 300}, .TabIndex = 1}};
     TextBox Text3{form, {.At = {2000, 400, 900, 300}, .LineBreaks = LineBreaks::nothing}};
     CommandButton Command1{form, {.Caption = "OK", .At = {100, 700, 900, 375}, .Default = true}};
     CommandButton Command2{form, {.Caption = "More", .At = {1200, 700, 900, 375}}};
@@ -157,6 +157,15 @@ TEST_F(NativeControlsTest, AClickIntoTheBoxKeepsTheSelectionThatGotFocusMade) {
     QTest::mouseClick(&entry, Qt::LeftButton, {}, inside);
     EXPECT_FALSE(entry.hasSelectedText());
     EXPECT_EQ(Text1.SelLength, 0);
+    for (const auto& [reason, count] :
+         {std::pair(Qt::PopupFocusReason, 1), std::pair(Qt::TabFocusReason, 2)}) {
+        QFocusEvent focus(QEvent::FocusIn, reason);
+        QApplication::sendEvent(&entry, &focus);
+        EXPECT_EQ(focused, count) << "a menu takes the keyboard for a while only";
+    }
+    widget(Text2).setFocus();
+    Text2.Visible = false;
+    EXPECT_TRUE(comes_true([&] { return focused == 3; })) << "the next box has the keyboard";
 }
 
 TEST_F(NativeControlsTest, TheCaretRestsUntilTheNextUse) {
@@ -223,6 +232,9 @@ TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
     Combo1.ListIndex = 1;
     let_loop_come_round();
     EXPECT_EQ(box.currentText(), "Beach");
+    Combo1.AddItem("Dune");
+    let_loop_come_round();
+    EXPECT_EQ(box.currentText(), "Beach");
     Combo1.ListIndex = 0;
     QTest::keyClick(&box, Qt::Key_Down);
     Combo1.Clear();
@@ -255,7 +267,13 @@ TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
     List1.ListIndex = 0;
     let_loop_come_round();
     EXPECT_EQ(list.currentIndex().row(), 0);
-    EXPECT_EQ(seen, (std::vector<short>{2, 2, 2, 2, 1, 0}));
+    List1.AddItem("Dune");
+    let_loop_come_round();
+    EXPECT_TRUE(list.selectionModel()->isRowSelected(0));
+    List1.ListIndex = -1;
+    let_loop_come_round();
+    EXPECT_FALSE(list.selectionModel()->hasSelection());
+    EXPECT_EQ(seen, (std::vector<short>{2, 2, 2, 2, 1, 0, -1}));
 }
 
 TEST_F(NativeControlsTest, ArrowsStepWithinTheirLimitsAndAreAValueToAScreenReader) {
@@ -287,6 +305,10 @@ TEST_F(NativeControlsTest, EnterPressesTheFocusedOrTheDefaultButtonAndAltTheAcce
     widget(Command2).setFocus();
     QTest::keyClick(&widget(Command2), Qt::Key_Return);
     EXPECT_EQ(clicks, 11);
+    Command1.Visible = false;
+    Text1.SetFocus();
+    QTest::keyClick(&widget(Text1), Qt::Key_Return);
+    EXPECT_EQ(clicks, 11) << "a hidden button is not pressed";
 }
 
 TEST_F(NativeControlsTest, ARingThatIsToldFromItsGroundLiesAroundTheWidgetWithTheKeyboard) {

@@ -35,16 +35,22 @@ class SmallForm : public Form {
     ListBox List1{*this, {.At = {2200, 300, 700, 900}}};
 };
 
+void set_up_screens(const std::string& changes) {
+    EXPECT_EQ(std::system(("xrandr " + changes).c_str()), 0) << changes;
+}
+
 /// Two screens of different size, side by side, in place of the virtual display's one.
 struct TwoScreens {
     TwoScreens() {
-        EXPECT_EQ(std::system("xrandr --setmonitor left 500/1x700/1+0+0 screen && "
-                              "xrandr --setmonitor right 400/1x600/1+500+0 none"),
-                  0);
+        set_up_screens("--setmonitor left 500/1x700/1+0+0 screen");
+        set_up_screens("--setmonitor right 400/1x600/1+500+0 none");
     }
     TwoScreens(const TwoScreens&) = delete;
     TwoScreens& operator=(const TwoScreens&) = delete;
-    ~TwoScreens() { EXPECT_EQ(std::system("xrandr --delmonitor left --delmonitor right"), 0); }
+    ~TwoScreens() {
+        for (const char* const screen : {"left", "right"})
+            std::system((std::string("xrandr --delmonitor ") + screen).c_str());
+    }
 };
 
 class TwoScreensTest : TwoScreens, public DesktopTest {};
@@ -67,6 +73,34 @@ TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
     cover.Hide();
     show(main);
     EXPECT_TRUE(comes_true([&] { return window(main).pos() == QPoint(550, 60); }));
+}
+
+TEST_F(TwoScreensTest, KeepTheMainWindowWithinReachWhenTheyMoveOrShrinkOrGo) {
+    Form main(runtime, {.Client = {3000, 1500}, .IsMainWindow = true});
+    show(main);
+    window(main).move(620, 420);
+    ASSERT_TRUE(comes_true([&] { return main.Left == 1800.0F && main.Top == 6300.0F; }));
+    const std::pair<std::string, QRect> none("--delmonitor left", {0, 0, 1280, 1024});
+    const std::vector<std::pair<std::string, QRect>> changes[] = {
+        {{"--delmonitor right", {0, 0, 500, 700}}},
+        {none, {"--setmonitor left 200/1x150/1+0+0 screen", {0, 0, 200, 150}}},
+        {none, {"--setmonitor left 400/1x300/1+300+200 screen", {300, 200, 400, 300}}},
+    };
+    for (const auto& steps : changes) {
+        main.Hide();
+        let_loop_come_round();
+        for (const auto& [step, screen] : steps) {
+            set_up_screens(step);
+            ASSERT_TRUE(comes_true([&screen = screen] {
+                return QGuiApplication::screens().size() == 1 &&
+                       QGuiApplication::primaryScreen()->geometry() == screen;
+            })) << step;
+        }
+        show(main);
+        EXPECT_TRUE(comes_true([&, screen = steps.back().second] {
+            return screen.contains(window(main).frameGeometry().center());
+        })) << steps.back().first;
+    }
 }
 
 class WindowTest : public DesktopTest {
@@ -198,14 +232,16 @@ TEST_F(WindowTest, HidesThePointerAtRestWhileItCoversTheScreenAndNothingIsOpen) 
 }
 
 TEST_F(WindowTest, StaysUntilItsSuccessorIsPaintedAndHearsNothingMeanwhile) {
-    int clicks = 0;
-    form.Command1.Click.connect([&] { ++clicks; });
+    int heard = 0;
+    form.Command1.Click.connect([&] { ++heard; });
+    form.QueryUnload.connect([&](short&, short) { ++heard; });
     Form successor(runtime, {.Client = {3000, 1500}});
     form.Hide();
     successor.Show();
     ASSERT_TRUE(window(form).isVisible());
     QTest::mouseClick(&widget(form.Command1), Qt::LeftButton);
-    EXPECT_EQ(clicks, 0);
+    window(form).close();
+    EXPECT_EQ(heard, 0);
     EXPECT_TRUE(comes_true([&] { return !window(form).isVisible(); }));
     EXPECT_EQ(window(form).windowIcon().availableSizes().size(), 8);
     EXPECT_EQ(window(successor).windowIcon().availableSizes().size(), 8);
