@@ -1,5 +1,4 @@
 #include "pipeline/blur.h"
-#include "support/literal_blur.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +10,26 @@ namespace lookfar::testing {
 namespace {
 
 using Buffer = std::vector<std::uint8_t>;
+
+/// The filter step by step, every access checked: what `blur` has to come to.
+void blur_literally(Buffer& bytes, int height, int stride) {
+    const long size = static_cast<long>(bytes.size());
+    const auto read = [&](long index) {
+        return index >= 0 && index < size ? int{bytes[static_cast<std::size_t>(index)]} : 0;
+    };
+    long position = stride + 3;
+    for (int pass = 1; pass <= height - 3; ++pass) {
+        for (int step = 0; step <= stride; ++step) {
+            ++position;
+            int sum = read(position - stride);
+            sum += read(position - 3);
+            sum += read(position + 3);
+            sum += read(position + stride);
+            if (position < size)
+                bytes[static_cast<std::size_t>(position)] = static_cast<std::uint8_t>(sum / 4);
+        }
+    }
+}
 
 void expect_its_steps(int height, int stride, int darkest = 0) {
     std::mt19937 random(static_cast<unsigned>(height * 10007 + stride));
