@@ -1,16 +1,11 @@
 #include "pictures/decode_pixels.h"
 #include "pipeline/blur.h"
 #include "runtime/failure.h"
-#include "support/pictures.h"
 #include "support/started.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <fstream>
-#include <functional>
 #include <malloc.h>
-#include <optional>
-#include <string>
 #include <sys/resource.h>
 #include <unistd.h>
 

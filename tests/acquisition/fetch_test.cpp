@@ -1,11 +1,6 @@
 #include "support/started.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <functional>
-#include <set>
 #include <tuple>
-#include <utility>
 
 namespace lookfar::testing {
 namespace {

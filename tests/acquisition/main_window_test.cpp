@@ -1,7 +1,5 @@
 #include "support/started.h"
 
-#include <set>
-
 namespace lookfar::testing {
 namespace {
 

@@ -1,7 +1,5 @@
 #include "support/started.h"
 
-#include <utility>
-
 namespace lookfar::testing {
 namespace {
 

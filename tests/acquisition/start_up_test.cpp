@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <fstream>
 #include <set>
-#include <utility>
 
 namespace lookfar::testing {
 namespace {

@@ -1,10 +1,6 @@
 #include "support/list_model.h"
 #include "support/started.h"
 
-#include <cerrno>
-#include <functional>
-#include <utility>
-
 namespace lookfar::testing {
 namespace {
 

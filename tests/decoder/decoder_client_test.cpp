@@ -8,12 +8,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <csignal>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 #include <utility>
 #include <vector>
 

@@ -15,13 +15,19 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPixmap>
+#include <QPointer>
 #include <QScreen>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lookfar::desktop {
 

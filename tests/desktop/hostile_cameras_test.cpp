@@ -7,11 +7,6 @@
 
 #include <sys/resource.h>
 
-#include <chrono>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 namespace lookfar::desktop {
 namespace {
 

@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include <atomic>
-#include <chrono>
 #include <thread>
 
 namespace lookfar::desktop {

@@ -1,10 +1,6 @@
 #include "support/started.h"
 
-#include <algorithm>
 #include <array>
-#include <functional>
-#include <set>
-#include <string>
 
 namespace lookfar::testing {
 namespace {

@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <climits>
-#include <string>
 #include <utility>
 
 namespace lookfar::testing {

@@ -1,9 +1,6 @@
 #include "pipeline/blur.h"
 #include "support/started.h"
 
-#include <utility>
-#include <vector>
-
 namespace lookfar::testing {
 namespace {
 

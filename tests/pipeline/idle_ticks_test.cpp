@@ -3,12 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <iterator>
-#include <optional>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace lookfar::testing {
 namespace {

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
-#include <vector>
 
 namespace lookfar::testing {
 namespace {

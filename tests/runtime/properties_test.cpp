@@ -6,7 +6,6 @@
 #include "runtime/controls/text_box.h"
 #include "runtime/controls/timer.h"
 #include "runtime/failure.h"
-#include "runtime/form.h"
 #include "runtime/runtime.h"
 #include "runtime/window.h"
 #include "support/pictures.h"

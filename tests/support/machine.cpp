@@ -1,7 +1,5 @@
 #include "support/machine.h"
 
-#include <utility>
-
 namespace lookfar::testing {
 
 Machine::Machine(int cameras, IdleTicks idle_ticks) : program(platform, idle_ticks) {

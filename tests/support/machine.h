@@ -9,9 +9,6 @@
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"
 
-#include <chrono>
-#include <string>
-
 namespace lookfar::testing {
 
 using std::chrono::milliseconds;

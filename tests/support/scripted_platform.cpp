@@ -3,9 +3,7 @@
 #include "pictures/decode_pixels.h"
 #include <algorithm>
 #include <cmath>
-#include <memory>
 #include <stdexcept>
-#include <utility>
 
 namespace lookfar::testing {
 

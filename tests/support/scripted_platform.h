@@ -7,13 +7,10 @@
 
 #include <chrono>
 #include <deque>
-#include <functional>
 #include <map>
 #include <optional>
-#include <string>
 #include <utility>
 #include <variant>
-#include <vector>
 
 namespace lookfar::testing {
 

@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cerrno>
+#include <set>
+
 namespace lookfar::testing {
 
 /// A test of a started program with so many cameras.

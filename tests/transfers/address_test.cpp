@@ -2,8 +2,6 @@
 
 #include "transfers/address.h"
 
-#include <utility>
-
 namespace lookfar {
 namespace {
 

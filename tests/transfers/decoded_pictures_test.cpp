@@ -6,7 +6,6 @@
 #include "transfers/transfers_fixture.h"
 
 #include <algorithm>
-#include <string>
 
 namespace lookfar {
 namespace {

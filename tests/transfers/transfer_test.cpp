@@ -3,8 +3,6 @@
 #include "demo/stream.h"
 #include "transfers/limits.h"
 
-#include <vector>
-
 namespace lookfar {
 namespace {
 

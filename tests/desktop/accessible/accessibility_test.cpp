@@ -4,9 +4,6 @@
 #include "runtime/controls/text_box.h"
 
 #include <QAccessible>
-#include <QPointer>
-
-#include <optional>
 
 namespace lookfar::desktop {
 namespace {

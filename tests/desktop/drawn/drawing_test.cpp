@@ -9,9 +9,7 @@
 
 #include <QPainter>
 
-#include <algorithm>
 #include <tuple>
-#include <utility>
 
 namespace lookfar::desktop {
 namespace {

@@ -8,9 +8,6 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
-#include <utility>
-#include <vector>
-
 namespace lookfar::desktop {
 namespace {
 

@@ -1,7 +1,5 @@
 #include "desktop/driven/driven_test.h"
 
-#include <filesystem>
-
 namespace lookfar::driven {
 namespace {
 

@@ -1,11 +1,7 @@
 #include "desktop/driven/driven_test.h"
 
-#include <csignal>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <set>
-#include <string>
 #include <unistd.h>
 
 namespace lookfar::driven {

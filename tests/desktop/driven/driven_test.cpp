@@ -5,10 +5,6 @@
 #include <QPixmap>
 #include <QScreen>
 
-#include <algorithm>
-#include <cstdlib>
-#include <stdexcept>
-
 namespace lookfar::driven {
 
 demo::Responder showing(const QColor& colour) {

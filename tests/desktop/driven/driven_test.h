@@ -14,13 +14,17 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
 #include <functional>
 #include <future>
 #include <map>
 #include <optional>
-#include <string>
-#include <vector>
+#include <set>
+#include <stdexcept>
 
 namespace lookfar::driven {
 

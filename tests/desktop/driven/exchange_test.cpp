@@ -9,8 +9,6 @@
 #include <QTimer>
 #include <QUrl>
 
-#include <chrono>
-#include <csignal>
 #include <variant>
 
 namespace lookfar::driven {

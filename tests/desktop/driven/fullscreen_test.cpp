@@ -4,13 +4,8 @@
 
 #include <xcb/xcb.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <set>
 #include <thread>
-#include <vector>
 
 namespace lookfar::driven {
 namespace {

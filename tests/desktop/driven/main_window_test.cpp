@@ -1,7 +1,5 @@
 #include "desktop/driven/driven_test.h"
 
-#include <csignal>
-#include <set>
 #include <sys/types.h>
 
 namespace lookfar::driven {

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
-#include <utility>
 
 namespace lookfar::driven {
 

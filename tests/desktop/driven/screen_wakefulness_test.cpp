@@ -5,8 +5,6 @@
 #include <QDBusObjectPath>
 #include <QDBusVirtualObject>
 
-#include <csignal>
-
 namespace lookfar::driven {
 namespace {
 

@@ -5,11 +5,6 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 
-#include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-
 namespace lookfar::driven {
 namespace {
 

@@ -19,11 +19,6 @@
 #include <QTimer>
 #include <QToolButton>
 
-#include <algorithm>
-#include <array>
-#include <utility>
-#include <vector>
-
 namespace lookfar::desktop {
 namespace {
 

@@ -12,11 +12,8 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
-#include <QPointer>
-#include <QScreen>
 #include <QTimer>
 
-#include <chrono>
 #include <cstdlib>
 #include <thread>
 

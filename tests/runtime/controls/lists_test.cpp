@@ -1,12 +1,9 @@
 #include "runtime/controls/lists.h"
 #include "runtime/failure.h"
-#include "runtime/form.h"
 #include "runtime/runtime.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
-
-#include <string>
 
 namespace lookfar::testing {
 namespace {

@@ -14,7 +14,6 @@
 #include <tuple>
 #include <unistd.h>
 #include <utility>
-#include <vector>
 
 namespace lookfar::testing {
 namespace {
