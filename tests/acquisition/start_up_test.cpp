@@ -9,16 +9,6 @@
 namespace lookfar::testing {
 namespace {
 
-TEST(StartUp, MakesTheListInAnEmptyFolderAndFetchesItsOneCamera) {
-    Machine machine(0);
-    machine.start();
-    EXPECT_EQ(machine.Form2->Combo1.Text.get(), "Eiffeltower");
-    EXPECT_EQ(machine.Form2->Label1.Caption.get(), "Eiffeltower");
-    EXPECT_EQ(machine.platform.requests,
-              std::vector<std::string>{"http://" LOOKFAR_DEFAULT_CAMERA_HOST
-                                       "/eiffel1.jpg?1011467343523"});
-}
-
 TEST(StartUp, DrawsEveryCamera) {
     std::set<std::string> drawn;
     for (int second = 0; second < 60; ++second) {

@@ -8,9 +8,6 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include <atomic>
-#include <thread>
-
 namespace lookfar::desktop {
 namespace {
 
@@ -36,23 +33,6 @@ class MessageLoopTest : public DesktopTest {
     Window<LoopForm> slot{runtime, [this] { return std::make_unique<LoopForm>(runtime); }};
     LoopForm& form = *slot;
 };
-
-TEST_F(MessageLoopTest, WorkPostedFromAnotherThreadWakesAWaitingHandler) {
-    form.Timer1.Enabled = false;
-    std::atomic<bool> is_waiting = false;
-    std::thread::id ran_on;
-    std::thread poster([&] {
-        is_waiting.wait(false);
-        platform.mailbox().post([&] { ran_on = std::this_thread::get_id(); });
-    });
-    platform.wait_until([&] {
-        is_waiting = true;
-        is_waiting.notify_all();
-        return ran_on != std::thread::id();
-    });
-    poster.join();
-    EXPECT_EQ(ran_on, std::this_thread::get_id());
-}
 
 TEST_F(MessageLoopTest, DeliverPendingRunsWhatWasPostedOrIsDueAndReturns) {
     int runs = 0;

@@ -123,10 +123,6 @@ TEST(Pictures, LoseThePngTextsAndNothingElse) {
     }
 }
 
-DecodedBodyReference decoded(const Bytes& body, const std::string& complaint = "") {
-    return decoded_body(body, decoded_picture(body), complaint);
-}
-
 PictureReference load(const DecodedBodyReference& body, const Bytes& file) {
     const TemporaryFolder folder;
     write_file("picture", {file.begin(), file.end()});
@@ -135,7 +131,7 @@ PictureReference load(const DecodedBodyReference& body, const Bytes& file) {
 
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     Bytes file = picture_file(40, 30);
-    const auto body = decoded(file);
+    const auto body = decoded_body(file, decoded_picture(file), "");
     const Bytes tail = detailed_jpeg(100, 100);
     file.insert(file.end(), tail.begin() + 500, tail.end());
     EXPECT_EQ(decode_pixels(file).width, 40) << "a picture ends where it ends";
@@ -155,25 +151,6 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     }
     EXPECT_EQ(load(body, file)->bytes()[0], raw);
     EXPECT_THROW(load(body, picture_file(41, 30)), Failure) << "another program's picture";
-}
-
-TEST(Pictures, InAnUnknownFormatFailWithTheComplaintAboutTheirAnswer) {
-    const Bytes jpeg = detailed_jpeg(64, 48);
-    const Bytes half(jpeg.begin(), jpeg.begin() + static_cast<long>(jpeg.size() / 2));
-    const struct {
-        Bytes body;
-        std::string complaint;
-        std::string failure;
-    } cases[] = {
-        {bytes_of("<p>"), "404", "404"},
-        {bytes_of("<p>"), "503", "503"},
-        {{}, "empty", "empty"},
-        {half, "404", "The picture ends too early."},
-    };
-    for (const auto& [body, complaint, failure] : cases) {
-        EXPECT_EQ(std::get<Failure>(decoded(body, complaint)->picture).Description, failure);
-    }
-    EXPECT_THROW(load(decoded(half), jpeg), Failure) << "the half is refused, whatever follows it";
 }
 
 /// A picture of 32 x 16 pixels with a white corner and an orientation mark.

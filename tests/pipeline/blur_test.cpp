@@ -56,18 +56,5 @@ TEST(Blur, EqualsItsStepsOnBuffersOfAllShapes) {
     expect_its_steps(60, 400, 253);
 }
 
-TEST(Blur, SmearsABrightByteAsWorkedOutByHand) {
-    Buffer bytes(72, 0);
-    bytes[31] = 200;
-    blur(bytes, bytes, 6, 12);
-    Buffer expected(72, 0);
-    const std::pair<std::size_t, std::uint8_t> changed[] = {{19, 50}, {22, 12}, {25, 3}, {28, 50},
-                                                            {31, 25}, {34, 9},  {37, 3}, {40, 13},
-                                                            {43, 9},  {46, 4},  {49, 1}, {52, 3}};
-    for (const auto& [index, value] : changed)
-        expected[index] = value;
-    EXPECT_EQ(bytes, expected);
-}
-
 } // namespace
 } // namespace lookfar::testing

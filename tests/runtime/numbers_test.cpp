@@ -1,13 +1,13 @@
 #include "runtime/failure.h"
 #include "runtime/numbers.h"
 #include "runtime/random.h"
-#include "runtime/runtime.h"
-#include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace lookfar::testing {
 namespace {
@@ -48,13 +48,6 @@ TEST(Numbers, RoundHalvesToTheEvenNeighbourAndRefuseWhatDoesNotFit) {
     EXPECT_THROW(round_to_long(std::nan("")), Failure);
 }
 
-TEST(Numbers, AreWrittenWithAndWithoutALeadingBlank) {
-    EXPECT_EQ(number_text(1.5), "1.5");
-    EXPECT_EQ(number_text(-3), "-3");
-    EXPECT_EQ(number_text_with_blank(0), " 0");
-    EXPECT_EQ(number_text_with_blank(-3), "-3");
-}
-
 TEST(Numbers, ThatAreRandomLieBelowOneAndRepeatWithTheirSeed) {
     RandomNumbers random;
     random.Randomize(43200.5F);
@@ -68,17 +61,6 @@ TEST(Numbers, ThatAreRandomLieBelowOneAndRepeatWithTheirSeed) {
     EXPECT_EQ(random.Rnd(), first);
     random.Randomize(43201.5F);
     EXPECT_NE(random.Rnd(), first);
-}
-
-TEST(Clocks, TellTheTimeOfDay) {
-    ScriptedPlatform platform;
-    Runtime runtime(platform);
-    using namespace std::chrono;
-    platform.set_time_of_day(hours(9) + minutes(5) + seconds(7) + milliseconds(999));
-    EXPECT_EQ(runtime.TimeOfDay(), "09:05:07");
-    EXPECT_FLOAT_EQ(runtime.SecondsSinceMidnight(), 32707.999F);
-    platform.set_time_of_day({});
-    EXPECT_EQ(runtime.TimeOfDay(), "00:00:00");
 }
 
 } // namespace

@@ -65,10 +65,5 @@ TEST_F(DecodedPictures, ArriveWhileTheOnesBeforeAreChangedAndLetGo) {
     }
 }
 
-TEST_F(DecodedPictures, FailWithTheWordsOfTheCamerasAnswer) {
-    server.answer("/gone", always(404, "<html>"));
-    EXPECT_EQ(text_at("/gone"), "The camera answered 404 Not Found.");
-}
-
 } // namespace
 } // namespace lookfar

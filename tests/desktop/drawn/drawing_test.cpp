@@ -223,12 +223,13 @@ TEST_F(DrawingTest, AnAutoSizeLabelHoldsItsWholeCaptionOnItsLines) {
 
 TEST_F(DrawingTest, AWrappedCaptionBreaksAtLineFeedsAndInAWordThatIsTooLong) {
     Form form(runtime, black_form);
-    Label label(form, {.Caption = "i",
-                       .At = {150, 150, 900, 15},
+    Label label(form, {.At = {150, 150, 900, 15},
                        .Back = BackStyle::transparent,
                        .ForeColor = colour::white,
                        .Sizing = LabelSizing::downwards});
     show(form);
+    label.Caption = std::string("i");
+    let_loop_come_round();
     const int line = lit_rectangle(pixels(form)).height();
     for (const char* const caption : {"i\ni", "iiiiiiiiiiiiiiiiiiiiiiiiiiiiiiii"}) {
         label.Caption = std::string(caption);

@@ -50,6 +50,8 @@ TEST(GivenAddress, IsOneLineOfTheWebOrALinkWithItsTitle) {
                   {"text/x-moz-url", utf16 + '\0', "http://a/ Old Quay\u00e9"},
                   {"text/x-moz-url", utf16 + utf16, "nothing"},
                   {"_NETSCAPE_URL", link.toUtf8(), "http://a/ Old Quay\u00e9"},
+                  {"_NETSCAPE_URL", "http://a/\nOld\nQuay", "nothing"},
+                  {"_NETSCAPE_URL", "http://a/" + QByteArray(8192, 'a'), "nothing"},
                   {"_NETSCAPE_URL", "http://a/\n", "http://a/ "}};
     for (const auto& [format, bytes, expected] : titled) {
         QMimeData data;

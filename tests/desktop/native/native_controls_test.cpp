@@ -1,5 +1,6 @@
 #include "desktop/desktop_fixture.h"
 
+#include "desktop/native/hint.h"
 #include "desktop/style/colours.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
@@ -85,7 +86,9 @@ TEST_F(NativeControlsTest, TheKeyComesBeforeItsEffectAndAfterTheModelsValues) {
     QTest::keyClick(&entry, Qt::Key_8);
     QTest::keyClick(&entry, Qt::Key_Up, Qt::ShiftModifier);
     QTest::keyClick(&entry, Qt::Key_Down);
-    EXPECT_EQ(seen, (std::vector<std::string>{"56/0/7", "16/1/78", "38/1/78", "40/0/78"}));
+    QTest::keyClick(&entry, Qt::Key_F5, Qt::AltModifier);
+    EXPECT_EQ(seen, (std::vector<std::string>{"56/0/7", "16/1/78", "38/1/78", "40/0/78", "18/4/78",
+                                              "116/4/78"}));
     EXPECT_EQ(Text1.Text, std::string("78"));
 }
 
@@ -200,19 +203,6 @@ TEST_F(NativeControlsTest, BytesAreShownAsUtf8OrElseAsWindows1252) {
     EXPECT_EQ(Text1.Text, std::string("\xC3\xBC"));
 }
 
-TEST_F(NativeControlsTest, CheckBoxesTellAndTakeTheirValueOnce) {
-    int clicks = 0;
-    Check1.Click.connect([&] { ++clicks; });
-    auto& box = widget<QCheckBox>(Check1);
-    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(6, box.height() / 2));
-    EXPECT_EQ(Check1.Value, 1);
-    EXPECT_EQ(clicks, 1);
-    Check1.Value = 0;
-    let_loop_come_round();
-    EXPECT_FALSE(box.isChecked());
-    EXPECT_EQ(clicks, 2);
-}
-
 TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
     auto& box = widget<QComboBox>(Combo1);
     auto& list = widget<QListView>(List1);
@@ -244,7 +234,13 @@ TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
     EXPECT_EQ(box.currentIndex(), brim - 1);
     EXPECT_EQ(std::exchange(seen, {}), (std::vector<short>{1, 0, 1, brim - 1}));
 
-    list.setFocus();
+    int deletions = 0;
+    List1.DeleteKey.connect([&] { ++deletions; });
+    for (QWidget* const widget : {static_cast<QWidget*>(&box), static_cast<QWidget*>(&list)}) {
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_Delete);
+    }
+    EXPECT_EQ(deletions, 1) << "only of what has the keyboard";
     let_loop_come_round();
     EXPECT_EQ(List1.ListIndex, -1);
     const QPoint third = list.visualRect(list.model()->index(2, 0)).center();
@@ -274,6 +270,7 @@ TEST_F(NativeControlsTest, ListsAreNamedAndTellAndTakeTheirSelectionOnce) {
 TEST_F(NativeControlsTest, ArrowsStepWithinTheirLimitsAndAreAValueToAScreenReader) {
     const auto buttons = widget(UpDown1).findChildren<QToolButton*>();
     ASSERT_EQ(buttons.size(), 2);
+    EXPECT_TRUE(buttons.at(0)->autoRepeat());
     for (int count = 0; count < 3; ++count)
         QTest::mouseClick(buttons.at(0), Qt::LeftButton);
     EXPECT_EQ(UpDown1.Value, 10);
@@ -304,6 +301,20 @@ TEST_F(NativeControlsTest, EnterPressesTheFocusedOrTheDefaultButtonAndAltTheAcce
     Text1.SetFocus();
     QTest::keyClick(&widget(Text1), Qt::Key_Return);
     EXPECT_EQ(clicks, 11) << "a hidden button is not pressed";
+}
+
+TEST_F(NativeControlsTest, AHintLiesInTheWindowTellsItsReasonAndTakesThePlaceOfTheOneBefore) {
+    Text2.Top = 4700;
+    for (const char* const reason : {"The first reason", "The second one"}) {
+        Text2.ShowHint(std::string(300, 'x') + reason);
+        std::vector<Hint*> hints;
+        for (auto* const child : window(form).findChildren<QWidget*>())
+            if (auto* const hint = dynamic_cast<Hint*>(child); hint && hint->isVisible())
+                hints.push_back(hint);
+        ASSERT_EQ(hints.size(), 1U);
+        EXPECT_TRUE(hints[0]->text().endsWith(reason));
+        EXPECT_TRUE(window(form).rect().contains(hints[0]->geometry()));
+    }
 }
 
 TEST_F(NativeControlsTest, ARingThatIsToldFromItsGroundLiesAroundTheWidgetWithTheKeyboard) {
