@@ -38,13 +38,7 @@ void check(std::span<const std::uint8_t> bytes) {
         expect(!failure->Description.empty(), "a refusal has a reason");
         return;
     }
-    const Picture picture(std::get<Pixels>(decoded));
-    check_order(picture);
-    Picture again(std::get<Pixels>(decoded));
-    expect(again.bytes().data() == picture.bytes().data(), "the same picture shares its pixels");
-    again.rewrite(
-        [](auto old_bytes, auto new_bytes) { new_bytes.front() = old_bytes.front() ^ 0xFFU; });
-    expect(again.bytes().front() != picture.bytes().front(), "an edit reaches one picture");
+    check_order(Picture(std::get<Pixels>(decoded)));
 }
 
 } // namespace

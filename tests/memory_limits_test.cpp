@@ -1,4 +1,3 @@
-#include "pictures/decode_pixels.h"
 #include "pipeline/blur.h"
 #include "runtime/failure.h"
 #include "support/started.h"

@@ -27,14 +27,5 @@ TEST(Resources, HoldTheIconInEverySizeWithTransparentCorners) {
     EXPECT_THROW(resources::icon(20), std::out_of_range);
 }
 
-TEST(Resources, HoldTheTestCardAndTheSplashPicture) {
-    const Pixels card = decode_pixels(resources::test_card());
-    EXPECT_EQ(std::pair(card.width, card.height), std::pair(540, 405));
-    const Pixels splash = decode_pixels(resources::splash());
-    EXPECT_EQ(std::pair(splash.width, splash.height), std::pair(320, 240));
-    const auto row_of_the_text = splash.bytes.get() + std::ptrdiff_t{176} * splash.stride;
-    EXPECT_EQ(std::count(row_of_the_text, row_of_the_text + 960, 255), 960);
-}
-
 } // namespace
 } // namespace lookfar::testing

@@ -138,13 +138,5 @@ TEST_F(Shutdown, DeletesThePictureFileAndEndsOnTheSpot) {
     EXPECT_THROW(Form1->request_close(), ProgramEnded) << "without the file too";
 }
 
-TEST_F(Shutdown, DoesNotWaitForAFetch) {
-    platform.after(seconds(1), [&] { Form1->request_close(); });
-    const Instant before = platform.now();
-    EXPECT_THROW(refresh_with(picture_file(32, 24), seconds(50)), ProgramEnded);
-    EXPECT_EQ(platform.now() - before, seconds(1));
-    EXPECT_EQ(platform.abandoned_transfers, 1);
-}
-
 } // namespace
 } // namespace lookfar::testing

@@ -1,7 +1,6 @@
 #include "catalogue/list_file.h"
 #include "catalogue/selector_lists.h"
 #include "runtime/controls/lists.h"
-#include "runtime/runtime.h"
 #include "support/list_model.h"
 #include "support/scripted_platform.h"
 #include "support/temporary_folder.h"

@@ -126,21 +126,6 @@ TEST_F(Rewrite, MakesOfAListWhatAPlainModelMakesOfIt) {
     }
 }
 
-TEST_F(Rewrite, LeavesRecordsOutAndPutsThemInTheirPlace) {
-    const std::string two_cameras = "a\r\nua\r\nb\r\nub\r\n";
-    EXPECT_EQ(after("A\r\nua\r\n\r\na\r\n1\r\nb\ra\ra\r2", {.removes = true}),
-              "A\r\nua\r\nb\r\na\r\n")
-        << "every one; case counts; URL lines are no titles";
-    EXPECT_EQ(after("b\rub", {}), "b\r\nub\r\nnew\r\nunew\r\n");
-    EXPECT_EQ(after(two_cameras, {.replaced_title = "a"}), "new\r\nunew\r\nb\r\nub\r\n");
-    EXPECT_EQ(after("new\r\n1\r\nnew\r\n2\r\n", {}), "new\r\nunew\r\nnew\r\n2\r\n");
-    EXPECT_EQ(questions, 1) << "asked once; the later record is copied";
-    EXPECT_EQ(after("a\r\nua\r\nb", {.removes = true}), "b\r\n") << "a title without a URL stays";
-    EXPECT_EQ(after("b\r\nub\r\na", {.removes = true}), "b\r\nub\r\n");
-    EXPECT_EQ(after("b", {}), "b\r\n\r\nnew\r\nunew\r\n") << "and takes no other's title for it";
-    EXPECT_FALSE(exists("C1.DAT"));
-}
-
 TEST_F(Rewrite, SavesIntoAListThatIsMissing) {
     EXPECT_EQ(make({}), ChangeOutcome::done);
     EXPECT_EQ(content_of("Cams.inf"), "\r\nnew\r\nunew\r\n");

@@ -1,5 +1,5 @@
 // A decoder that lies, or does worse. It is started by a link, and how it lies is the name of what
-// that link leads to.
+// that link leads to. Started by its own name, it tells all lies that begin with a good greeting.
 #include "decoder/channel.h"
 #include "decoder/memory_file.h"
 #include "decoder/messages.h"
@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iostream>
 #include <map>
 #include <string>
 #include <sys/mman.h>
@@ -113,6 +114,11 @@ const std::map<std::string, std::function<void()>> lies{
 
 int main(int, char** arguments) {
     const std::filesystem::path link(arguments[0]);
+    if (!std::filesystem::is_symlink(link)) {
+        for (const auto& [lie, deed] : lies)
+            std::cout << lie << '\n';
+        return 0;
+    }
     const std::string lie = std::filesystem::read_symlink(link).filename();
     std::ofstream(link.parent_path() / "starts", std::ios::app) << '.';
     if (lie == "dead at once")

@@ -7,16 +7,24 @@
 #include "desktop/window/windows.h"
 #include "pictures/decode_pixels.h"
 #include "resources/resources.h"
-#include "runtime/controls/control.h"
+#include "runtime/controls/bars.h"
+#include "runtime/controls/buttons.h"
+#include "runtime/controls/label.h"
+#include "runtime/controls/lists.h"
+#include "runtime/controls/text_box.h"
 #include "runtime/form.h"
 #include "runtime/runtime.h"
 
 #include <QApplication>
 #include <QBuffer>
 #include <QImage>
+#include <QLineEdit>
+#include <QListView>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QPointer>
 #include <QScreen>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 

@@ -6,7 +6,6 @@
 #include "runtime/window.h"
 
 #include <QMessageBox>
-#include <QTimer>
 
 namespace lookfar::desktop {
 namespace {
@@ -88,10 +87,12 @@ TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosedAndLetTicksComeEvenInAT
 
 TEST_F(MessageLoopTest, APopupMenuBlocksNothingAndDeliversItsEntry) {
     show(form);
+    QCursor::setPos(window(form).geometry().bottomRight() + QPoint(200, 200));
     form.MenuKey.connect([&] { form.PopupMenu(form.Menu, &form.Pick); });
     QTest::keyClick(&window(form), Qt::Key_F10, Qt::ShiftModifier);
     QMenu* const menu = window(form).popup_menu();
     ASSERT_TRUE(comes_true([&] { return menu->isVisible(); }));
+    EXPECT_EQ(menu->pos(), window(form).geometry().center()) << "not where the pointer is";
     ASSERT_EQ(menu->actions().size(), 3);
     EXPECT_TRUE(menu->actions().at(1)->isSeparator());
     EXPECT_EQ(menu->defaultAction(), menu->actions().at(2));

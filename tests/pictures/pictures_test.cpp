@@ -1,4 +1,3 @@
-#include "pictures/decode_pixels.h"
 #include "pictures/jpeg_decoder.h"
 #include "pictures/png_chunks.h"
 #include "pictures/readable_pictures.h"

@@ -1,4 +1,3 @@
-#include "pictures/decode_pixels.h"
 #include "runtime/controls/bars.h"
 #include "runtime/controls/buttons.h"
 #include "runtime/controls/images.h"
@@ -6,7 +5,6 @@
 #include "runtime/controls/text_box.h"
 #include "runtime/controls/timer.h"
 #include "runtime/failure.h"
-#include "runtime/runtime.h"
 #include "runtime/window.h"
 #include "support/pictures.h"
 #include "support/scripted_platform.h"

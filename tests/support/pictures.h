@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pictures/decode_pixels.h"
 #include "runtime/bytes.h"
 
 #include <cstdint>

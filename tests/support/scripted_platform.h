@@ -2,6 +2,7 @@
 
 #include "runtime/form.h"
 #include "runtime/platform.h"
+#include "runtime/runtime.h"
 #include "runtime/window_system.h"
 #include "support/faulty_disk.h"
 

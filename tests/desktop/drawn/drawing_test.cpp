@@ -3,7 +3,6 @@
 #include "desktop/style/colours.h"
 #include "desktop/style/fonts.h"
 #include "runtime/controls/images.h"
-#include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
 #include "support/pictures.h"
 
@@ -241,14 +240,16 @@ TEST_F(DrawingTest, AWrappedCaptionBreaksAtLineFeedsAndInAWordThatIsTooLong) {
 }
 
 TEST_F(DrawingTest, LettersThatHangOutOfTheirLabelAreShownWholeAndLeaveNothingBehind) {
+    const Font font{.Name = "Arial Black", .Size = 27.75F, .Italic = true};
+    const float width = measure_text("jay", font).Width;
     QRect ink;
     for (const LabelSizing sizing : {LabelSizing::as_designed, LabelSizing::to_caption}) {
         Form form(runtime, black_form);
         Label label(form, {.Caption = "jay",
-                           .At = {600, 600, 2100, 900},
+                           .At = {600, 600, width, 900},
                            .Back = BackStyle::transparent,
                            .ForeColor = colour::white,
-                           .Font = {.Name = "Arial Black", .Size = 27.75F, .Italic = true},
+                           .Font = font,
                            .Sizing = sizing});
         show(form);
         const QRect now = lit_rectangle(pixels(form));

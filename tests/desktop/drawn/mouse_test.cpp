@@ -1,11 +1,9 @@
 #include "desktop/desktop_fixture.h"
 
 #include "runtime/controls/images.h"
-#include "runtime/controls/label.h"
 #include "runtime/controls/shapes.h"
 
 #include <QHelpEvent>
-#include <QMouseEvent>
 #include <QToolTip>
 
 namespace lookfar::desktop {

@@ -44,7 +44,13 @@ TEST_F(ErrorDisplay, StandsInBothWindowsAndIsToldAtOnceUntilTheCameraIsBack) {
     EXPECT_TRUE(comes_to_read(title::main_window, "label 'Error #7"));
     EXPECT_TRUE(stops_reading(title::main_window, "image 'Camera picture: Harbour'"));
     EXPECT_TRUE(comes_to_show(edge, colour::black));
-    EXPECT_EQ(reader.times_told(error, Politeness::interrupts), 1);
+    reader.forget();
+    hands.double_click(edge);
+    ASSERT_TRUE(comes_up(title::fullscreen_window));
+    EXPECT_TRUE(comes_to_read(title::fullscreen_window, std::string("label '") + error));
+    EXPECT_FALSE(reader.was_told(error, Politeness::interrupts)) << "what it has told already";
+    hands.double_click(place(title::fullscreen_window, test_card).center());
+    ASSERT_TRUE(comes_up(title::main_window));
     reader.forget();
     cameras.emplace(port);
     cameras->answer("/Harbour", showing(colour::green));

@@ -53,25 +53,5 @@ TEST_F(MainWindow, LivesThroughAStormOfPressesOnAStalledDesktop) {
     expect_good_end();
 }
 
-TEST_F(MainWindow, HopsAmongTheCamerasWhileItsBoxIsTicked) {
-    start({"Harbour", "Quay", "Tower"});
-    fill_in(title::main_window, "Seconds until Refresh", "1");
-    fill_in(title::main_window, "Seconds until the camera changes", "1");
-    click(title::main_window, "check box 'Change every");
-    std::set<std::string> seen;
-    EXPECT_TRUE(comes_true([&] {
-        seen.insert(selected_camera());
-        return seen.size() == colour_of.size();
-    })) << "every camera has its turn";
-
-    click(title::main_window, "check box 'Change every");
-    EXPECT_TRUE(stops_being(State::checked, title::main_window, "check box 'Change every"));
-    const std::string left = selected_camera();
-    const auto before = cameras->requests("/" + left);
-    EXPECT_TRUE(comes_true([&] { return cameras->requests("/" + left) >= before + 3; }));
-    EXPECT_EQ(selected_camera(), left) << "the camera stays";
-    EXPECT_TRUE(comes_to_show(picture(), colour_of.at(left)));
-}
-
 } // namespace
 } // namespace lookfar::driven

@@ -141,9 +141,9 @@ void ScreenReader::listen() {
     }
 }
 
-std::ptrdiff_t ScreenReader::times_told(std::string_view beginning, Politeness politeness) {
+bool ScreenReader::was_told(std::string_view beginning, Politeness politeness) {
     listen();
-    return std::ranges::count_if(told_, [&](const auto& each) {
+    return std::ranges::any_of(told_, [&](const auto& each) {
         return each.first.starts_with(beginning) && each.second == politeness;
     });
 }

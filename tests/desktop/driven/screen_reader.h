@@ -68,11 +68,8 @@ class ScreenReader {
     /// The windows and boxes of the process.
     std::vector<Element> windows_of(qint64 process) const;
 
-    /// How often a text that begins so was told since the last `forget`.
-    std::ptrdiff_t times_told(std::string_view beginning, Politeness politeness);
-    bool was_told(std::string_view beginning, Politeness politeness) {
-        return times_told(beginning, politeness) > 0;
-    }
+    /// Whether a text that begins so was told since the last `forget`.
+    bool was_told(std::string_view beginning, Politeness politeness);
     /// Whether such a part was in any of them, or in a change of an input field, or in a change of
     /// state, such as "state-changed:showing 0".
     bool heard(std::string_view part);

@@ -2,10 +2,6 @@
 
 #include "desktop/native/hint.h"
 #include "desktop/style/colours.h"
-#include "runtime/controls/bars.h"
-#include "runtime/controls/buttons.h"
-#include "runtime/controls/lists.h"
-#include "runtime/controls/text_box.h"
 
 #include <QAccessible>
 #include <QCheckBox>
@@ -13,11 +9,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QTimer>
 #include <QToolButton>
 
 namespace lookfar::desktop {
@@ -54,7 +46,8 @@ class NativeControlsTest : public DesktopTest {
     TextBox Text2{form, {.At = {100, 400, 1500, 300}, .TabIndex = 1}};
     TextBox Text3{form, {.At = {2000, 400, 900, 300}, .LineBreaks = LineBreaks::nothing}};
     CommandButton Command1{form, {.Caption = "OK", .At = {100, 700, 900, 375}, .Default = true}};
-    CommandButton Command2{form, {.Caption = "More", .At = {1200, 700, 900, 375}}};
+    CommandButton Command2{
+        form, {.Caption = "More", .At = {1200, 700, 900, 375}, .ToolTipText = "More of it"}};
     StatusBar StatusBar1{form, {.At = {0, 4700, 1500, 300}}};
 };
 
@@ -294,6 +287,7 @@ TEST_F(NativeControlsTest, EnterPressesTheFocusedOrTheDefaultButtonAndAltTheAcce
     QTest::keyClick(&window(form), Qt::Key_T, Qt::AltModifier);
     EXPECT_TRUE(comes_true([&] { return Check1.Value == 1; }));
     EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(widget(Command2).toolTip(), "More of it");
     widget(Command2).setFocus();
     QTest::keyClick(&widget(Command2), Qt::Key_Return);
     EXPECT_EQ(clicks, 11);

@@ -1,22 +1,13 @@
 #include "desktop/desktop_fixture.h"
 
 #include "desktop/style/geometry.h"
-#include "runtime/controls/bars.h"
-#include "runtime/controls/buttons.h"
-#include "runtime/controls/label.h"
-#include "runtime/controls/lists.h"
-#include "runtime/controls/text_box.h"
 #include "runtime/window.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
 #include <QDropEvent>
-#include <QLineEdit>
-#include <QListView>
 #include <QMimeData>
-#include <QMouseEvent>
-#include <QTimer>
 
 #include <cstdlib>
 #include <thread>

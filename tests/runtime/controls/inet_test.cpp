@@ -1,5 +1,4 @@
 #include "runtime/controls/inet.h"
-#include "runtime/runtime.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 #include "runtime/controls/lists.h"
 #include "runtime/failure.h"
-#include "runtime/runtime.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
