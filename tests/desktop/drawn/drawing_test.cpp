@@ -267,6 +267,23 @@ TEST_F(DrawingTest, LettersThatHangOutOfTheirLabelAreShownWholeAndLeaveNothingBe
     }
 }
 
+TEST_F(DrawingTest, AnArrowPointsItsWay) {
+    for (const auto& [symbol, points_left] : {std::pair("3", true), std::pair("4", false)}) {
+        Form form(runtime, black_form);
+        const Label arrow(form, {.Caption = symbol,
+                                 .At = {0, 0, 3000, 3000},
+                                 .BackColor = colour::black,
+                                 .ForeColor = colour::white,
+                                 .Font = {.Name = "Webdings", .Size = 72}});
+        show(form);
+        QRect half = lit_rectangle(pixels(form));
+        half.setWidth(half.width() / 2);
+        const int left = count_of(Qt::white, pixels(form).copy(half));
+        half.translate(half.width(), 0);
+        EXPECT_EQ(left < count_of(Qt::white, pixels(form).copy(half)), points_left) << symbol;
+    }
+}
+
 TEST_F(DrawingTest, AllTurnsOfATextOfFixedPitchAreOfOneWidth) {
     const Font font{.Name = "Courier New", .Bold = true};
     std::string text = "Loading...  ";
