@@ -22,12 +22,12 @@ QByteArray setting(const char* name) {
     std::_Exit(EXIT_FAILURE);
 }
 
-/// What the toolkit says of its search for a display would only stand in the way of that line.
+/// What Qt says of its search for a display would only stand in the way of that line.
 bool is_of_the_search(const QMessageLogContext& context) {
     return context.category && std::string_view(context.category).starts_with("qt.qpa");
 }
 
-void take_message(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+void handle_message(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (type == QtFatalMsg)
         end_without_display();
     if (!is_of_the_search(context))
@@ -37,7 +37,7 @@ void take_message(QtMsgType type, const QMessageLogContext& context, const QStri
 } // namespace
 
 DisplayRequired::DisplayRequired() {
-    qInstallMessageHandler(take_message);
+    qInstallMessageHandler(handle_message);
 }
 
 DisplayRequired::~DisplayRequired() {

@@ -2,8 +2,8 @@
 
 namespace lookfar::desktop {
 
-/// While it lives, the toolkit's failure to start ends the program with status 1, after a line on
-/// standard error which says that there is no display. The toolkit itself would abort.
+/// While it lives, Qt's failure to start ends the program with status 1, after a line on
+/// standard error which says that there is no display. Qt itself would abort.
 class DisplayRequired {
   public:
     DisplayRequired();

@@ -11,7 +11,7 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// The toolkit moves the mouse over widgets by itself, where they come and go; only what comes to
+/// Qt moves the mouse over widgets by itself, where they come and go; only what comes to
 /// a window is the user's.
 bool is_by_mouse(const QObject& watched, const QEvent& event) {
     if (!watched.isWindowType())

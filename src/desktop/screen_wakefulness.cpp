@@ -80,7 +80,7 @@ ScreenWakefulness::ScreenWakefulness() {
     constexpr std::chrono::milliseconds longest_change(200);
     change_.setSingleShot(true);
     change_.setInterval(longest_change);
-    change_.callOnTimeout([this] { follow_windows(); });
+    change_.callOnTimeout([this] { check_windows(); });
     connect(&grantor_, &QDBusServiceWatcher::serviceUnregistered, this,
             [this] { release_.reset(); });
     connect(&grantor_, &QDBusServiceWatcher::serviceRegistered, this, [this] { settle(); });
@@ -92,7 +92,7 @@ bool ScreenWakefulness::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void ScreenWakefulness::follow_windows() {
+void ScreenWakefulness::check_windows() {
     const bool is_wanted = std::ranges::any_of(QApplication::topLevelWidgets(), covers_screen);
     if (is_wanted == is_wanted_)
         return;

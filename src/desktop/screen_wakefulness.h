@@ -32,7 +32,7 @@ class ScreenWakefulness : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    void follow_windows();
+    void check_windows();
     void settle();
     /// Makes the first of the requests, and the others where that is refused.
     void ask(QList<QDBusMessage> requests);

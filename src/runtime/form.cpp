@@ -24,7 +24,7 @@ Form::~Form() = default;
 
 void Form::Show() {
     if (WindowState == WindowState::minimised)
-        follow_state(WindowState::normal);
+        apply_state(WindowState::normal);
     Visible = true;
     runtime.windows().bring_forward(*this);
 }
@@ -49,11 +49,11 @@ void Form::request_close() {
     release_();
 }
 
-void Form::follow_state(lookfar::WindowState state) {
+void Form::apply_state(lookfar::WindowState state) {
     const bool keeps_size =
         state != WindowState::maximised && WindowState != WindowState::maximised;
     if (keeps_size)
-        WindowState.follow(state);
+        WindowState.store(state);
     else
         WindowState = state;
 }

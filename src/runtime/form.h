@@ -57,7 +57,7 @@ class Form : public Element, public MouseEvents {
     void request_close();
 
     /// The user or the window manager has given the window a state.
-    void follow_state(lookfar::WindowState state);
+    void apply_state(lookfar::WindowState state);
 
     /// The controls front to back.
     std::span<Control* const> controls() const { return controls_; }

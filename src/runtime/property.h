@@ -50,7 +50,7 @@ class Property {
     }
 
     /// Stores a value that follows from another write: no rule, no event.
-    void follow(Value value) {
+    void store(Value value) {
         value_ = std::move(value);
         owner_.changed();
     }

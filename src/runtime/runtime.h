@@ -73,7 +73,7 @@ class Runtime {
     void deliver(const std::function<void()>& handler);
 
     /// Serves the ticks that follow what a handler has changed.
-    void follow_changes() { timers_.serve_following(); }
+    void serve_following() { timers_.serve_following(); }
 
     /// Called by every element whose property has changed.
     void element_changed(Element& element);

@@ -70,7 +70,7 @@ std::optional<FirstPart> FirstPart::of_answer(std::string_view content_type) {
 
 bool FirstPart::advance(std::span<const std::uint8_t> body) {
     const std::string_view text(reinterpret_cast<const char*>(body.data()), body.size());
-    while (stage_ != Stage::whole && take_step(text)) {
+    while (stage_ != Stage::whole && step(text)) {
     }
     return stage_ == Stage::whole;
 }
@@ -82,7 +82,7 @@ std::span<const std::uint8_t> FirstPart::part_of(std::span<const std::uint8_t> b
 }
 
 /// False where the body does not suffice.
-bool FirstPart::take_step(std::string_view body) {
+bool FirstPart::step(std::string_view body) {
     switch (stage_) {
     case Stage::before:
         return pass_line_before(body);

@@ -37,7 +37,7 @@ class FirstPart {
 
     explicit FirstPart(std::string_view boundary);
 
-    bool take_step(std::string_view body);
+    bool step(std::string_view body);
     bool pass_line_before(std::string_view body);
     bool pass_header_line(std::string_view body);
     bool end_by_length(std::string_view body, std::size_t length);

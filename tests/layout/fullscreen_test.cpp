@@ -139,8 +139,8 @@ TEST_F(Fullscreen, OpensAndClosesThePanelOnTheArrowAndFindsItAsItWasLeft) {
     Form2->Width = 15000;
     enter();
     expect_panel(false);
-    Form2->follow_state(WindowState::minimised);
-    Form2->follow_state(WindowState::normal);
+    Form2->apply_state(WindowState::minimised);
+    Form2->apply_state(WindowState::normal);
     expect_panel(false);
     for (const float width : {30000.0F, 15360.0F}) {
         platform.metrics.size.Width = width;

@@ -27,7 +27,7 @@ void write(int socket, std::string_view bytes) {
 /// them. Descriptors don't pass.
 bool BusClient::let_in() {
     while (receive()) {
-        for (std::string line = take_line(); !line.empty(); line = take_line()) {
+        for (std::string line = next_line(); !line.empty(); line = next_line()) {
             if (line.starts_with("BEGIN"))
                 return true;
             const bool asks = line.find("AUTH EXTERNAL") != std::string::npos;
@@ -41,7 +41,7 @@ void BusClient::end() const {
     ::shutdown(socket_.number(), SHUT_RDWR);
 }
 
-std::string BusClient::take_line() {
+std::string BusClient::next_line() {
     constexpr std::string_view line_end = "\r\n";
     const std::size_t end = received_.find(line_end);
     if (end == std::string::npos)
@@ -63,7 +63,7 @@ bool BusClient::receive() {
     return true;
 }
 
-BusMessage BusClient::take() {
+BusMessage BusClient::next() {
     const int size = static_cast<int>(received_.size());
     const int needed = dbus_message_demarshal_bytes_needed(received_.data(), size);
     if (needed <= 0 || needed > size)

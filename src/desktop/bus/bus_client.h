@@ -23,11 +23,11 @@ class BusClient {
     /// still.
     bool receive();
     /// The next message that is whole; nothing where none is.
-    BusMessage take();
+    BusMessage next();
     void send(const BusMessage& message) const;
 
   private:
-    std::string take_line();
+    std::string next_line();
 
     Descriptor socket_;
     /// What has come and is not taken yet.

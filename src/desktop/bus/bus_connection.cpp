@@ -81,7 +81,7 @@ void BusConnection::handle(std::span<const pollfd> polled) {
             dbus_watch_handle(watches[index], flags);
 }
 
-BusMessage BusConnection::take() {
+BusMessage BusConnection::next() {
     if (!connection_)
         return nullptr;
     return BusMessage(dbus_connection_pop_message(connection_.get()));

@@ -26,7 +26,7 @@ class BusConnection {
     void handle(std::span<const pollfd> polled);
 
     /// The next message that has come, the answer to the hello too; nothing where none has.
-    BusMessage take();
+    BusMessage next();
     /// Gives back the number that an answer will name.
     dbus_uint32_t send(const BusMessage& message);
 

@@ -49,10 +49,10 @@ void BusLink::run() {
     if (!client_.let_in())
         return;
     do {
-        while (BusMessage message = client_.take())
-            take_from_client(std::move(message));
-        while (BusMessage message = bus_.take())
-            take_from_bus(std::move(message));
+        while (BusMessage message = client_.next())
+            handle_from_client(std::move(message));
+        while (BusMessage message = bus_.next())
+            handle_from_bus(std::move(message));
     } while (wait());
 }
 
@@ -66,7 +66,7 @@ bool BusLink::wait() {
     return is_client_there && bus_.is_open();
 }
 
-void BusLink::take_from_client(BusMessage message) {
+void BusLink::handle_from_client(BusMessage message) {
     BusMessage own_answer = has_answered_ ? nullptr : answer_to(message);
     if (is_call_to_bus(message, "Hello"))
         own_answer = answer_with(message, client_name);
@@ -124,7 +124,7 @@ void BusLink::pass_on(const BusMessage& message) {
         calls_.emplace(number, dbus_message_get_serial(message.get()));
 }
 
-void BusLink::take_from_bus(BusMessage message) {
+void BusLink::handle_from_bus(BusMessage message) {
     if (!is_answer(message)) {
         if (has_answered_)
             client_.send(message);

@@ -32,13 +32,13 @@ class BusLink {
 
   private:
     bool wait();
-    void take_from_client(BusMessage message);
+    void handle_from_client(BusMessage message);
     /// What is answered in place of the bus; nothing where that is to wait.
     BusMessage answer_to(const BusMessage& question);
     BusMessage answer_of_accessibility(const BusMessage& question) const;
     void pass_on(const BusMessage& message);
 
-    void take_from_bus(BusMessage message);
+    void handle_from_bus(BusMessage message);
     void begin_to_pass_on();
     void tell_of_owner(const std::string& name, const BusMessage& answer);
 

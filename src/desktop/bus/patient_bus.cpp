@@ -32,7 +32,7 @@ bool is_silent(const std::string& address) {
     const auto end = steady_clock::now() + milliseconds(300);
     BusConnection bus(address);
     while (bus.is_open()) {
-        if (bus.take())
+        if (bus.next())
             return false;
         const auto left = ceil<milliseconds>(end - steady_clock::now());
         if (left <= milliseconds::zero())

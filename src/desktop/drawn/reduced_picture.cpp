@@ -12,8 +12,8 @@ namespace lookfar::desktop {
 
 namespace {
 
-/// From this factor on a pixel may begin and end with a whole pixel of the picture: it lies by an
-/// eighth of its length at most beside its place.
+/// From this factor on a pixel whose edges lie within pixels of the picture is made of whole ones
+/// all the same. It is then off its place by an eighth of its length at most.
 constexpr int least_coarse_factor = 4;
 
 /// Up to this factor the sums of a column's bytes fit into their type.

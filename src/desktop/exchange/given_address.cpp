@@ -15,11 +15,11 @@ namespace {
 
 bool is_address(const QString& line) {
     // Nobody can read a longer one, and to edit it would take seconds.
-    constexpr qsizetype most_characters = 8192;
+    constexpr qsizetype max_characters = 8192;
     const auto begins_with = [&line](QLatin1String scheme) {
         return line.size() > scheme.size() && line.startsWith(scheme, Qt::CaseInsensitive);
     };
-    return line.size() <= most_characters &&
+    return line.size() <= max_characters &&
            (begins_with(QLatin1String("http://")) || begins_with(QLatin1String("https://"))) &&
            std::ranges::all_of(line, [](QChar character) { return character.isPrint(); });
 }

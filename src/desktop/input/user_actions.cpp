@@ -16,7 +16,7 @@ void UserActions::deliver(const Element& element, const std::function<void()>& h
     // The handler may end the element's life, but not the runtime's.
     Runtime& runtime = element.runtime;
     runtime.deliver(handler);
-    runtime.follow_changes();
+    runtime.serve_following();
     show_changes_();
 }
 

@@ -26,8 +26,8 @@ void ListView::mousePressEvent(QMouseEvent* event) {
 QItemSelectionModel::SelectionFlags ListView::selectionCommand(const QModelIndex& index,
                                                                const QEvent* event) const {
     const auto command = QListView::selectionCommand(index, event);
-    const bool takes_off = !index.isValid() || command.testFlag(QItemSelectionModel::Deselect);
-    return takes_off ? QItemSelectionModel::NoUpdate : command;
+    const bool deselects = !index.isValid() || command.testFlag(QItemSelectionModel::Deselect);
+    return deselects ? QItemSelectionModel::NoUpdate : command;
 }
 
 } // namespace lookfar::desktop

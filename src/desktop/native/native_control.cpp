@@ -43,7 +43,7 @@ class NativeControlMaker : public ControlVisitor {
     void visit(PictureBox&) override {}
     void visit(Shape&) override {}
 
-    std::optional<NativeControl> take() { return std::move(made_); }
+    std::optional<NativeControl> result() { return std::move(made_); }
 
   private:
     UserActions& actions_;
@@ -57,7 +57,7 @@ std::optional<NativeControl> make_native_control(Control& control, UserActions& 
                                                  QWidget& window) {
     NativeControlMaker maker(actions, window);
     control.accept(maker);
-    return maker.take();
+    return maker.result();
 }
 
 } // namespace lookfar::desktop

@@ -115,31 +115,31 @@ TextEntry::TextEntry(const TextBox& control, QWidget& window)
 
 void TextEntry::synchronise(const TextBox& control) {
     const QString wanted = whole_text(control.Text.get());
-    take_length_limit(control, static_cast<int>(wanted.size()));
+    apply_length_limit(control, static_cast<int>(wanted.size()));
     if (text() != wanted)
-        take_text(wanted);
-    take_selection(control);
+        apply_text(wanted);
+    apply_selection(control);
     place(*this, control);
 }
 
 /// The line breaks of what a handler writes stay as long as the user enters nothing.
-void TextEntry::take_text(const QString& text) {
+void TextEntry::apply_text(const QString& text) {
     setValidator(nullptr);
     setText(text);
     setValidator(line_breaks_);
 }
 
 /// The limit is one for typing only: a longer text is shown whole.
-void TextEntry::take_length_limit(const TextBox& control, int text_length) {
+void TextEntry::apply_length_limit(const TextBox& control, int text_length) {
     // To edit a line of many more takes seconds.
-    constexpr int most_typed = 32767;
-    const int limit = std::max(
-        control.Design.MaxLength == 0 ? most_typed : control.Design.MaxLength, text_length);
+    constexpr int max_typed = 32767;
+    const int limit =
+        std::max(control.Design.MaxLength == 0 ? max_typed : control.Design.MaxLength, text_length);
     if (maxLength() != limit)
         setMaxLength(limit);
 }
 
-void TextEntry::take_selection(const TextBox& control) {
+void TextEntry::apply_selection(const TextBox& control) {
     const int length = static_cast<int>(text().size());
     const int start = std::clamp(control.SelStart.get(), 0, length);
     const int count = std::clamp(control.SelLength.get(), 0, length - start);

@@ -36,9 +36,9 @@ class TextEntry : public QLineEdit {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    void take_text(const QString& text);
-    void take_length_limit(const TextBox& control, int text_length);
-    void take_selection(const TextBox& control);
+    void apply_text(const QString& text);
+    void apply_length_limit(const TextBox& control, int text_length);
+    void apply_selection(const TextBox& control);
     void blink_for_a_while();
 
     /// Takes line breaks out of what the user enters.

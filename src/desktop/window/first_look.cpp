@@ -56,7 +56,7 @@ void FirstLook::give(QWidget& window) {
     xcb_free_pixmap(server, pixmap);
 }
 
-void FirstLook::take_back() {
+void FirstLook::withdraw() {
     if (const auto window = std::exchange(window_, 0))
         set_background(x_server(), window, XCB_BACK_PIXMAP_NONE);
 }

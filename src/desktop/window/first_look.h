@@ -13,13 +13,13 @@ class FirstLook {
     FirstLook() = default;
     FirstLook(const FirstLook&) = delete;
     FirstLook& operator=(const FirstLook&) = delete;
-    ~FirstLook() { take_back(); }
+    ~FirstLook() { withdraw(); }
 
     /// Gives the server the window as it looks now. To be called before the window is shown; does
     /// nothing where there is no X server, or one of few colours.
     void give(QWidget& window);
     /// To be called once the window is painted.
-    void take_back();
+    void withdraw();
 
   private:
     /// The server's number of the window; zero while it has no look of it.

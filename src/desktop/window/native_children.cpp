@@ -14,7 +14,7 @@ namespace lookfar::desktop {
 
 namespace {
 
-bool takes_focus_by_click(const NativeControl* native) {
+bool gets_focus_by_click(const NativeControl* native) {
     return native->widget->focusPolicy() & Qt::ClickFocus;
 }
 
@@ -25,10 +25,10 @@ NativeChildren::NativeChildren(const Form& form, UserActions& actions, QWidget& 
     make(form, actions);
     set_tab_order();
     QObject::connect(qApp, &QApplication::focusChanged, &ring_,
-                     [this](QWidget*, QWidget* now) { follow_focus(now); });
+                     [this](QWidget*, QWidget* now) { move_ring(now); });
 }
 
-void NativeChildren::follow_focus(QWidget* widget) {
+void NativeChildren::move_ring(QWidget* widget) {
     const bool is_ours = widget && widget->parentWidget() == &window_;
     ring_.setWidget(is_ours ? widget : nullptr);
 }
@@ -49,7 +49,7 @@ void NativeChildren::set_tab_order() {
     for (const NativeControl& native : std::views::values(natives_))
         order.push_back(&native);
     std::ranges::sort(order, {}, &NativeControl::tab_index);
-    const auto first = std::ranges::find_if(order, takes_focus_by_click);
+    const auto first = std::ranges::find_if(order, gets_focus_by_click);
     if (first != order.end())
         focus_at_show_ = &*(*first)->widget;
     QWidget* previous = &window_;

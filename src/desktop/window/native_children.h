@@ -40,7 +40,7 @@ class NativeChildren {
     void set_focus(const Control& control);
     /// Gives the keyboard to the control that it was set to last, or else to the first one in the
     /// tab order that a click could give it to. To be called when the window comes up, since the
-    /// toolkit may have moved the keyboard on when the window was hidden.
+    /// Qt may have moved the keyboard on when the window was hidden.
     void restore_focus();
 
     /// Presses the button that has the keyboard, or else the default button, if there is one.
@@ -49,7 +49,7 @@ class NativeChildren {
   private:
     void make(const Form& form, UserActions& actions);
     void set_tab_order();
-    void follow_focus(QWidget* widget);
+    void move_ring(QWidget* widget);
     QPushButton* default_button() const;
 
     QWidget& window_;

@@ -61,13 +61,13 @@ void WindowView::paintEvent(QPaintEvent* event) {
     if (!coming_up_.isActive() || is_previewed_)
         return;
     coming_up_.stop();
-    first_look_.take_back();
+    first_look_.withdraw();
     QMetaObject::invokeMethod(this, &WindowView::tell_that_it_is_seen, Qt::QueuedConnection);
     windows_.synchronise_later();
 }
 
 void WindowView::tell_that_it_is_seen() {
-    if (follows_)
+    if (is_live_)
         windows_.actions().deliver(*form_, [this] { form_->Seen.raise(); });
 }
 
@@ -88,13 +88,13 @@ void WindowView::changeEvent(QEvent* event) {
     if (event->type() != QEvent::WindowStateChange || is_leaving())
         return;
     if (const auto state = frame_.state_by_user())
-        windows_.actions().deliver(*form_, [this, state] { form_->follow_state(*state); });
+        windows_.actions().deliver(*form_, [this, state] { form_->apply_state(*state); });
 }
 
 void WindowView::moveEvent(QMoveEvent* event) {
     QWidget::moveEvent(event);
     if (!windows_.actions().are_suspended())
-        frame_.follow_move();
+        frame_.report_move();
 }
 
 void WindowView::hideEvent(QHideEvent* event) {
@@ -113,24 +113,24 @@ void WindowView::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-void WindowView::take_keys() {
+void WindowView::bind_keys() {
     if (form_->CopyKey.is_connected())
-        take_key(QKeySequence::Copy, [this] { form_->CopyKey.raise(); });
+        bind_key(QKeySequence::Copy, [this] { form_->CopyKey.raise(); });
     if (form_->ReloadKey.is_connected())
-        take_key(Qt::Key_F5, [this] { form_->ReloadKey.raise(); });
+        bind_key(Qt::Key_F5, [this] { form_->ReloadKey.raise(); });
     if (form_->AddressGiven.is_connected())
-        take_key(QKeySequence::Paste, [this] {
+        bind_key(QKeySequence::Paste, [this] {
             const auto* const copied = QGuiApplication::clipboard()->mimeData();
             if (const auto given = copied ? given_address(*copied) : std::nullopt)
                 give(*given);
         });
 }
 
-void WindowView::take_key(const QKeySequence& key, std::function<void()> act) {
+void WindowView::bind_key(const QKeySequence& key, std::function<void()> act) {
     auto* const shortcut = owned_by_qt<QShortcut>(key, this);
     shortcut->setAutoRepeat(false);
     connect(shortcut, &QShortcut::activated, this, [this, act = std::move(act)] {
-        if (follows_)
+        if (is_live_)
             windows_.actions().deliver(*form_, act);
     });
 }
@@ -140,9 +140,9 @@ void WindowView::give(const GivenAddress& given) {
 }
 
 void WindowView::dragEnterEvent(QDragEnterEvent* event) {
-    const bool may_take = follows_ && !QApplication::activeModalWidget() &&
+    const bool may_drop = is_live_ && !QApplication::activeModalWidget() &&
                           event->possibleActions() & (Qt::CopyAction | Qt::LinkAction);
-    dragged_in_ = may_take ? given_address(*event->mimeData()) : std::nullopt;
+    dragged_in_ = may_drop ? given_address(*event->mimeData()) : std::nullopt;
     event->setAccepted(dragged_in_.has_value());
 }
 

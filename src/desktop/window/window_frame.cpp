@@ -59,18 +59,18 @@ bool is_bare_dialog(const Form& form) {
     return form.Design.Border == FormBorder::fixed_dialog && !form.Design.ControlBox;
 }
 
-void WindowFrame::take_over(QScreen& screen) {
+void WindowFrame::apply(QScreen& screen) {
     if (!window_.isVisible())
-        take_screen(screen);
-    take_size();
-    take_position();
-    take_state();
+        apply_screen(screen);
+    apply_size();
+    apply_position();
+    apply_state();
 }
 
 /// The screen may be another one than last time, or may stand elsewhere. A window that stood on a
 /// larger one may have its place outside of this one; on the same screen it stays where its user
 /// has put it.
-void WindowFrame::take_screen(QScreen& screen) {
+void WindowFrame::apply_screen(QScreen& screen) {
     window_.setScreen(&screen);
     const QRect before = std::exchange(screen_, screen.geometry());
     const bool is_another = before.topLeft() != screen_.topLeft();
@@ -85,11 +85,11 @@ void WindowFrame::keep_on_screen(const QSize& screen) {
     if (QRect(QPoint(), screen).contains(place.center()))
         return;
     const QSize room = (screen - place.size()).expandedTo({0, 0});
-    form_.Left.follow(to_twips(std::clamp(place.left(), 0, room.width())));
-    form_.Top.follow(to_twips(std::clamp(place.top(), 0, room.height())));
+    form_.Left.store(to_twips(std::clamp(place.left(), 0, room.width())));
+    form_.Top.store(to_twips(std::clamp(place.top(), 0, room.height())));
 }
 
-void WindowFrame::take_size() {
+void WindowFrame::apply_size() {
     const QSize size = client_size();
     if (!covers_screen()) {
         window_.setFixedSize(size);
@@ -101,7 +101,7 @@ void WindowFrame::take_size() {
     window_.resize(size);
 }
 
-void WindowFrame::take_position() {
+void WindowFrame::apply_position() {
     if (form_.Design.CentredOnScreen && centred_size_.isEmpty())
         centre_on_screen(client_size() + usual_frame());
     if (std::exchange(position_, position()) != position())
@@ -112,19 +112,19 @@ void WindowFrame::centre_on_screen(const QSize& size) {
     centred_size_ = size;
     QRect place(QPoint(), size);
     place.moveCenter(QRect(QPoint(), window_.screen()->size()).center());
-    form_.Left.follow(to_twips(place.left()));
-    form_.Top.follow(to_twips(place.top()));
+    form_.Left.store(to_twips(place.left()));
+    form_.Top.store(to_twips(place.top()));
 }
 
-void WindowFrame::take_state() {
+void WindowFrame::apply_state() {
     const Qt::WindowStates wanted = wanted_states();
     if (window_.windowState() != wanted)
         window_.setWindowState(wanted);
 }
 
-void WindowFrame::follow_move() {
+void WindowFrame::report_move() {
     const QSize size = window_.frameGeometry().size();
-    // While the window manager sets its frame up, the toolkit may take that for smaller than the
+    // While the window manager sets its frame up, Qt may take that for smaller than the
     // window.
     const bool has_frame = size != window_.size() && size == size.expandedTo(window_.size());
     if (form_.Design.CentredOnScreen && has_frame && size != centred_size_) {
@@ -137,8 +137,8 @@ void WindowFrame::follow_move() {
         return;
     screen_ = screen_at(window_.frameGeometry().center(), window_);
     position_ = place - screen_.topLeft();
-    form_.Left.follow(to_twips(position_->x()));
-    form_.Top.follow(to_twips(position_->y()));
+    form_.Left.store(to_twips(position_->x()));
+    form_.Top.store(to_twips(position_->y()));
 }
 
 std::optional<WindowState> WindowFrame::state_by_user() const {

@@ -31,20 +31,20 @@ class WindowFrame {
     WindowFrame(Form& form, QWidget& window) : form_(form), window_(window) {}
 
     /// Gives the window what the form says. One that comes up does so on the given screen.
-    void take_over(QScreen& screen);
+    void apply(QScreen& screen);
 
     /// Tells the form where the window stands; to be called when the user or the window manager has
     /// moved it. A window that was centred before it had its frame is centred anew.
-    void follow_move();
+    void report_move();
     /// The state that the user has given the window; nothing while it is in the form's state.
     std::optional<WindowState> state_by_user() const;
 
   private:
-    void take_screen(QScreen& screen);
+    void apply_screen(QScreen& screen);
     void keep_on_screen(const QSize& screen);
-    void take_size();
-    void take_position();
-    void take_state();
+    void apply_size();
+    void apply_position();
+    void apply_state();
     void centre_on_screen(const QSize& size);
     /// In logical pixels, from the corner.
     QPoint position() const;

@@ -33,8 +33,8 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     // The drawn controls fill every pixel.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(shown_text(form.Design.AccessibleName));
-    take_icon(icon);
-    take_keys();
+    apply_icon(icon);
+    bind_keys();
     setAcceptDrops(form.AddressGiven.is_connected());
     constexpr std::chrono::seconds longest_coming_up(2);
     coming_up_.setSingleShot(true);
@@ -57,19 +57,19 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     showing_.callOnTimeout([this] { show_now(); });
 }
 
-void WindowView::take_icon(const QIcon& icon) {
+void WindowView::apply_icon(const QIcon& icon) {
     if (form_ && form_->Design.HasIcon)
         setWindowIcon(icon);
 }
 
 void WindowView::synchronise_window() {
     setWindowTitle(shown_text(form_->Caption.get()));
-    const bool followed = std::exchange(follows_, form_->Visible);
-    if (!follows_)
+    const bool was_live = std::exchange(is_live_, form_->Visible);
+    if (!is_live_)
         return;
-    frame_.take_over(windows_.screen());
-    take_pointer();
-    if (!followed)
+    frame_.apply(windows_.screen());
+    apply_pointer();
+    if (!was_live)
         come_up();
 }
 
@@ -78,13 +78,13 @@ void WindowView::come_up() {
         synchronise_control(*control);
     if (isVisible() || is_coming_up())
         return;
-    follow_screen();
+    watch_screens();
     coming_up_.start();
     showing_.start();
 }
 
 void WindowView::show_now() {
-    if (!follows_)
+    if (!is_live_)
         return coming_up_.stop();
     if (!form_->Design.ShowInTaskbar)
         keep_out_of_task_bars(*this);
@@ -104,7 +104,7 @@ void WindowView::prepare_look() {
     drawn_.prepare_pictures(rect(), palette(), devicePixelRatioF());
 }
 
-void WindowView::follow_screen() {
+void WindowView::watch_screens() {
     if (screen_watch_)
         return;
     winId(); // makes the window's handle
@@ -122,7 +122,7 @@ void WindowView::watch_screen() {
 }
 
 void WindowView::tell_of_screen() {
-    if (follows_)
+    if (is_live_)
         windows_.actions().deliver(*form_, [this] { form_->ScreenChange.raise(); });
 }
 
@@ -156,7 +156,7 @@ bool WindowView::is_leaving() const {
 }
 
 void WindowView::synchronise(Control& control) {
-    if (follows_)
+    if (is_live_)
         synchronise_control(control);
 }
 
@@ -167,11 +167,11 @@ void WindowView::synchronise_control(Control& control) {
 }
 
 void WindowView::show_edited_pictures() {
-    if (follows_)
+    if (is_live_)
         update_soon(drawn_.show_edited_pictures());
 }
 
-void WindowView::take_pointer() {
+void WindowView::apply_pointer() {
     const bool is_busy = form_->MousePointer == MousePointer::hourglass;
     const QCursor pointer(is_busy ? Qt::WaitCursor : Qt::ArrowCursor);
     if (cursor().shape() == pointer.shape())
@@ -200,7 +200,7 @@ void WindowView::forget(const Element& element) {
 
 void WindowView::release() {
     form_ = nullptr;
-    follows_ = false;
+    is_live_ = false;
     menu_.reset();
     natives_.clear();
 }

@@ -33,14 +33,14 @@ class Windows;
 
 /// One window on the screen: hands what the form says to the window's frame, native widgets and
 /// drawn controls, and the window's events to them and to the handlers. While its form is hidden it
-/// follows nothing; it takes everything over when that is shown. `Windows` says when a window goes
+/// shows no change; it takes everything over when that is shown. `Windows` says when a window goes
 /// whose form was hidden.
 class WindowView : public QWidget {
   public:
     WindowView(Form& form, Windows& windows, const QIcon& icon);
 
     /// Takes the icon, if the form says that it has one.
-    void take_icon(const QIcon& icon);
+    void apply_icon(const QIcon& icon);
     /// Takes over what the form itself says.
     void synchronise_window();
     /// Takes over what a control says.
@@ -100,7 +100,7 @@ class WindowView : public QWidget {
   private:
     void come_up();
     void show_now();
-    void follow_screen();
+    void watch_screens();
     void watch_screen();
     void tell_of_screen();
     void tell_that_it_is_seen();
@@ -108,7 +108,7 @@ class WindowView : public QWidget {
     /// Scales the pictures ahead of the first paint event, and has the rest of the window seen at
     /// once.
     void prepare_look();
-    void take_pointer();
+    void apply_pointer();
     /// Has a region painted again a moment later, behind the ticks that follow a change. Where a
     /// picture is large, handlers take long, its scaling and the painting too: what the system asks
     /// meanwhile comes between them.
@@ -117,8 +117,8 @@ class WindowView : public QWidget {
     void show_tool_tip(const QPoint& place, const QPointF& point);
     /// Hands the form the keys that it waits for, as far as the widget at the keyboard has no use
     /// of its own for them.
-    void take_keys();
-    void take_key(const QKeySequence& key, std::function<void()> act);
+    void bind_keys();
+    void bind_key(const QKeySequence& key, std::function<void()> act);
     void give(const GivenAddress& given);
 
     /// Nothing once the form is gone.
@@ -134,7 +134,7 @@ class WindowView : public QWidget {
     /// What a drag over the window holds: to ask for it once more takes another program's time.
     std::optional<GivenAddress> dragged_in_;
     /// Whether the form was visible when the window took over what it says.
-    bool follows_ = false;
+    bool is_live_ = false;
     /// Runs from the moment when the window is to be shown until it is painted.
     QTimer coming_up_;
     /// Runs a moment before the window is shown: the ticks come first that follow what a handler

@@ -60,14 +60,14 @@ void Windows::synchronise() {
     if (actions_.are_suspended())
         return;
     const UserActions::Suspension suspension(actions_);
-    take_changes_over();
+    apply_changes();
     if (is_any_on_its_way())
         return;
     hide_leaving();
-    take_icon();
+    apply_icon();
 }
 
-void Windows::take_changes_over() {
+void Windows::apply_changes() {
     changed_.clear();
     for (Element* const element : std::exchange(changed_in_order_, {}))
         synchronise(*element);
@@ -87,12 +87,12 @@ void Windows::hide_leaving() {
             view->hide();
 }
 
-void Windows::take_icon() {
+void Windows::apply_icon() {
     if (!make_icon_ || views_.empty())
         return;
     icon_ = std::exchange(make_icon_, nullptr)();
     for (const auto& view : std::views::values(views_))
-        view->take_icon(icon_);
+        view->apply_icon(icon_);
 }
 
 void Windows::synchronise(Element& element) {
@@ -124,7 +124,7 @@ TiedWidget<WindowView> Windows::make_view(Form& form) {
 void Windows::bring_forward(Form& form) {
     if (!actions_.are_suspended()) {
         const UserActions::Suspension suspension(actions_);
-        take_changes_over();
+        apply_changes();
     }
     if (WindowView* const view = view_of(form))
         view->come_forward();

@@ -74,10 +74,10 @@ class Windows : public WindowSystem {
   private:
     void synchronise(Element& element);
     void synchronise_window(Form& form);
-    void take_changes_over();
+    void apply_changes();
     bool is_any_on_its_way() const;
     void hide_leaving();
-    void take_icon();
+    void apply_icon();
     TiedWidget<WindowView> make_view(Form& form);
 
     /// Nothing once the icon is made.

@@ -20,7 +20,7 @@ void ListControl::AddItem(const std::string& text) {
     const short position = entries_.add(text);
     ++entries_revision_;
     if (position <= ListIndex)
-        ListIndex.follow(static_cast<short>(ListIndex + 1));
+        ListIndex.store(static_cast<short>(ListIndex + 1));
     else
         changed();
 }
@@ -28,7 +28,7 @@ void ListControl::AddItem(const std::string& text) {
 void ListControl::Clear() {
     entries_.clear();
     ++entries_revision_;
-    ListIndex.follow(nothing_selected);
+    ListIndex.store(nothing_selected);
 }
 
 std::string ListControl::List(short index) const {

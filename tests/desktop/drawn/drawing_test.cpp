@@ -73,7 +73,7 @@ TEST_F(LayersTest, APictureIsScaledOnceUntilItsBytesOrItsSizeChange) {
     form.Caption = std::string("Only the picture is painted again for this");
     EXPECT_TRUE(comes_true([&] { return on_screen(form, 50, 50) == 0x555555U; }));
     EXPECT_EQ(pictures.prepared(), first + 1);
-    EXPECT_TRUE(window(form).drawn().take_edited_pictures().isEmpty()) << "painted once";
+    EXPECT_TRUE(window(form).drawn().show_edited_pictures().isEmpty()) << "painted once";
 
     Image1.Width = 1500;
     ASSERT_TRUE(comes_true([&] { return pictures.prepared() == first + 2; }));

@@ -83,7 +83,7 @@ void DrivenTest::launch(const std::string& http_proxy, const std::string& comman
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     // Without a screen reader the program would keep its texts to itself.
     variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
-    // The toolkit tells its texts only on a bus that it has found itself.
+    // Qt tells its texts only on a bus that it has found itself.
     variables.remove("AT_SPI_BUS_ADDRESS");
     variables.insert("http_proxy", QString::fromStdString(http_proxy));
     program.setProcessEnvironment(variables);

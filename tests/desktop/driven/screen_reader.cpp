@@ -16,13 +16,13 @@ constexpr std::string_view state_change = "object:state-changed:";
 constexpr std::array kinds{"object:announcement", "object:text-changed",
                            "object:state-changed:expanded", "object:state-changed:showing"};
 
-/// Takes an object of the library over.
+/// Takes an object of libatspi over.
 template <class Object>
 std::shared_ptr<Object> owned(Object* object) {
     return {object, [](Object* own) { g_clear_object(&own); }};
 }
 
-/// Takes a text of the library over; empty where it gave none.
+/// Takes a text of libatspi over; empty where it gave none.
 std::string taken(gchar* text) {
     const std::unique_ptr<gchar, decltype(&g_free)> own(text, g_free);
     return own ? own.get() : std::string();
@@ -35,7 +35,7 @@ std::string role_of(AtspiAccessible* accessible) {
                : taken(atspi_accessible_get_role_name(accessible, nullptr));
 }
 
-/// The address that is in force now. The library would rather take one that an earlier session
+/// The address that is in force now. libatspi would rather take one that an earlier session
 /// left on the X server.
 QByteArray accessibility_bus_address() {
     const QDBusReply<QString> address =

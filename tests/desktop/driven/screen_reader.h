@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-// The library names them so.
+// libatspi names them so.
 // NOLINTBEGIN(readability-identifier-naming)
 struct _AtspiAccessible;
 struct _AtspiEvent;

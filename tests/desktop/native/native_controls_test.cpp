@@ -99,12 +99,12 @@ TEST_F(NativeControlsTest, TheLengthLimitIsForTypingOnly) {
     QTest::keyClicks(&entry, "abc");
     EXPECT_EQ(Text1.Text, std::string("12a"));
 
-    constexpr int most_typed = 32767;
-    for (const int length : {most_typed - 1, most_typed + 1}) {
+    constexpr int max_typed = 32767;
+    for (const int length : {max_typed - 1, max_typed + 1}) {
         Text2.Text = std::string(static_cast<std::size_t>(length), 'x');
         let_loop_come_round();
         QTest::keyClicks(&widget(Text2), "yy");
-        EXPECT_EQ(Text2.Text.get().size(), std::max(length, most_typed));
+        EXPECT_EQ(Text2.Text.get().size(), std::max(length, max_typed));
     }
 }
 

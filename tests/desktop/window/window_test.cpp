@@ -97,7 +97,7 @@ TEST_F(TwoScreensTest, KeepTheMainWindowWithinReachWhenTheyMoveOrShrinkOrGo) {
             })) << step;
         }
         main.Show();
-        platform.windows().synchronise();
+        platform.windows_on_screen().synchronise();
         const QRect wanted = pixel_rectangle({main.Left, main.Top, main.Width, main.Height});
         const QRect& screen = steps.back().second;
         EXPECT_TRUE(QRect(QPoint(), screen.size()).contains(wanted.center()))
