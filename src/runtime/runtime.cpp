@@ -2,6 +2,7 @@
 
 #include "runtime/element.h"
 #include "runtime/form.h"
+#include "runtime/scoped_value.h"
 #include "runtime/window_system.h"
 
 #include <array>
@@ -18,18 +19,6 @@ namespace {
 /// How many calls of `DoEvents` may be nested in one another. Each takes its part of the stack, and
 /// holds up the handlers that called the outer ones.
 constexpr int deepest_nesting = 4;
-
-/// Counts a level while it lives.
-class Level {
-  public:
-    explicit Level(int& depth) : depth_(depth) { ++depth_; }
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-    ~Level() { --depth_; }
-
-  private:
-    int& depth_;
-};
 
 } // namespace
 
@@ -64,7 +53,7 @@ Runtime::~Runtime() {
 void Runtime::DoEvents() {
     if (nested_do_events_ == deepest_nesting)
         return;
-    const Level level(nested_do_events_);
+    const ScopedValue nested(nested_do_events_, nested_do_events_ + 1);
     platform_.deliver_pending();
     timers_.serve_due();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "desktop/drawn/drawn_control_visitor.h"
 #include "desktop/drawn/scaled_pictures.h"
+#include "runtime/controls/visitor.h"
 
 #include <QPalette>
 #include <QRect>
@@ -16,9 +16,9 @@ namespace lookfar::desktop {
 
 /// Draws the controls that are not native widgets. What lies behind them must be opaque: shapes
 /// merge with it bit by bit.
-class ControlPainter : public DrawnControlVisitor {
+class ControlPainter : public ControlVisitor {
   public:
-    using DrawnControlVisitor::visit;
+    using ControlVisitor::visit;
 
     ControlPainter(QPainter& painter, const QPalette& palette, ScaledPictures& pictures)
         : painter_(painter), palette_(palette), pictures_(pictures) {}

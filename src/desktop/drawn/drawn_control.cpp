@@ -1,6 +1,5 @@
 #include "desktop/drawn/drawn_control.h"
 
-#include "desktop/drawn/drawn_control_visitor.h"
 #include "desktop/style/fonts.h"
 #include "desktop/style/geometry.h"
 #include "runtime/controls/images.h"
@@ -32,9 +31,9 @@ QRectF area_of(const Label& label) {
     return area;
 }
 
-class Describer : public DrawnControlVisitor {
+class Describer : public ControlVisitor {
   public:
-    using DrawnControlVisitor::visit;
+    using ControlVisitor::visit;
 
     void visit(Frame& frame) override { describe(frame); }
     void visit(Shape& shape) override { describe(shape); }

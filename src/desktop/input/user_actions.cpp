@@ -20,11 +20,4 @@ void UserActions::deliver(const Element& element, const std::function<void()>& h
     show_changes_();
 }
 
-UserActions::Suspension::Suspension(UserActions& actions)
-    : actions_(actions), were_suspended_(std::exchange(actions.are_suspended_, true)) {}
-
-UserActions::Suspension::~Suspension() {
-    actions_.are_suspended_ = were_suspended_;
-}
-
 } // namespace lookfar::desktop

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/scoped_value.h"
+
 #include <functional>
 
 namespace lookfar {
@@ -23,18 +25,8 @@ class UserActions {
 
     bool are_suspended() const { return are_suspended_; }
 
-    /// Suspends the actions while it lives.
-    class Suspension {
-      public:
-        explicit Suspension(UserActions& actions);
-        Suspension(const Suspension&) = delete;
-        Suspension& operator=(const Suspension&) = delete;
-        ~Suspension();
-
-      private:
-        UserActions& actions_;
-        bool were_suspended_;
-    };
+    /// Suspends the actions as long as the result lives.
+    [[nodiscard]] ScopedValue<bool> suspend() { return {are_suspended_, true}; }
 
   private:
     std::function<void()> show_changes_;

@@ -17,6 +17,8 @@ namespace {
 
 class NativeControlMaker : public ControlVisitor {
   public:
+    using ControlVisitor::visit;
+
     NativeControlMaker(UserActions& actions, QWidget& window)
         : actions_(actions), window_(window) {}
 
@@ -36,12 +38,6 @@ class NativeControlMaker : public ControlVisitor {
             made_ = make_text_entry(box, actions_, window_);
     }
     void visit(UpDown& arrows) override { made_ = make_up_down_arrows(arrows, actions_, window_); }
-
-    void visit(Frame&) override {}
-    void visit(Image&) override {}
-    void visit(Line&) override {}
-    void visit(PictureBox&) override {}
-    void visit(Shape&) override {}
 
     std::optional<NativeControl> result() { return std::move(made_); }
 

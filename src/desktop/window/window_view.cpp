@@ -8,9 +8,9 @@
 #include "desktop/window/task_bars.h"
 #include "desktop/window/windows.h"
 #include "runtime/form.h"
+#include "runtime/scoped_value.h"
 
 #include <QLineEdit>
-#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
@@ -97,7 +97,7 @@ void WindowView::show_now() {
 void WindowView::prepare_look() {
     // A window over the whole screen would take too long, and what it covers is no gap.
     if (!windowState().testFlag(Qt::WindowFullScreen)) {
-        const QScopedValueRollback<bool> preview(is_previewed_, true);
+        const ScopedValue preview(is_previewed_, true);
         first_look_.give(*this);
         return;
     }

@@ -21,7 +21,7 @@ namespace lookfar::desktop {
 Windows::Windows(std::function<QIcon()> make_icon) : make_icon_(std::move(make_icon)) {}
 
 Windows::~Windows() {
-    const UserActions::Suspension suspension(actions_);
+    const auto suspension = actions_.suspend();
     views_.clear();
     // No message loop runs any more that would delete what is to be deleted later.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -46,7 +46,7 @@ void Windows::synchronise_later() {
 }
 
 void Windows::forget(Element& element) {
-    const UserActions::Suspension suspension(actions_);
+    const auto suspension = actions_.suspend();
     Forgotten.raise(element);
     if (changed_.erase(&element) > 0)
         std::erase(changed_in_order_, &element);
@@ -59,7 +59,7 @@ void Windows::forget(Element& element) {
 void Windows::synchronise() {
     if (actions_.are_suspended())
         return;
-    const UserActions::Suspension suspension(actions_);
+    const auto suspension = actions_.suspend();
     apply_changes();
     if (is_any_on_its_way())
         return;
@@ -123,7 +123,7 @@ TiedWidget<WindowView> Windows::make_view(Form& form) {
 
 void Windows::bring_forward(Form& form) {
     if (!actions_.are_suspended()) {
-        const UserActions::Suspension suspension(actions_);
+        const auto suspension = actions_.suspend();
         apply_changes();
     }
     if (WindowView* const view = view_of(form))

@@ -3,6 +3,7 @@
 #include "runtime/form.h"
 #include "runtime/platform.h"
 #include "runtime/runtime.h"
+#include "runtime/scoped_value.h"
 
 #include <chrono>
 #include <utility>
@@ -12,17 +13,6 @@ namespace lookfar {
 namespace {
 
 constexpr short direct_access = 1;
-
-class BusyMark {
-  public:
-    explicit BusyMark(bool& mark) : mark_(mark) { mark_ = true; }
-    BusyMark(const BusyMark&) = delete;
-    BusyMark& operator=(const BusyMark&) = delete;
-    ~BusyMark() { mark_ = false; }
-
-  private:
-    bool& mark_;
-};
 
 DecodedBodyReference body_of(const TransferOutcome& outcome) {
     if (const auto* failure = std::get_if<Failure>(&outcome))
@@ -45,7 +35,7 @@ Inet::Inet(Form& owner, const InetDesign& design)
 DecodedBodyReference Inet::OpenURL(const std::string& url, DataType) {
     if (is_busy_)
         throw Failure(FailureKind::transfer_busy, "Still executing last request");
-    const BusyMark busy(is_busy_);
+    const ScopedValue busy(is_busy_, true);
     outcome_.reset();
     const auto transfer = runtime.platform().start_transfer(
         {.url = url,

@@ -16,24 +16,25 @@ class StatusBar;
 class TextBox;
 class UpDown;
 
-/// One case for every kind of control that is seen.
+/// One case for each kind of control that is seen; a visitor passes over those of which it has
+/// none.
 class ControlVisitor {
   public:
     virtual ~ControlVisitor() = default;
 
-    virtual void visit(CheckBox& control) = 0;
-    virtual void visit(ComboBox& control) = 0;
-    virtual void visit(CommandButton& control) = 0;
-    virtual void visit(Frame& control) = 0;
-    virtual void visit(Image& control) = 0;
-    virtual void visit(Label& control) = 0;
-    virtual void visit(Line& control) = 0;
-    virtual void visit(ListBox& control) = 0;
-    virtual void visit(PictureBox& control) = 0;
-    virtual void visit(Shape& control) = 0;
-    virtual void visit(StatusBar& control) = 0;
-    virtual void visit(TextBox& control) = 0;
-    virtual void visit(UpDown& control) = 0;
+    virtual void visit(CheckBox&) {}
+    virtual void visit(ComboBox&) {}
+    virtual void visit(CommandButton&) {}
+    virtual void visit(Frame&) {}
+    virtual void visit(Image&) {}
+    virtual void visit(Label&) {}
+    virtual void visit(Line&) {}
+    virtual void visit(ListBox&) {}
+    virtual void visit(PictureBox&) {}
+    virtual void visit(Shape&) {}
+    virtual void visit(StatusBar&) {}
+    virtual void visit(TextBox&) {}
+    virtual void visit(UpDown&) {}
 };
 
 } // namespace lookfar
