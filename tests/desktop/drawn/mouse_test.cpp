@@ -35,6 +35,12 @@ class MouseTest : public DesktopTest {
     static constexpr QPoint on_form{50, 150};
     static constexpr QPoint on_button{150, 150};
 
+    void move(const QPoint& point, Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, point, window(form).mapToGlobal(point), Qt::NoButton,
+                          held, Qt::NoModifier);
+        QApplication::sendEvent(&window(form), &event);
+    }
+
     Log take_log() { return std::exchange(log, {}); }
 
     Log click(Qt::MouseButton button, const QPoint& point) {
@@ -77,6 +83,14 @@ TEST_F(MouseTest, ClicksTwiceForADoubleClickAndNotAtAllWhereItIsDraggedAway) {
         QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_image);
         EXPECT_EQ(take_log(), (Log{"image down 1", distance == 1 ? "image click" : "image drag"}));
     }
+    // What is held after a release was pressed elsewhere, and what is not held was let go there.
+    for (const Qt::MouseButton held : {Qt::LeftButton, Qt::NoButton}) {
+        QTest::mousePress(&window(form), Qt::LeftButton, {}, on_image);
+        if (held == Qt::LeftButton)
+            QTest::mouseRelease(&window(form), Qt::LeftButton, {}, on_image);
+        move(on_form, held);
+        EXPECT_EQ(std::ranges::count(take_log(), "image drag"), 0);
+    }
     // Nobody waits for a double click on the button.
     QTest::mouseClick(&window(form), Qt::LeftButton, {}, on_button);
     QTest::mouseDClick(&window(form), Qt::LeftButton, {}, on_button);
@@ -90,9 +104,7 @@ TEST_F(MouseTest, TellsWhereItMovesAndWhatTheToolTipIs) {
     WindowView& view = window(form);
     for (const QPoint point : {on_label, on_image, on_form}) {
         const QPoint place = view.mapToGlobal(point);
-        QMouseEvent move(QEvent::MouseMove, point, place, Qt::NoButton, Qt::NoButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&view, &move);
+        move(point, Qt::NoButton);
         QHelpEvent help(QEvent::ToolTip, point, place);
         QApplication::sendEvent(&view, &help);
         tips.push_back(QToolTip::text());

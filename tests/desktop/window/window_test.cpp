@@ -64,6 +64,9 @@ TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
     window(main).move(550, 60);
     ASSERT_TRUE(comes_true([&] { return main.Left == 750.0F && main.Top == 900.0F; }));
     EXPECT_EQ(runtime.Screen(), (Size{6000, 9000}));
+    for (QScreen* const screen : QGuiApplication::screens())
+        if (screen != window(main).screen())
+            emit screen->geometryChanged(screen->geometry());
     EXPECT_EQ(changes, 1);
 
     Form cover(runtime, {.Client = runtime.Screen(), .Border = FormBorder::none});
