@@ -1,5 +1,5 @@
 #include "pipeline/blur.h"
-#include "runtime/failure.h"
+#include "support/failure_of.h"
 #include "support/started.h"
 
 #include <cstddef>
@@ -39,15 +39,6 @@ class MemoryLimit {
     rlimit old_{};
 };
 
-std::string failure_text(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Failure& failure) {
-        return failure.Description;
-    }
-    return "";
-}
-
 class TooLittleMemory : public Started<1> {
   protected:
     void SetUp() override {
@@ -60,11 +51,11 @@ class TooLittleMemory : public Started<1> {
 TEST_F(TooLittleMemory, ForAPictureIsAFailureLikeAnyOther) {
     for (const char* const format : {"jpg", "png", "bmp"}) {
         const Bytes file = picture_file(5000, 4000, 0x336699, format);
-        const auto text = failure_text([&] {
+        const auto failure = failure_of([&] {
             const MemoryLimit limit(30 * megabyte);
             decode_pixels(file);
         });
-        EXPECT_FALSE(text.empty()) << format;
+        EXPECT_TRUE(failure) << format;
         EXPECT_EQ(decode_pixels(file).width, 5000) << format;
     }
 }
@@ -74,11 +65,12 @@ TEST_F(TooLittleMemory, ForTheBlurLeavesThePictureRaw) {
         std::make_shared<Picture>(decode_pixels(picture_file(5000, 4000, 0x336699)));
     const auto picture = Form2->Picture1.Picture.get();
     const auto blur = [&] { BlurPicture(Form2->Picture1); };
-    const auto text = failure_text([&] {
+    const auto failure = failure_of([&] {
         const MemoryLimit limit(30 * megabyte);
         blur();
     });
-    EXPECT_EQ(text, "There is not enough memory for the picture.");
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Description, "There is not enough memory for the picture.");
     EXPECT_EQ(picture->revision(), 0U);
     blur();
     EXPECT_EQ(picture->revision(), 1U);

@@ -1,6 +1,7 @@
 #include "catalogue/list_change.h"
 
 #include "catalogue/rewrite.h"
+#include "support/failure_of.h"
 #include "support/faulty_disk.h"
 #include "support/temporary_folder.h"
 
@@ -41,13 +42,8 @@ struct ListChange : ::testing::Test {
     }
     void remove() { catalogue::remove_cameras(files, "a"); }
 
-    std::optional<FailureKind> failure_of(void (ListChange::*change)()) {
-        try {
-            (this->*change)();
-        } catch (const Failure& failure) {
-            return failure.Kind;
-        }
-        return std::nullopt;
+    std::optional<FailureKind> kind_of(void (ListChange::*change)()) {
+        return testing::kind_of([&] { (this->*change)(); });
     }
 };
 
@@ -127,12 +123,12 @@ TEST_F(ListChange, FailsWhileAnotherProgramGoesOnChangingTheList) {
             replace_list(old_list + std::string(static_cast<std::size_t>(++changes), ' '));
     };
     for (const auto change : {&ListChange::save, &ListChange::remove})
-        EXPECT_EQ(failure_of(change), FailureKind::file_in_use);
+        EXPECT_EQ(kind_of(change), FailureKind::file_in_use);
     EXPECT_TRUE(content_of("Cams.inf").starts_with(old_list));
     disk.mend();
     const auto lock = make_posix_disk()->lock_folder_of("Cams.inf");
     for (const auto change : {&ListChange::save, &ListChange::remove})
-        EXPECT_EQ(failure_of(change), FailureKind::file_in_use);
+        EXPECT_EQ(kind_of(change), FailureKind::file_in_use);
 }
 
 TEST_F(ListChange, WaitsForAnotherProgramThatIsDoneSoon) {
@@ -173,7 +169,7 @@ TEST_F(ListChange, IsMadeWhereTheListLies) {
     EXPECT_EQ(content_of("elsewhere/list"), "new\r\nuold\r\n");
     EXPECT_FALSE(exists("elsewhere/C1.DAT"));
     const auto lock = make_posix_disk()->lock_folder_of("elsewhere/list");
-    EXPECT_EQ(failure_of(&ListChange::remove), FailureKind::file_in_use);
+    EXPECT_EQ(kind_of(&ListChange::remove), FailureKind::file_in_use);
 }
 
 TEST_F(ListChange, LeavesAListAloneThatItCantReadWhole) {
@@ -182,13 +178,13 @@ TEST_F(ListChange, LeavesAListAloneThatItCantReadWhole) {
     for (const std::string& list : lists) {
         replace_list(list);
         for (const auto change : {&ListChange::save, &ListChange::remove})
-            EXPECT_EQ(failure_of(change), FailureKind::too_large);
+            EXPECT_EQ(kind_of(change), FailureKind::too_large);
         EXPECT_TRUE(content_of("Cams.inf") == list);
     }
     constexpr std::uintmax_t three_gigabytes = 3'000'000'000;
     std::filesystem::resize_file("Cams.inf", three_gigabytes);
     for (const auto change : {&ListChange::save, &ListChange::remove})
-        EXPECT_EQ(failure_of(change), FailureKind::too_large);
+        EXPECT_EQ(kind_of(change), FailureKind::too_large);
     EXPECT_EQ(std::filesystem::file_size("Cams.inf"), three_gigabytes);
 }
 

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -67,7 +66,6 @@ Descriptor unsealed_file() {
 const std::map<std::string, std::function<void()>> lies{
     {"silent", [] { ::pause(); }},
     {"dead half-way", [] { std::_Exit(0); }},
-    {"killed half-way", [] { std::raise(SIGKILL); }},
     {"no width", [] { answer(reply_of(0, side)); }},
     {"less than no height", [] { answer(reply_of(side, -side)); }},
     {"too large", [] { answer(reply_of(8000, 5001)); }},

@@ -37,7 +37,7 @@ TEST(Misbehaviour, ClosesAConnectionThatItPromisesToKeep) {
     const std::string answer =
         RawClient(server.port(), "GET /broken-promise HTTP/1.1\r\n\r\n").receive();
     EXPECT_NE(answer.find("keep-alive"), std::string::npos);
-    EXPECT_EQ(body_of(answer), small_picture().body);
+    EXPECT_TRUE(answer.ends_with("\r\n\r\n" + small_picture().body));
 }
 
 } // namespace

@@ -47,8 +47,4 @@ inline std::string get(std::uint16_t port, const std::string& path) {
     return RawClient(port, "GET " + path + " HTTP/1.1\r\nConnection: close\r\n\r\n").receive();
 }
 
-inline std::string body_of(const std::string& answer) {
-    return answer.substr(answer.find("\r\n\r\n") + 4);
-}
-
 } // namespace lookfar::demo

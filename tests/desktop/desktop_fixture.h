@@ -14,9 +14,9 @@
 #include "runtime/controls/text_box.h"
 #include "runtime/form.h"
 #include "runtime/runtime.h"
+#include "support/pictures.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QImage>
 #include <QLineEdit>
 #include <QListView>
@@ -40,7 +40,7 @@
 namespace lookfar::desktop {
 
 /// Real windows on the X server that the tests run on.
-class DesktopTest : public testing::Test {
+class DesktopTest : public ::testing::Test {
   protected:
     /// Shows the form and waits until the keyboard is its own.
     void show(Form& form) {
@@ -94,11 +94,7 @@ class DesktopTest : public testing::Test {
 
 /// A picture of exactly these pixels.
 inline PictureReference picture_of(const QImage& image) {
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    image.save(&file, "png");
-    const Bytes bytes(file.data().begin(), file.data().end());
-    return std::make_shared<Picture>(decode_pixels(bytes));
+    return std::make_shared<Picture>(decode_pixels(lookfar::testing::encode(image, "png")));
 }
 
 inline PictureReference plain_picture(int width, int height, const QColor& colour) {

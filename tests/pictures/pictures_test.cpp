@@ -1,8 +1,8 @@
 #include "pictures/jpeg_decoder.h"
 #include "pictures/png_chunks.h"
 #include "pictures/readable_pictures.h"
-#include "runtime/failure.h"
 #include "runtime/pictures/picture_loader.h"
+#include "support/failure_of.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 
@@ -16,15 +16,13 @@ namespace lookfar::testing {
 namespace {
 
 std::string refusal_of(const Bytes& bytes) {
-    try {
-        decode_pixels(bytes);
-    } catch (const Failure& failure) {
-        const bool is_unknown = failure.Description == "The camera's answer is not a picture.";
-        EXPECT_EQ(failure.Kind,
-                  is_unknown ? FailureKind::unknown_picture_format : FailureKind::invalid_picture);
-        return failure.Description;
-    }
-    return "none";
+    const auto failure = failure_of([&] { decode_pixels(bytes); });
+    if (!failure)
+        return "none";
+    const bool is_unknown = failure->Description == "The camera's answer is not a picture.";
+    EXPECT_EQ(failure->Kind,
+              is_unknown ? FailureKind::unknown_picture_format : FailureKind::invalid_picture);
+    return failure->Description;
 }
 
 Bytes bytes_of(const std::string& text) {
@@ -78,15 +76,6 @@ Bytes with_height(std::int32_t height) {
         bitmap[height_offset + byte] =
             static_cast<std::uint8_t>(static_cast<std::uint32_t>(height) >> 8 * byte);
     return bitmap;
-}
-
-TEST(Pictures, LieInRowsOfThreeBytesAPixelPaddedToFour) {
-    const Picture picture(decode_pixels(picture_file(5, 3, 0x102030, "png")));
-    EXPECT_EQ(std::pair(picture.width(), picture.height()), std::pair(5, 3));
-    EXPECT_EQ(picture.stride(), 16);
-    ASSERT_EQ(picture.bytes().size(), 48U);
-    EXPECT_TRUE(std::ranges::equal(picture.bytes().subspan(16, 3), Bytes{0x10, 0x20, 0x30}));
-    EXPECT_TRUE(picture.opacity().empty());
 }
 
 TEST(Pictures, ArePaddedWithZerosInWhateverMemoryTheyGet) {
@@ -244,7 +233,6 @@ TEST(Pictures, AreRefusedWithAReason) {
         {"a drawing", bytes_of("<svg xmlns='http://www.w3.org/2000/svg'/>"), "not a picture"},
         {"a huge picture", claiming_size(60000), too_large},
         {"half a JPEG", cut(whole, std::ssize(whole) / 2), "ends too early"},
-        {"half a BMP", cut(bitmap, std::ssize(bitmap) / 2), "ends too early"},
         {"the start of a BMP", {bitmap.begin(), bitmap.begin() + 20}, "ends too early"},
         {"a BMP without its last byte", cut(bitmap, 1), "ends too early"},
         {"a PNG cut in its pixels", cut(network, 40), "ends too early"},

@@ -6,16 +6,12 @@
 
 namespace lookfar::testing {
 
-namespace {
-
 Bytes encode(const QImage& image, const char* format) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format, 85);
     return {buffer.data().begin(), buffer.data().end()};
 }
-
-} // namespace
 
 Bytes picture_file(int width, int height, std::uint32_t colour, const char* format) {
     QImage image(width, height, QImage::Format_RGB32);

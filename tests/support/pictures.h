@@ -5,9 +5,14 @@
 
 #include <cstdint>
 
+class QImage;
+
 namespace lookfar::testing {
 
-/// A picture file of one colour (0xRRGGBB), in a format of Qt's writers such as "jpg" or "png".
+/// A picture file of these pixels, in a format of Qt's writers such as "jpg" or "png".
+Bytes encode(const QImage& image, const char* format);
+
+/// A picture file of one colour (0xRRGGBB).
 Bytes picture_file(int width, int height, std::uint32_t colour = 0x336699,
                    const char* format = "jpg");
 

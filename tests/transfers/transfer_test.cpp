@@ -75,10 +75,13 @@ TEST_F(Transfers, TellHostsWhoAsksAndForWhatOverOneConnection) {
               "image/jpeg,image/gif,multipart/x-mixed-replace;q=0.5,*/*;q=0.1");
 }
 
+const std::string
+    gzipped_hello("\x1F\x8B\x08\0\0\0\0\0\x02\x03\xCBH\xCD\xC9\xC9\x07\0\x86\xA6\x10\x36\x05\0\0\0",
+                  25);
+
 TEST_F(Transfers, UnpackCompressedBodies) {
     const std::pair<std::string, std::string> packed[] = {
-        {"gzip",
-         {"\x1F\x8B\x08\0\0\0\0\0\x02\x03\xCBH\xCD\xC9\xC9\x07\0\x86\xA6\x10\x36\x05\0\0\0", 25}},
+        {"gzip", gzipped_hello},
         {"deflate", {"\x78\x9C\xCBH\xCD\xC9\xC9\x07\0\x06\x2C\x02\x15", 13}},
         {"br", "\x0B\x02\x80hello\x03"},
         {"zstd", {"\x28\xB5\x2F\xFD\0\x58\x29\0\0hello", 14}},
@@ -94,9 +97,6 @@ TEST_F(Transfers, UnpackCompressedBodies) {
 }
 
 TEST_F(Transfers, ShowAPictureThatIsWholeHoweverItsTransferEnds) {
-    const std::string packed("\x1F\x8B\x08\0\0\0\0\0\x02\x03\xCBH\xCD\xC9\xC9\x07\0\x86\xA6\x10\x36"
-                             "\x05\0\0\0",
-                             25);
     const std::string too_early = "failure 18: The camera's answer ends too early.";
     const std::string not_unpacked =
         "failure 61: The camera's answer is compressed in a way that can't be unpacked.";
@@ -110,8 +110,9 @@ TEST_F(Transfers, ShowAPictureThatIsWholeHoweverItsTransferEnds) {
         {"Transfer-Encoding: chunked",
          "5\r\nhello\r\n0\r\nTrailer: " + std::string(180'000, 'a') + "\r\n\r\n",
          "failure 56: The camera's answer can't be received."},
-        {"Content-Encoding: gzip", packed + std::string(500'000, 'a'), not_unpacked},
-        {"Content-Encoding: gzip", packed.substr(0, packed.size() - 8) + "?1234567", not_unpacked},
+        {"Content-Encoding: gzip", gzipped_hello + std::string(500'000, 'a'), not_unpacked},
+        {"Content-Encoding: gzip", gzipped_hello.substr(0, gzipped_hello.size() - 8) + "?1234567",
+         not_unpacked},
         {"Content-Encoding: gzip", "hello", not_unpacked},
         {"Content-Encoding: utf-8", "hello", not_unpacked},
     };

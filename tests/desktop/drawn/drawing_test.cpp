@@ -4,7 +4,6 @@
 #include "desktop/style/fonts.h"
 #include "runtime/controls/images.h"
 #include "runtime/controls/shapes.h"
-#include "support/pictures.h"
 
 #include <QPainter>
 

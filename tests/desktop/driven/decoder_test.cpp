@@ -8,19 +8,15 @@ namespace lookfar::driven {
 namespace {
 
 namespace fs = std::filesystem;
+using lookfar::testing::content_of;
 
 fs::path folder_of(qint64 process) {
     return fs::path("/proc") / std::to_string(process);
 }
 
-std::string text_in(const fs::path& file) {
-    std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 /// What the system tells of the process under that name, such as Seccomp.
 std::string told_of(qint64 process, const std::string& name) {
-    const std::string status = text_in(folder_of(process) / "status");
+    const std::string status = content_of(folder_of(process) / "status");
     const std::string beginning = "\n" + name + ":\t";
     const auto place = status.find(beginning);
     return place == std::string::npos ? "" : status.substr(place + beginning.size(), 1);
@@ -52,17 +48,6 @@ class LockedInDecoder : public DrivenTest {
         EXPECT_EQ(all.size(), 1U);
         return all.empty() ? -1 : *all.begin();
     }
-
-    /// Has the decoder get a picture that it does nothing about.
-    pid_t hold_up_decoder() {
-        const pid_t process = decoder();
-        ::kill(process, SIGSTOP);
-        cameras->answer("/Harbour", showing(colour::green));
-        const auto requests = cameras->requests();
-        click(title::main_window, "push button 'Reload'");
-        EXPECT_TRUE(comes_true([&] { return cameras->requests() > requests; }));
-        return process;
-    }
 };
 
 TEST_F(LockedInDecoder, HoldsNothingButItsSocketAndTheProgramHoldsNoDecoder) {
@@ -82,9 +67,9 @@ TEST_F(LockedInDecoder, HoldsNothingButItsSocketAndTheProgramHoldsNoDecoder) {
         }
         EXPECT_EQ(held, "/dev/null /dev/null /dev/null socket ");
         EXPECT_EQ(fs::read_symlink(folder_of_decoder / "cwd"), "/");
-        EXPECT_EQ(text_in(folder_of_decoder / "environ"), "");
+        EXPECT_EQ(content_of(folder_of_decoder / "environ"), "");
     }
-    const std::string maps = text_in(folder_of(program.processId()) / "maps");
+    const std::string maps = content_of(folder_of(program.processId()) / "maps");
     EXPECT_NE(maps.find("libQt6Gui"), std::string::npos);
     for (const char* library : {"jpeg", "webp", "imageformats"})
         EXPECT_EQ(maps.find(library), std::string::npos) << library;
@@ -100,7 +85,12 @@ TEST_F(LockedInDecoder, ThatDiesCostsOneRefresh) {
 }
 
 TEST_F(LockedInDecoder, ThatHangsHoldsUpNoEndAndOutlivesNoProgram) {
-    const pid_t hanging = hold_up_decoder();
+    const pid_t hanging = decoder();
+    ::kill(hanging, SIGSTOP);
+    cameras->answer("/Harbour", showing(colour::green));
+    const auto requests = cameras->requests();
+    click(title::main_window, "push button 'Reload'");
+    EXPECT_TRUE(comes_true([&] { return cameras->requests() > requests; }));
     close_window();
     expect_good_end();
     EXPECT_TRUE(comes_true([&] { return is_gone(hanging); }));

@@ -1,4 +1,5 @@
 #include "runtime/controls/inet.h"
+#include "support/failure_of.h"
 #include "support/scripted_platform.h"
 
 #include <gtest/gtest.h>
@@ -14,12 +15,8 @@ struct Transfers : ::testing::Test {
 
     /// 0 where the URL is fetched.
     int number_of(const std::string& url) {
-        try {
-            Inet1.OpenURL(url, DataType::icByteArray);
-        } catch (const Failure& failure) {
-            return failure.Number;
-        }
-        return 0;
+        const auto failure = failure_of([&] { Inet1.OpenURL(url, DataType::icByteArray); });
+        return failure ? failure->Number : 0;
     }
 };
 

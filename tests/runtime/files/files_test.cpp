@@ -1,6 +1,6 @@
-#include "runtime/failure.h"
 #include "runtime/files/files.h"
 #include "runtime/files/posix_file.h"
+#include "support/failure_of.h"
 #include "support/faulty_disk.h"
 #include "support/temporary_folder.h"
 
@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <new>
-#include <optional>
 #include <sys/stat.h>
 #include <tuple>
 #include <unistd.h>
@@ -31,16 +30,6 @@ struct Files : ::testing::Test {
         while (!files.EndOfFile(1))
             lines.push_back(files.LineInput(1));
         return lines;
-    }
-
-    static std::optional<FailureKind> kind_of(const std::function<void()>& statement) {
-        try {
-            statement();
-        } catch (const Failure& failure) {
-            EXPECT_FALSE(failure.Description.empty());
-            return failure.Kind;
-        }
-        return std::nullopt;
     }
 };
 
@@ -195,7 +184,9 @@ TEST_F(Files, ThatAreTooLargeAreRefused) {
 TEST_F(Files, ThatAreNoRegularFilesAreRefusedAtOnce) {
     std::filesystem::create_directory("folder");
     ::mkfifo("pipe", 0600);
-    EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "folder"); }), FailureKind::other);
+    const auto failure = failure_of([&] { files.OpenForInput(1, "folder"); });
+    ASSERT_TRUE(failure);
+    EXPECT_EQ(failure->Description, "folder: Is a directory");
     EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "pipe"); }), FailureKind::other);
     EXPECT_EQ(kind_of([&] { files.OpenForInput(1, "missing"); }), FailureKind::file_not_found);
     EXPECT_EQ(kind_of([&] { files.Kill("missing"); }), FailureKind::file_not_found);
