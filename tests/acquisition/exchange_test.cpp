@@ -28,12 +28,6 @@ TEST_F(Exchange, GivesThePictureAsItIsShownAndTheFileThatTheCameraSent) {
     EXPECT_EQ(platform.copies.size() + platform.dragged.size(), 2U) << "no picture is shown";
 }
 
-TEST_F(Exchange, ReloadsByTheKey) {
-    const auto before = platform.requests.size();
-    Form1->ReloadKey.raise();
-    EXPECT_EQ(platform.requests.size(), before + 1);
-}
-
 TEST_F(Exchange, PutsAGivenAddressIntoTheEditorAndOverwritesNothingThere) {
     const struct {
         bool is_open;

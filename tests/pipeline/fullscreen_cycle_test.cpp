@@ -93,9 +93,13 @@ TEST_F(Pipeline, ShowsTheTestCardAndBlinksAfterAFailureUntilAFetchSucceeds) {
     let_run();
     refresh_with(Failure(7, "refused"));
     EXPECT_FALSE(Form2->Label2.Visible);
+    // The cycle sets these anew, whoever has changed them meanwhile.
+    Form2->Image3.Visible = true;
+    Form2->Label8.Caption = "1";
     let_run();
     EXPECT_TRUE(Form2->TestBild.Visible);
     EXPECT_FALSE(Form2->Image3.Visible || Form2->Timer4.Enabled);
+    EXPECT_EQ(Form2->Label8.Caption.get(), "0");
     const std::string line = Form1->StatusBar1.Text;
     bool shown = false;
     for (int blink = 0; blink < 6; ++blink) {
@@ -109,6 +113,7 @@ TEST_F(Pipeline, ShowsTheTestCardAndBlinksAfterAFailureUntilAFetchSucceeds) {
     EXPECT_EQ(Form1->StatusBar1.Text.get(), line);
 
     refresh_with(answer);
+    Form2->Image3.Visible = false;
     let_run();
     expect_error_display(false);
     EXPECT_FALSE(Form2->TestBild.Visible);

@@ -16,8 +16,6 @@ TEST(Complaints, TellWhatTheCameraAnsweredInPlaceOfAPicture) {
     const std::pair<Answer, std::string> cases[] = {
         {{.status = 302}, "The camera answered 302."},
         {{.status = 599, .media_type = "image/jpeg", .body = other}, "The camera answered 599."},
-        {{.status = 401, .credentials = Credentials::untold},
-         "The camera asks for the password in a way that isn't known (401)."},
         {{.status = 407}, "The proxy asks for a user name and a password (407)."},
         {{.status = 206, .media_type = "application/xhtml+xml", .body = other}, page},
         {{.status = 200,

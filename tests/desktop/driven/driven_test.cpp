@@ -79,13 +79,12 @@ void DrivenTest::write_list(const Titles& titles) const {
     lookfar::testing::write_file("Cams.inf", list);
 }
 
-void DrivenTest::launch(const std::string& http_proxy, const std::string& command) {
+void DrivenTest::launch(const std::string& command) {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     // Without a screen reader the program would keep its texts to itself.
     variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     // Qt tells its texts only on a bus that it has found itself.
     variables.remove("AT_SPI_BUS_ADDRESS");
-    variables.insert("http_proxy", QString::fromStdString(http_proxy));
     program.setProcessEnvironment(variables);
     program.start("sh", {"-c", QString::fromStdString(command), LOOKFAR_PROGRAM});
     if (!program.waitForStarted())

@@ -73,7 +73,7 @@ class DrivenTest : public ::testing::Test {
     void write_list(const Titles& titles) const;
     /// Starts the program in the current directory, by a shell's command in which "$0" is its name,
     /// and doesn't wait for anything.
-    void launch(const std::string& http_proxy = {}, const std::string& command = "exec \"$0\"");
+    void launch(const std::string& command = "exec \"$0\"");
     /// Starts the program on a list of cameras and waits for its main window. Throws where
     /// that never comes.
     void start(const Titles& titles);

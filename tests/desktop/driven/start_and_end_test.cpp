@@ -1,7 +1,5 @@
 #include "desktop/driven/driven_test.h"
 
-#include "demo/misbehaviour.h"
-
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 
@@ -37,21 +35,9 @@ TEST_F(Start, ShowsTheSplashWindowUntilTheFirstPictureIsThere) {
         << "the frame is in the corner of the screen";
 }
 
-TEST_F(Start, MakesAListInAnEmptyFolder) {
-    cameras->answer("/eiffel1.jpg", showing(colour::green));
-    // The camera that a new list starts with lives elsewhere; this proxy stands for all the world.
-    launch(cameras->url(""));
-    ASSERT_TRUE(comes_up(title::main_window));
-    EXPECT_EQ(lookfar::testing::content_of("Cams.inf"),
-              "Eiffeltower\r\nhttp://" LOOKFAR_DEFAULT_CAMERA_HOST
-              "/eiffel1.jpg?1011467343523\r\n");
-    EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Eiffeltower"));
-    EXPECT_TRUE(comes_to_show(picture(), colour::green));
-}
-
 TEST_F(Start, LivesWithStandardStreamsThatAreClosedAndWritesThatFail) {
     write_list({"Harbour"});
-    launch({}, "exec \"$0\" <&- >&- 2>&-");
+    launch("exec \"$0\" <&- >&- 2>&-");
     ASSERT_TRUE(comes_up(title::main_window));
     for (const int stream : {0, 1, 2})
         EXPECT_EQ(std::filesystem::read_symlink("/proc/" + std::to_string(program.processId()) +
@@ -89,16 +75,6 @@ TEST_F(Start, WaitsForNoBusAndTellsAssistiveTechnologyOnceItIsThere) {
     }
     EXPECT_TRUE(comes_up(title::main_window));
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour"));
-}
-
-TEST_F(End, WaitsForNoCameraThatHoldsItsAnswerBack) {
-    start({"Harbour"});
-    EXPECT_TRUE(lookfar::testing::exists("data.dat"));
-    cameras->answer("/Harbour", demo::stall());
-    click(title::main_window, "push button 'Reload'");
-    ASSERT_TRUE(comes_true([this] { return cameras->requests() == 2; }));
-    close_window();
-    expect_good_end();
 }
 
 TEST_F(End, ComesInGoodOrderWhenASignalAsksForIt) {
