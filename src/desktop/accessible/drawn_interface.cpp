@@ -1,6 +1,5 @@
 #include "desktop/accessible/drawn_interface.h"
 
-#include "desktop/accessible/readable_control.h"
 #include "desktop/style/texts.h"
 
 #include <algorithm>
@@ -11,9 +10,18 @@ bool DrawnInterface::isValid() const {
     return view_ && std::ranges::count(view_->controls(), control_) > 0;
 }
 
+std::optional<ReadableControl> DrawnInterface::readable() const {
+    return isValid() ? readable_control(*control_) : std::nullopt;
+}
+
 std::string DrawnInterface::name() const {
-    const auto readable = isValid() ? readable_control(*control_) : std::nullopt;
-    return readable && control_->Visible ? readable->name : std::string();
+    const auto control = readable();
+    return control && control_->Visible ? control->name : std::string();
+}
+
+QAccessible::Role DrawnInterface::role() const {
+    const auto control = readable();
+    return control ? control->role : QAccessible::StaticText;
 }
 
 void* DrawnInterface::interface_cast(QAccessible::InterfaceType type) {

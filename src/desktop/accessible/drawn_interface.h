@@ -1,10 +1,12 @@
 #pragma once
 
+#include "desktop/accessible/readable_control.h"
 #include "desktop/window/window_view.h"
 
 #include <QAccessible>
 #include <QPointer>
 
+#include <optional>
 #include <string>
 
 namespace lookfar::desktop {
@@ -15,8 +17,7 @@ namespace lookfar::desktop {
 /// empty.
 class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterface {
   public:
-    DrawnInterface(WindowView& view, const Control& control, QAccessible::Role role)
-        : view_(&view), control_(&control), role_(role) {}
+    DrawnInterface(WindowView& view, const Control& control) : view_(&view), control_(&control) {}
 
     bool isValid() const override;
     QObject* object() const override { return nullptr; }
@@ -32,7 +33,7 @@ class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterf
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override;
-    QAccessible::Role role() const override { return role_; }
+    QAccessible::Role role() const override;
     QAccessible::State state() const override;
 
     // The text of a label, which can neither be selected nor edited. The place of each character
@@ -53,12 +54,13 @@ class DrawnInterface : public QAccessibleInterface, public QAccessibleTextInterf
     void scrollToSubstring(int, int) override {}
 
   private:
+    /// Nothing once the control is gone.
+    std::optional<ReadableControl> readable() const;
     /// What is read of the control; empty while it is hidden, and once it is gone.
     std::string name() const;
 
     QPointer<WindowView> view_;
     const Control* control_;
-    QAccessible::Role role_;
 };
 
 } // namespace lookfar::desktop

@@ -59,8 +59,8 @@ QAccessibleInterface* WindowInterface::childAt(int x, int y) const {
 QAccessibleInterface* WindowInterface::interface_of(const Control& control) const {
     const auto [place, is_new] = drawn_.try_emplace(&control);
     if (is_new)
-        place->second = QAccessible::registerAccessibleInterface(
-            owned_by_qt<DrawnInterface>(view_, control, readable_control(control)->role));
+        place->second =
+            QAccessible::registerAccessibleInterface(owned_by_qt<DrawnInterface>(view_, control));
     return QAccessible::accessibleInterface(place->second);
 }
 

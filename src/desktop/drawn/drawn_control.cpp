@@ -13,6 +13,10 @@ namespace lookfar::desktop {
 
 namespace {
 
+QRectF area_of(const BoxControl& control) {
+    return exact_rectangle(control.bounds());
+}
+
 /// A line has no width of its own; one pixel around it holds its thickness.
 QRectF area_of(const Line& line) {
     const QRectF between(QPointF(to_pixels(line.X1), to_pixels(line.Y1)),
@@ -35,8 +39,8 @@ class Describer : public ControlVisitor {
   public:
     using ControlVisitor::visit;
 
-    void visit(Frame& frame) override { describe(frame); }
-    void visit(Shape& shape) override { describe(shape); }
+    void visit(Frame& frame) override { drawn_ = {.area = area_of(frame)}; }
+    void visit(Shape& shape) override { drawn_ = {.area = area_of(shape)}; }
     void visit(Line& line) override { drawn_ = {.area = area_of(line)}; }
 
     void visit(Label& label) override {
@@ -44,25 +48,19 @@ class Describer : public ControlVisitor {
     }
 
     void visit(Image& image) override {
-        describe(image);
-        drawn_->mouse = &image;
-        drawn_->picture = image.Picture;
-        drawn_->tool_tip = image.Design.ToolTipText;
+        drawn_ = {.area = area_of(image),
+                  .mouse = &image,
+                  .picture = image.Picture,
+                  .tool_tip = image.Design.ToolTipText};
     }
 
     void visit(PictureBox& box) override {
-        describe(box);
-        drawn_->mouse = &box;
-        drawn_->picture = box.Picture;
+        drawn_ = {.area = area_of(box), .mouse = &box, .picture = box.Picture};
     }
 
     std::optional<DrawnControl> result() { return std::move(drawn_); }
 
   private:
-    void describe(const BoxControl& control) {
-        drawn_ = {.area = exact_rectangle(control.bounds())};
-    }
-
     std::optional<DrawnControl> drawn_;
 };
 

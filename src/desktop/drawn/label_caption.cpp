@@ -13,7 +13,7 @@ namespace lookfar::desktop {
 namespace {
 
 QString seen_caption(const Label& label) {
-    const QString caption = shown_text(label.seen_caption());
+    QString caption = shown_text(label.seen_caption());
     if (!label.is_shortened())
         return caption;
     const QFontMetrics metrics(screen_font(label.Design.Font));

@@ -62,11 +62,13 @@ class BoxControl : public Control {
 template <class Kind, class Values, class Base = BoxControl>
 class ControlOf : public Base {
   public:
-    ControlOf(Form& owner, const Values& design) : Base(owner, design), Design(design) {}
-
     void accept(ControlVisitor& visitor) final { visitor.visit(static_cast<Kind&>(*this)); }
 
     const Values Design;
+
+  private:
+    friend Kind;
+    ControlOf(Form& owner, const Values& design) : Base(owner, design), Design(design) {}
 };
 
 enum class MouseButton : short { left = 1, right = 2, middle = 4 };

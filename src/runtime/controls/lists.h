@@ -59,7 +59,7 @@ struct ListBoxDesign {
 
 class ListBox : public ControlOf<ListBox, ListBoxDesign, ListControl> {
   public:
-    using ControlOf::ControlOf;
+    ListBox(Form& owner, const ListBoxDesign& design) : ControlOf(owner, design) {}
 
     /// The user presses the Delete key.
     Event<> DeleteKey;

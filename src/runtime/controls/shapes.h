@@ -59,7 +59,7 @@ struct FrameDesign {
 /// An etched rectangle; a very thin one is a rule.
 class Frame : public ControlOf<Frame, FrameDesign> {
   public:
-    using ControlOf::ControlOf;
+    Frame(Form& owner, const FrameDesign& design) : ControlOf(owner, design) {}
 };
 
 } // namespace lookfar
