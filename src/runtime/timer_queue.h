@@ -45,8 +45,8 @@ class TimerQueue {
     /// Takes a timer out; unknown ones are ignored.
     void stop(Identity timer);
 
-    /// Serves every tick that is due now, each timer at most once. What follows from them comes with
-    /// the next wake-up, so that the loop can answer the system between two that take long.
+    /// Serves every tick that is due now, each timer at most once. What follows from them comes
+    /// with the next wake-up, so that the loop can answer the system between two that take long.
     void serve_due();
     /// Serves the ticks that a change has made due, each timer at most once, unless another timer's
     /// tick is due before them. Called after a handler, so that its changes are not shown without

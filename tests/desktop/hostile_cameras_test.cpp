@@ -84,7 +84,7 @@ class HostileCameras : public DesktopTest {
 };
 
 TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
-    constexpr long most_megabytes = 1024;
+    constexpr long max_megabytes = 1024;
     const std::vector<Camera> all{
         {"/stall", 28, "The wait for the camera's picture has timed out.", 1},
         {"/slow-drip", 28, "The wait for the camera's picture has timed out.", 1},
@@ -126,7 +126,7 @@ TEST_F(HostileCameras, ShowAPictureOrAnErrorAndLeaveTheNextOneAlone) {
     };
     for (const Camera& camera : all) {
         expect(camera);
-        EXPECT_LT(peak_megabytes(), most_megabytes) << camera.address;
+        EXPECT_LT(peak_megabytes(), max_megabytes) << camera.address;
         expect({"/good"});
     }
 }
