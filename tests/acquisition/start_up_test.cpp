@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <fstream>
+#include <ranges>
 #include <set>
 
 namespace lookfar::testing {
@@ -69,10 +70,8 @@ TEST(StartUp, SaysWhichTitleAtTheEndOfTheListIsNoCamera) {
         Machine machine(1);
         std::ofstream("Cams.inf", std::ios::binary | std::ios::app) << end;
         machine.start();
-        std::vector<std::string> told;
-        for (const auto& [control, text] : machine.platform.hints)
-            told.push_back(text);
-        EXPECT_EQ(told, complaints);
+        const auto told = std::views::values(machine.platform.hints);
+        EXPECT_EQ(std::vector<std::string>(told.begin(), told.end()), complaints);
         EXPECT_EQ(machine.Form1->Combo1.ListCount(), 1);
         EXPECT_FALSE(machine.Form1->Label3.Visible);
     }

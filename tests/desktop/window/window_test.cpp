@@ -94,9 +94,9 @@ TEST_F(TwoScreensTest, KeepTheMainWindowWithinReachWhenTheyMoveOrShrinkOrGo) {
         ASSERT_TRUE(comes_true([&] { return !is_managed(window(main)); }));
         for (const auto& [step, screen] : steps) {
             set_up_screens(step);
-            ASSERT_TRUE(comes_true([&screen = screen] {
+            ASSERT_TRUE(comes_true([&only_screen = screen] {
                 return QGuiApplication::screens().size() == 1 &&
-                       QGuiApplication::primaryScreen()->geometry() == screen;
+                       QGuiApplication::primaryScreen()->geometry() == only_screen;
             })) << step;
         }
         main.Show();
