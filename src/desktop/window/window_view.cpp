@@ -188,7 +188,7 @@ void WindowView::update_soon(const QRegion& region) {
 }
 
 void WindowView::prepare_update() {
-    if (windowHandle()->isExposed())
+    if (is_live_ && windowHandle()->isExposed())
         drawn_.prepare_pictures(to_update_, palette(), devicePixelRatioF());
     prepared_.start(0);
 }
