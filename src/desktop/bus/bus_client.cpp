@@ -1,7 +1,6 @@
 #include "desktop/bus/bus_client.h"
 
 #include <array>
-#include <cerrno>
 #include <cstddef>
 #include <string_view>
 #include <sys/socket.h>
@@ -12,9 +11,8 @@ namespace {
 
 void write(int socket, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t written = ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-        if (written == -1 && errno == EINTR)
-            continue;
+        const ssize_t written =
+            uninterrupted([&] { return ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL); });
         if (written == -1)
             return;
         bytes.remove_prefix(static_cast<std::size_t>(written));
@@ -53,10 +51,8 @@ std::string BusClient::next_line() {
 
 bool BusClient::receive() {
     std::array<char, 4096> bytes{};
-    ssize_t size = -1;
-    do
-        size = ::recv(socket_.number(), bytes.data(), bytes.size(), 0);
-    while (size == -1 && errno == EINTR);
+    const ssize_t size =
+        uninterrupted([&] { return ::recv(socket_.number(), bytes.data(), bytes.size(), 0); });
     if (size <= 0)
         return false;
     received_.append(bytes.data(), static_cast<std::size_t>(size));
