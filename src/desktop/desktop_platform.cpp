@@ -53,6 +53,7 @@ void prepare() {
     QGuiApplication::setDesktopFileName(QStringLiteral(LOOKFAR_APPLICATION_ID));
     QApplication::setStyle(desktop::owned_by_qt<desktop::CompactStyle>());
     QGuiApplication::setQuitOnLastWindowClosed(false);
+    desktop::make_windows_readable();
     // Numbers are written with a decimal point wherever the user lives.
     std::setlocale(LC_NUMERIC, "C");
 }
@@ -76,7 +77,6 @@ struct DesktopPlatform::Parts {
 
     desktop::PatientBus patient_bus;
     QApplication application;
-    desktop::Accessibility accessibility;
     desktop::Windows windows;
     desktop::ChangeReporter change_reporter{windows};
     desktop::InputSynchroniser input_synchroniser;

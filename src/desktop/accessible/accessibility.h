@@ -2,14 +2,9 @@
 
 namespace lookfar::desktop {
 
-/// While it lives, assistive technology reads the windows as they are meant: with the labels and
-/// pictures that they draw themselves, and with the roles and values of the widgets that are ours.
-class Accessibility {
-  public:
-    Accessibility();
-    Accessibility(const Accessibility&) = delete;
-    Accessibility& operator=(const Accessibility&) = delete;
-    ~Accessibility();
-};
+/// Has assistive technology read the windows as they are meant: with the labels and pictures that
+/// they draw themselves, and with the roles and values of the widgets that are ours. To be called
+/// before the first window is made.
+void make_windows_readable();
 
 } // namespace lookfar::desktop

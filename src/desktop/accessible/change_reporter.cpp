@@ -1,6 +1,5 @@
 #include "desktop/accessible/change_reporter.h"
 
-#include "desktop/accessible/object_signal.h"
 #include "desktop/accessible/readable_control.h"
 #include "desktop/accessible/window_interface.h"
 #include "desktop/native/hint.h"
@@ -10,6 +9,10 @@
 #include "desktop/window/windows.h"
 
 #include <QAccessible>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QVariantMap>
 
 #include <utility>
 
@@ -20,6 +23,18 @@ namespace {
 void report(QAccessibleInterface& object, QAccessible::Event kind) {
     QAccessibleEvent event(&object, kind);
     QAccessible::updateAccessibility(&event);
+}
+
+/// Sends a signal of an object, with a value and a text, on the accessibility bus: one that Qt has
+/// no event for, or an event that it does not pass on. It goes out over the connection that Qt
+/// itself holds to that bus, from the path that Qt gives the object there.
+void send_object_signal(QAccessibleInterface& object, const QString& signal, const QString& detail,
+                        int value, const QString& text) {
+    QDBusMessage message = QDBusMessage::createSignal(
+        QStringLiteral("/org/a11y/atspi/accessible/%1").arg(QAccessible::uniqueId(&object)),
+        QStringLiteral("org.a11y.atspi.Event.Object"), signal);
+    message << detail << value << 0 << QVariant::fromValue(QDBusVariant(text)) << QVariantMap();
+    QDBusConnection(QStringLiteral("a11y")).send(message);
 }
 
 QAccessibleInterface& drawn_interface(WindowView& window, const Control& control) {

@@ -1,62 +1,90 @@
 #include "desktop/accessible/native_interfaces.h"
 
 #include "desktop/native/label_tab_stop.h"
+#include "desktop/native/owned_by_qt.h"
 #include "desktop/native/status_text.h"
 #include "desktop/native/up_down_arrows.h"
 
+#include <QAccessibleWidget>
+
 namespace lookfar::desktop {
 
-LabelTabStopInterface::LabelTabStopInterface(LabelTabStop& stop)
-    : QAccessibleWidget(&stop,
-                        stop.role() == LabelRole::link ? QAccessible::Link : QAccessible::Button),
-      stop_(stop) {}
+namespace {
 
-QAccessible::State LabelTabStopInterface::state() const {
-    QAccessible::State state = QAccessibleWidget::state();
-    const auto is_open = stop_.is_open();
-    state.expandable = is_open.has_value();
-    state.expanded = is_open == true;
-    state.collapsed = is_open == false;
-    return state;
-}
+/// A button or a link that can be pressed, and whether a part of the window that it opens and
+/// closes is open.
+class LabelTabStopInterface : public QAccessibleWidget {
+  public:
+    explicit LabelTabStopInterface(LabelTabStop& stop)
+        : QAccessibleWidget(&stop, stop.role() == LabelRole::link ? QAccessible::Link
+                                                                  : QAccessible::Button),
+          stop_(stop) {}
 
-QStringList LabelTabStopInterface::actionNames() const {
-    return QStringList(pressAction()) + QAccessibleWidget::actionNames();
-}
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        const auto is_open = stop_.is_open();
+        state.expandable = is_open.has_value();
+        state.expanded = is_open == true;
+        state.collapsed = is_open == false;
+        return state;
+    }
 
-void LabelTabStopInterface::doAction(const QString& name) {
-    if (name == pressAction())
-        stop_.click();
-    else
-        QAccessibleWidget::doAction(name);
-}
+    QStringList actionNames() const override {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
 
-StatusTextInterface::StatusTextInterface(StatusText& text)
-    : QAccessibleWidget(&text, QAccessible::StatusBar) {}
+    void doAction(const QString& name) override {
+        if (name == pressAction())
+            stop_.click();
+        else
+            QAccessibleWidget::doAction(name);
+    }
 
-UpDownInterface::UpDownInterface(UpDownArrows& arrows)
-    : QAccessibleWidget(&arrows, QAccessible::SpinBox), arrows_(arrows) {}
+  private:
+    LabelTabStop& stop_;
+};
 
-void* UpDownInterface::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::ValueInterface)
-        return static_cast<QAccessibleValueInterface*>(this);
-    return QAccessibleWidget::interface_cast(type);
-}
+/// The whole text.
+class StatusTextInterface : public QAccessibleWidget {
+  public:
+    explicit StatusTextInterface(StatusText& text)
+        : QAccessibleWidget(&text, QAccessible::StatusBar) {}
+};
 
-QVariant UpDownInterface::currentValue() const {
-    return QVariant::fromValue(arrows_.value());
-}
+/// A value between two limits.
+class UpDownInterface : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    explicit UpDownInterface(UpDownArrows& arrows)
+        : QAccessibleWidget(&arrows, QAccessible::SpinBox), arrows_(arrows) {}
 
-void UpDownInterface::setCurrentValue(const QVariant& value) {
-    Q_EMIT arrows_.value_wanted(static_cast<long>(value.toLongLong()));
-}
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
 
-QVariant UpDownInterface::maximumValue() const {
-    return QVariant::fromValue(arrows_.maximum());
-}
+    QVariant currentValue() const override { return QVariant::fromValue(arrows_.value()); }
+    void setCurrentValue(const QVariant& value) override {
+        Q_EMIT arrows_.value_wanted(static_cast<long>(value.toLongLong()));
+    }
+    QVariant maximumValue() const override { return QVariant::fromValue(arrows_.maximum()); }
+    QVariant minimumValue() const override { return QVariant::fromValue(arrows_.minimum()); }
+    QVariant minimumStepSize() const override { return 1; }
 
-QVariant UpDownInterface::minimumValue() const {
-    return QVariant::fromValue(arrows_.minimum());
+  private:
+    UpDownArrows& arrows_;
+};
+
+} // namespace
+
+QAccessibleInterface* make_native_interface(QObject* object) {
+    if (auto* const stop = dynamic_cast<LabelTabStop*>(object))
+        return owned_by_qt<LabelTabStopInterface>(*stop);
+    if (auto* const text = dynamic_cast<StatusText*>(object))
+        return owned_by_qt<StatusTextInterface>(*text);
+    if (auto* const arrows = dynamic_cast<UpDownArrows*>(object))
+        return owned_by_qt<UpDownInterface>(*arrows);
+    return nullptr;
 }
 
 } // namespace lookfar::desktop
