@@ -73,9 +73,12 @@ struct DesktopPlatform::Parts {
         application.installEventFilter(&input_synchroniser);
         application.installEventFilter(&screen_wakefulness);
         application.installEventFilter(&pointer_rest);
+        display_required.reset();
     }
 
     desktop::PatientBus patient_bus;
+    /// Until all parts are made.
+    std::optional<desktop::DisplayRequired> display_required{std::in_place};
     QApplication application;
     desktop::Windows windows;
     desktop::ChangeReporter change_reporter{windows};
@@ -93,17 +96,11 @@ struct DesktopPlatform::Parts {
     std::unique_ptr<CurlTransfers> transfers;
 };
 
-std::unique_ptr<DesktopPlatform::Parts>
-DesktopPlatform::make_parts(int& argument_count, char** arguments,
-                            const std::vector<std::span<const std::uint8_t>>& icons) {
-    const desktop::DisplayRequired display_required;
-    return std::make_unique<Parts>(argument_count, arguments, icons);
-}
-
 DesktopPlatform::DesktopPlatform(int& argument_count, char** arguments,
                                  const std::vector<std::span<const std::uint8_t>>& icons,
                                  std::filesystem::path decoder)
-    : parts_(make_parts(argument_count, arguments, icons)), decoder_(std::move(decoder)) {
+    : parts_(std::make_unique<Parts>(argument_count, arguments, icons)),
+      decoder_(std::move(decoder)) {
     parts_->wake_timer.setSingleShot(true);
     parts_->wake_timer.setTimerType(Qt::PreciseTimer);
     // Queued, so that what the user has done by then comes before the ticks. They may take long,

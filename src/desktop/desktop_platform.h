@@ -65,10 +65,6 @@ class DesktopPlatform : public Platform {
   private:
     struct Parts;
 
-    static std::unique_ptr<Parts>
-    make_parts(int& argument_count, char** arguments,
-               const std::vector<std::span<const std::uint8_t>>& icons);
-
     std::unique_ptr<CurlTransfers> make_transfers();
 
     std::unique_ptr<Parts> parts_;
