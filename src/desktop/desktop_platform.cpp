@@ -6,7 +6,6 @@
 #include "desktop/bus/patient_bus.h"
 #include "desktop/display_required.h"
 #include "desktop/end_signals.h"
-#include "desktop/exchange/picture_data.h"
 #include "desktop/exchange/picture_drag.h"
 #include "desktop/mailbox.h"
 #include "desktop/message_boxes.h"

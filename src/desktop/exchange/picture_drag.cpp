@@ -1,6 +1,6 @@
 #include "desktop/exchange/picture_drag.h"
 
-#include "desktop/exchange/picture_data.h"
+#include "desktop/drawn/reduced_picture.h"
 #include "desktop/native/owned_by_qt.h"
 
 #include <QDir>
@@ -26,6 +26,13 @@ QPixmap thumbnail_of(const QMimeData& data) {
 }
 
 } // namespace
+
+/// Qt offers an image in every format that it writes, and encodes it only for who asks.
+std::unique_ptr<QMimeData> picture_data(const Picture& picture) {
+    auto data = std::make_unique<QMimeData>();
+    data->setImageData(copied(picture));
+    return data;
+}
 
 /// Not at once: the handler that asks for the drag would last as long, and hold up the others.
 void PictureDrag::start(PictureReference picture) {

@@ -2,12 +2,18 @@
 
 #include "runtime/pictures/picture.h"
 
+#include <QMimeData>
 #include <QObject>
 #include <QTemporaryDir>
 
+#include <memory>
 #include <optional>
 
 namespace lookfar::desktop {
+
+/// The picture as it is now for another program, which may ask for it as PNG too. The pixels are
+/// copied: what is written into the picture later doesn't reach them.
+std::unique_ptr<QMimeData> picture_data(const Picture& picture);
 
 /// Drags pictures out of the program: as a file in the camera's own bytes, for a file manager, and
 /// as an image for whoever takes that.
