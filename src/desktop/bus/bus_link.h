@@ -21,10 +21,6 @@ class BusLink {
         : client_(std::move(client)),
           bus_(address),
           accessibility_bus_(std::move(accessibility_bus)) {}
-    BusLink(const BusLink&) = delete;
-    BusLink& operator=(const BusLink&) = delete;
-    ~BusLink() = default;
-
     /// Runs until one of both sides goes.
     void run();
     /// Makes `run` come back; to be called from another thread.
