@@ -36,23 +36,20 @@ WindowView::WindowView(Form& form, Windows& windows, const QIcon& icon)
     apply_icon(icon);
     bind_keys();
     setAcceptDrops(form.AddressGiven.is_connected());
+    for (QTimer* const timer : {&coming_up_, &coming_forward_, &update_, &prepared_, &showing_})
+        timer->setSingleShot(true);
     constexpr std::chrono::seconds longest_coming_up(2);
-    coming_up_.setSingleShot(true);
     coming_up_.setInterval(longest_coming_up);
     coming_up_.callOnTimeout([this] { windows_.synchronise_later(); });
     constexpr std::chrono::milliseconds longest_coming_forward(300);
-    coming_forward_.setSingleShot(true);
     coming_forward_.setInterval(longest_coming_forward);
     coming_forward_.callOnTimeout([this] { windows_.synchronise_later(); });
     // Ticks of a millisecond that the changes ask for come first.
     constexpr std::chrono::milliseconds behind_the_ticks(3);
-    update_.setSingleShot(true);
     update_.setInterval(behind_the_ticks);
     update_.callOnTimeout(this, &WindowView::prepare_update, Qt::QueuedConnection);
-    prepared_.setSingleShot(true);
     prepared_.callOnTimeout(
         this, [this] { update(std::exchange(to_update_, {})); }, Qt::QueuedConnection);
-    showing_.setSingleShot(true);
     showing_.setInterval(behind_the_ticks);
     showing_.callOnTimeout([this] { show_now(); });
 }
