@@ -1,7 +1,5 @@
 #include "desktop/exchange/given_address.h"
 
-#include "desktop/style/texts.h"
-
 #include <QMimeData>
 #include <QString>
 #include <QStringList>
@@ -28,7 +26,7 @@ std::optional<GivenAddress> address_in(const QString& text, const QString& title
     const QString line = text.trimmed();
     if (!is_address(line))
         return std::nullopt;
-    return GivenAddress{.address = typed_bytes(line), .title = typed_bytes(title.simplified())};
+    return GivenAddress{.address = line.toStdString(), .title = title.simplified().toStdString()};
 }
 
 /// A format of links: an address on the first line, and a title, if there is one, on the second.

@@ -70,7 +70,7 @@ void select_if_written(const TextEntry& entry, TextBox& control, const std::stri
 }
 
 void report_text(const TextEntry& entry, TextBox& control) {
-    const std::string typed = typed_bytes(entry.text());
+    const std::string typed = entry.text().toStdString();
     control.SelStart = entry.cursorPosition();
     control.SelLength = 0;
     control.Text = typed;

@@ -32,12 +32,8 @@ constexpr std::array substitutes{
     Substitute{"Courier New", "Liberation Mono", QFont::Normal},
 };
 
-QString family_name(std::string_view name) {
-    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 QFont family_or_substitute(const Substitute& substitute) {
-    const QString family = family_name(substitute.missing);
+    const QString family = QString::fromLatin1(substitute.missing);
     if (QFontDatabase::hasFamily(family))
         return QFont(family);
     QFont font(substitute.family);
@@ -54,7 +50,7 @@ QFont family_font(std::string_view name) {
     }();
     const auto* const substitute = std::ranges::find(substitutes, name, &Substitute::missing);
     if (substitute == substitutes.end())
-        return QFont(family_name(name));
+        return QFont(QString::fromLatin1(name));
     return fonts.at(static_cast<std::size_t>(substitute - substitutes.begin()));
 }
 

@@ -16,14 +16,6 @@ QPainterPath triangle(QPointF tip, QPointF first, QPointF second) {
     return path;
 }
 
-QPainterPath left_arrow() {
-    return triangle({0.22, 0.5}, {0.72, 0.06}, {0.72, 0.94});
-}
-
-QPainterPath right_arrow() {
-    return triangle({0.78, 0.5}, {0.28, 0.06}, {0.28, 0.94});
-}
-
 /// Three quarters of a ring, open at the top right, with the head of an arrow at its end.
 QPainterPath circular_arrow() {
     const QRectF circle(0.16, 0.16, 0.68, 0.68);
@@ -41,9 +33,9 @@ QPainterPath circular_arrow() {
 QPainterPath symbol_path(QChar symbol) {
     switch (symbol.unicode()) {
     case u'3':
-        return left_arrow();
+        return triangle({0.22, 0.5}, {0.72, 0.06}, {0.72, 0.94});
     case u'4':
-        return right_arrow();
+        return triangle({0.78, 0.5}, {0.28, 0.06}, {0.28, 0.94});
     case u'q':
         return circular_arrow();
     default:

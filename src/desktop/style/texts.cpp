@@ -35,8 +35,4 @@ const std::string& name_or(const std::string& accessible_name, const std::string
     return accessible_name.empty() ? seen_text : accessible_name;
 }
 
-std::string typed_bytes(const QString& text) {
-    return text.toStdString();
-}
-
 } // namespace lookfar::desktop

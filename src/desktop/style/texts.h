@@ -21,7 +21,4 @@ QString on_one_line(QString text, const QString& in_place_of_breaks);
 /// that its user sees.
 const std::string& name_or(const std::string& accessible_name, const std::string& seen_text);
 
-/// What the user typed, as UTF-8.
-std::string typed_bytes(const QString& text);
-
 } // namespace lookfar::desktop
