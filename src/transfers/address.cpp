@@ -71,7 +71,7 @@ std::string whole(CURLU* url) {
 Address address_of(std::string_view text) {
     if (text.size() > longest_address)
         throw Failure(CURLE_URL_MALFORMAT, "The address is too long.");
-    const UrlHandle url = make_url_handle();
+    const auto url = owned<UrlHandle>(curl_url(), CURLE_OUT_OF_MEMORY);
     require(curl_url_set(url.get(), CURLUPART_URL, url_text_of(text).c_str(), 0));
     require(curl_url_set(url.get(), CURLUPART_FRAGMENT, nullptr, 0));
     Address address;

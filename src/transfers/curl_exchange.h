@@ -70,7 +70,7 @@ class CurlExchange {
     AnswerBody body_;
     std::array<char, CURL_ERROR_SIZE> error_text_{};
     HeaderLines header_lines_;
-    EasyHandle easy_ = make_easy_handle();
+    EasyHandle easy_ = owned<EasyHandle>(curl_easy_init());
 };
 
 } // namespace lookfar

@@ -17,27 +17,6 @@ CurlLibrary::~CurlLibrary() {
     curl_global_cleanup();
 }
 
-EasyHandle make_easy_handle() {
-    EasyHandle handle(curl_easy_init());
-    if (!handle)
-        throw failure_of(CURLE_FAILED_INIT);
-    return handle;
-}
-
-MultiHandle make_multi_handle() {
-    MultiHandle handle(curl_multi_init());
-    if (!handle)
-        throw failure_of(CURLE_FAILED_INIT);
-    return handle;
-}
-
-UrlHandle make_url_handle() {
-    UrlHandle handle(curl_url());
-    if (!handle)
-        throw failure_of(CURLE_OUT_OF_MEMORY);
-    return handle;
-}
-
 std::string final_url(CURL* handle) {
     const char* url = nullptr;
     curl_easy_getinfo(handle, CURLINFO_EFFECTIVE_URL, &url);

@@ -37,10 +37,13 @@ using UrlHandle = std::unique_ptr<CURLU, Cleanup<curl_url_cleanup>>;
 using CurlText = std::unique_ptr<char, Cleanup<curl_free>>;
 using HeaderLines = std::unique_ptr<curl_slist, Cleanup<curl_slist_free_all>>;
 
-/// They throw a Failure if libcurl gives no handle.
-EasyHandle make_easy_handle();
-MultiHandle make_multi_handle();
-UrlHandle make_url_handle();
+/// Takes over what libcurl has made. Throws a Failure with the code if that is nothing.
+template <class Handle>
+Handle owned(typename Handle::pointer made, CURLcode code = CURLE_FAILED_INIT) {
+    if (!made)
+        throw failure_of(code);
+    return Handle(made);
+}
 
 /// The URL that was asked last, behind all redirects.
 std::string final_url(CURL* handle);

@@ -189,7 +189,7 @@ class CurlTransfers::Worker {
 
     const Post post_;
     const CurlLibrary library_;
-    const MultiHandle multi_ = make_multi_handle();
+    const MultiHandle multi_ = owned<MultiHandle>(curl_multi_init());
     std::mutex mutex_;
     std::vector<std::shared_ptr<TransferTicket>> waiting_;
     /// These are touched on the worker's thread only, and after its end.

@@ -101,7 +101,7 @@ bool is_excepted(const std::string& host, std::string_view exceptions) {
 } // namespace
 
 bool is_asked_by_proxy(const std::string& url) {
-    const UrlHandle parts = make_url_handle();
+    const auto parts = owned<UrlHandle>(curl_url(), CURLE_OUT_OF_MEMORY);
     if (curl_url_set(parts.get(), CURLUPART_URL, url.c_str(), 0) != CURLUE_OK)
         return false;
     const std::string_view exceptions = first_set({"no_proxy", "NO_PROXY"});
