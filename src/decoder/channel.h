@@ -45,7 +45,8 @@ bool send(int socket, std::span<std::uint8_t> bytes, const Descriptor& descripto
 
 template <class Message>
 bool send(int socket, Message message, const Descriptor& descriptor = {}) {
-    static_assert(std::has_unique_object_representations_v<Message>);
+    static_assert(std::has_unique_object_representations_v<Message>,
+                  "no padding may carry what the memory held before");
     return send(socket, {reinterpret_cast<std::uint8_t*>(&message), sizeof message}, descriptor);
 }
 

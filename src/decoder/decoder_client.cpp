@@ -17,14 +17,6 @@ using Clock = std::chrono::steady_clock;
 /// Those that every decoder reads.
 constexpr std::uint32_t usual_formats = (1U << (picture_formats.size() - 1)) - 1;
 
-std::string media_types_of(std::uint32_t formats) {
-    std::string types;
-    for (std::size_t index = 0; index < picture_formats.size(); ++index)
-        if ((formats & 1U << index) != 0)
-            types.append(types.empty() ? "" : ",").append("image/").append(picture_formats[index]);
-    return types;
-}
-
 } // namespace
 
 DecoderClient::DecoderClient(std::filesystem::path program, Clock::duration longest)
@@ -37,7 +29,12 @@ bool DecoderClient::prepare() {
 }
 
 std::string DecoderClient::media_types() const {
-    return media_types_of(formats_.value_or(usual_formats));
+    const std::uint32_t formats = formats_.value_or(usual_formats);
+    std::string types;
+    for (std::size_t index = 0; index < picture_formats.size(); ++index)
+        if ((formats & 1U << index) != 0)
+            types.append(types.empty() ? "" : ",").append("image/").append(picture_formats[index]);
+    return types;
 }
 
 void DecoderClient::start(std::span<const std::uint8_t> bytes) {

@@ -97,13 +97,11 @@ std::filesystem::path decoder_of_this_program() {
     return std::filesystem::exists(beside, ignored) ? beside : folder / LOOKFAR_INSTALLED_DECODER;
 }
 
-DecoderProcess::DecoderProcess(const std::filesystem::path& program)
-    : DecoderProcess(program, connected_sockets()) {}
-
-DecoderProcess::DecoderProcess(const std::filesystem::path& program,
-                               std::pair<Descriptor, Descriptor> sockets)
-    : socket_(std::move(sockets.first)),
-      process_(spawn(program.string(), sockets.second.number())) {}
+DecoderProcess::DecoderProcess(const std::filesystem::path& program) {
+    auto sockets = connected_sockets();
+    process_ = spawn(program.string(), sockets.second.number());
+    socket_ = std::move(sockets.first);
+}
 
 DecoderProcess::~DecoderProcess() {
     ::kill(process_, SIGKILL);

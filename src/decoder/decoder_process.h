@@ -5,7 +5,6 @@
 #include <chrono>
 #include <filesystem>
 #include <sys/types.h>
-#include <utility>
 
 namespace lookfar::decoder {
 
@@ -32,8 +31,6 @@ class DecoderProcess {
     void allow_processor_time(std::chrono::seconds time) const;
 
   private:
-    DecoderProcess(const std::filesystem::path& program, std::pair<Descriptor, Descriptor> sockets);
-
     Descriptor socket_;
     pid_t process_;
 };

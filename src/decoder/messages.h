@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
 
 namespace lookfar::decoder {
 
@@ -63,10 +62,5 @@ struct Reply {
     /// Why there are no pixels, for the user; ends with its first zero.
     std::array<char, 232> text{};
 };
-
-static_assert(std::has_unique_object_representations_v<Greeting> &&
-                  std::has_unique_object_representations_v<Order> &&
-                  std::has_unique_object_representations_v<Reply>,
-              "no padding may carry what the memory held before");
 
 } // namespace lookfar::decoder
