@@ -8,7 +8,6 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <utility>
 
@@ -21,21 +20,6 @@ namespace {
 constexpr int deepest_nesting = 4;
 
 } // namespace
-
-/// Counts the handlers on the stack; with the last one the unloaded windows go.
-class Runtime::RunningHandler {
-  public:
-    explicit RunningHandler(Runtime& runtime) : runtime_(runtime) { ++runtime_.running_handlers_; }
-    RunningHandler(const RunningHandler&) = delete;
-    RunningHandler& operator=(const RunningHandler&) = delete;
-    ~RunningHandler() {
-        if (--runtime_.running_handlers_ == 0)
-            runtime_.retired_.clear();
-    }
-
-  private:
-    Runtime& runtime_;
-};
 
 Runtime::Runtime(Platform& platform, IdleTicks idle_ticks)
     : platform_(platform),
@@ -58,22 +42,9 @@ void Runtime::DoEvents() {
     timers_.serve_due();
 }
 
-void Runtime::End() {
-    platform_.end();
-    std::abort();
-}
-
 MessageBoxAnswer Runtime::MsgBox(const std::string& text, MessageBoxFlag flags,
                                  const std::string& title) {
     return platform_.ask({.text = text, .flags = flags, .title = title});
-}
-
-std::string Runtime::CurrentDirectory() const {
-    return platform_.disk().current_directory();
-}
-
-void Runtime::OpenLink(const std::string& address) {
-    platform_.open_link(address);
 }
 
 Size Runtime::Screen() const {
@@ -99,7 +70,13 @@ std::string Runtime::TimeOfDay() const {
 }
 
 void Runtime::deliver(const std::function<void()>& handler) {
-    const RunningHandler running(*this);
+    run(handler);
+    if (running_handlers_ == 0)
+        retired_.clear();
+}
+
+void Runtime::run(const std::function<void()>& handler) {
+    const ScopedValue running(running_handlers_, running_handlers_ + 1);
     try {
         handler();
     } catch (const Failure& failure) {

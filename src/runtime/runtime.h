@@ -39,16 +39,16 @@ class Runtime {
     /// is pending comes when the loop runs next.
     void DoEvents();
     /// Stops the program on the spot.
-    [[noreturn]] void End();
+    [[noreturn]] void End() { platform_.end(); }
 
     /// Shows a modal box and gives back the button pressed. The message loop runs meanwhile.
     MessageBoxAnswer MsgBox(const std::string& text, MessageBoxFlag flags,
                             const std::string& title = {});
 
     /// The current directory's absolute path.
-    std::string CurrentDirectory() const;
+    std::string CurrentDirectory() const { return platform_.disk().current_directory(); }
     /// Hands an address to the user's default program for its scheme; a failure is not noticed.
-    void OpenLink(const std::string& address);
+    void OpenLink(const std::string& address) { platform_.open_link(address); }
     /// Gives the clipboard a copy of the picture as it is now.
     void CopyPicture(const Picture& picture) { platform_.copy_picture(picture); }
     /// Lets the user drag the picture to another program; to be called while a mouse button is
@@ -82,7 +82,7 @@ class Runtime {
     void retire(std::unique_ptr<Form> form);
 
   private:
-    class RunningHandler;
+    void run(const std::function<void()>& handler);
 
     Platform& platform_;
     NumberedFiles files_;
