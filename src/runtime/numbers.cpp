@@ -2,6 +2,7 @@
 
 #include "runtime/failure.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -14,14 +15,8 @@ namespace lookfar {
 
 namespace {
 
-bool is_blank(char character) {
-    return character == ' ' || character == '\t';
-}
-
 std::string_view without_leading_blanks(std::string_view text) {
-    while (!text.empty() && is_blank(text.front()))
-        text.remove_prefix(1);
-    return text;
+    return text.substr(std::min(text.find_first_not_of(" \t"), text.size()));
 }
 
 /// A number at the start of a text, and what stands behind it.
@@ -47,14 +42,12 @@ Reading read_number(std::string_view text) {
     if (is_negative || text.starts_with('+'))
         text.remove_prefix(1);
     // std::from_chars takes words such as "inf" and a sign of its own, which are no number here.
-    const bool starts_well =
-        !text.empty() && (text.front() == '.' || (text.front() >= '0' && text.front() <= '9'));
-    if (!starts_well)
-        return {.found = false, .value = 0, .rest = text};
+    if (text.find_first_of(".0123456789") != 0)
+        return {};
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::invalid_argument)
-        return {.found = false, .value = 0, .rest = text};
+        return {};
     const auto length = static_cast<std::size_t>(end - text.data());
     if (error == std::errc::result_out_of_range)
         value = value_out_of_range(std::string(text.substr(0, length)));
