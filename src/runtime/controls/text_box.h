@@ -6,34 +6,11 @@
 
 namespace lookfar {
 
-/// The keys that handlers know by a name; digits and letters have the code of their capital
-/// character.
+/// The keys that handlers know; all others are one to them.
 enum class KeyCode : short {
-    none = 0,
-    backspace = 8,
-    tab = 9,
-    enter = 13,
-    shift = 16,
-    control = 17,
-    alt = 18,
-    pause = 19,
-    escape = 27,
-    space = 32,
-    page_up = 33,
-    page_down = 34,
-    end = 35,
-    home = 36,
-    left = 37,
+    other = 0,
     up = 38,
-    right = 39,
     down = 40,
-    insert = 45,
-    del = 46,
-    f1 = 112,
-    plus = 187,
-    comma = 188,
-    minus = 189,
-    period = 190,
 };
 
 /// What the line breaks become that a user types or pastes into a text box.
