@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace lookfar {
 

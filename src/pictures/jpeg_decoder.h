@@ -1,6 +1,5 @@
 #pragma once
 
-#include "runtime/failure.h"
 #include "runtime/pictures/picture.h"
 
 #include <cstdint>

@@ -4,7 +4,6 @@
 #include "transfers/curl_handles.h"
 
 #include <chrono>
-#include <string>
 
 namespace lookfar {
 

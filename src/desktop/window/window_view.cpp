@@ -14,7 +14,6 @@
 #include <QScreen>
 #include <QWindow>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 

@@ -4,7 +4,6 @@
 #include "runtime/property.h"
 #include "runtime/transfer.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 

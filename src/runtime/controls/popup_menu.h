@@ -2,7 +2,6 @@
 
 #include "runtime/element.h"
 #include "runtime/event.h"
-#include "runtime/property.h"
 
 #include <string>
 #include <vector>
