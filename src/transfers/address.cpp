@@ -51,8 +51,10 @@ class Utf8HostNames {
 /// Cuts the part out of the URL. It is empty where the URL has none.
 std::string extract(CURLU* url, CURLUPart part) {
     char* text = nullptr;
-    if (curl_url_get(url, part, &text, CURLU_URLDECODE) != CURLUE_OK)
+    const CURLUcode code = curl_url_get(url, part, &text, CURLU_URLDECODE);
+    if (code == CURLUE_NO_USER || code == CURLUE_NO_PASSWORD)
         return {};
+    require(code);
     const CurlText owner(text);
     require(curl_url_set(url, part, nullptr, 0));
     return text;
