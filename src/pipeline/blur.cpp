@@ -14,20 +14,19 @@ namespace {
 /// Three bytes a pixel: the bytes three before and three behind are of the same colour.
 constexpr std::ptrdiff_t pixel = 3;
 
-/// Targets are computed four pixels at a time.
-constexpr std::ptrdiff_t step = 4 * pixel;
+/// Targets are computed two pixels at a time.
+constexpr std::ptrdiff_t step = 2 * pixel;
 
 /// The steps are computed in blocks that fit into the innermost cache.
-constexpr std::ptrdiff_t block_size = 128 * step;
+constexpr std::ptrdiff_t block_size = 1024 * step;
 
-/// Values that the processor handles at once. A step fills one and a half vectors of them.
+/// Values that the processor handles at once: those of a step, and some of the next one, which are
+/// not used.
 constexpr std::ptrdiff_t lanes = 8;
 using Sums [[gnu::vector_size(lanes * sizeof(std::uint16_t))]] = std::uint16_t;
 using Bytes [[gnu::vector_size(lanes)]] = std::uint8_t;
 
-/// A step reads the sums of the three pixels before it, and some behind it that it does not use.
-constexpr std::ptrdiff_t sums_before = 3 * pixel;
-constexpr std::ptrdiff_t sums_behind = 2 * lanes - step;
+constexpr std::ptrdiff_t beyond_step = lanes - step;
 
 /// Where the filter reads and writes: the same index in both is the same byte.
 struct Buffers {
@@ -44,60 +43,50 @@ void add_neighbours(const std::uint8_t* above, const std::uint8_t* old_targets,
                                                  old_targets[index + stride]);
 }
 
-/// Sums before a block that lead to the three bytes before it, (0 + 4 * byte) / 4, where the sums
-/// before those are zero.
-void add_past(const std::uint8_t* targets, std::uint16_t* sums) {
-    for (std::ptrdiff_t index = -pixel; index < 0; ++index)
-        sums[index] = static_cast<std::uint16_t>(4 * targets[index]);
-}
-
 Sums load(const std::uint16_t* sums) {
     Sums loaded{};
     std::memcpy(&loaded, sums, sizeof loaded);
     return loaded;
 }
 
-void store(const Sums& means, std::ptrdiff_t count, std::uint8_t* targets) {
+/// What this writes beyond the step is computed next, and nothing reads it until then. To leave it
+/// out would take two writes.
+void store(const Sums& means, std::uint8_t* targets) {
     const Bytes bytes = __builtin_convertvector(means, Bytes);
-    std::memcpy(targets, &bytes, static_cast<std::size_t>(count));
-}
-
-/// The means twelve bytes behind the given ones.
-///
-/// Each colour is a chain, mean[i] = (mean[i - 3] + sum[i]) / 4. Truncating divisions nest,
-/// ((m + a) / 4 + b) / 4 = (m + a + 4 * b) / 16, and so four links make one, which leaves no
-/// target of a step waiting for another. It fits into 16 bits: 255 + (1 + 4 + 16 + 64) * 765 is
-/// less than 65536.
-Sums four_links_on(const Sums& means, const std::uint16_t* sums) {
-    return (means + (load(sums - 3 * pixel) + 4 * load(sums - 2 * pixel) + 16 * load(sums - pixel) +
-                     64 * load(sums))) /
-           256;
+    std::memcpy(targets, &bytes, sizeof bytes);
 }
 
 /// The means of a block, from its sums.
-void average_along_row(std::uint8_t* targets, std::ptrdiff_t count, const std::uint16_t* sums) {
-    Sums front{};
-    Sums back{0, targets[-3], targets[-2], targets[-1]};
+///
+/// Each colour is a chain, mean[i] = (mean[i - 3] + sum[i]) / 4. Truncating divisions nest,
+/// ((m + a) / 4 + b) / 4 = (m + a + 4 * b) / 16, and so two links make one, which leaves no target
+/// of a step waiting for another. The sum before a block is four times the mean before it, which
+/// leads there from nothing: (0 + 4 * mean) / 4.
+void average_along_row(std::uint8_t* targets, std::ptrdiff_t count, std::uint16_t* sums) {
+    Sums means{};
+    for (std::ptrdiff_t colour = 0; colour < pixel; ++colour) {
+        const std::uint8_t mean_before = targets[colour - pixel];
+        sums[colour - pixel] = static_cast<std::uint16_t>(4 * mean_before);
+        means[colour + pixel] = mean_before;
+    }
     for (std::ptrdiff_t index = 0; index < count; index += step) {
-        front = four_links_on(front, sums + index);
-        back = four_links_on(back, sums + index + lanes);
-        store(front, lanes, targets + index);
-        store(back, step - lanes, targets + index + lanes);
+        means = (means + load(sums + index - pixel) + 4 * load(sums + index)) / 16;
+        store(means, targets + index);
     }
 }
 
-/// Targets from `first` on whose four neighbours all lie in the buffer, as far as whole steps
-/// go; gives back the first target that is left.
+/// Targets from `first` on whose four neighbours all lie in the buffer, as far as whole steps go
+/// and leave some before the end; gives back the first target that is left.
 std::ptrdiff_t blur_inside(const Buffers& buffers, std::ptrdiff_t first, std::ptrdiff_t end,
                            std::ptrdiff_t stride) {
     // The row above a block must be finished before the block is begun.
     const std::ptrdiff_t longest = std::min(block_size, stride - stride % step);
-    std::array<std::uint16_t, sums_before + block_size + sums_behind> buffer{};
-    std::uint16_t* const sums = buffer.data() + sums_before;
+    std::array<std::uint16_t, pixel + block_size + beyond_step> buffer{};
+    std::uint16_t* const sums = buffer.data() + pixel;
+    end -= beyond_step;
     while (longest > 0 && end - first >= step) {
         const std::ptrdiff_t count = std::min(longest, end - first - (end - first) % step);
         std::uint8_t* const targets = buffers.new_bytes.data() + first;
-        add_past(targets, sums);
         add_neighbours(targets - stride, buffers.old_bytes.data() + first, count, stride, sums);
         average_along_row(targets, count, sums);
         first += count;
