@@ -79,10 +79,12 @@ class DesktopTest : public ::testing::Test {
     unsigned pixel(const Form& form, int x, int y) { return pixels(form).pixel(x, y) & 0xFFFFFFU; }
 
     /// The same as the X server shows it; a grab of pixels would paint them first.
-    unsigned on_screen(const Form& form, int x, int y) {
+    QImage on_screen(const Form& form) {
         const WindowView& view = window(form);
-        const QPixmap shown = view.screen()->grabWindow(view.winId(), x, y, 1, 1);
-        return shown.toImage().pixel(0, 0) & 0xFFFFFFU;
+        return view.screen()->grabWindow(view.winId()).toImage();
+    }
+    unsigned on_screen(const Form& form, int x, int y) {
+        return on_screen(form).pixel(x, y) & 0xFFFFFFU;
     }
 
     int argument_count = 1;

@@ -49,7 +49,7 @@ void LabelCaption::draw(QPainter& painter, const QPoint& offset) const {
         return;
     }
     painter.save();
-    painter.setClipRect(extent().translated(offset), Qt::IntersectClip);
+    painter.setClipRect(extent().toAlignedRect().translated(offset), Qt::IntersectClip);
     text_.draw(painter, box_.topLeft() + offset);
     painter.restore();
 }
