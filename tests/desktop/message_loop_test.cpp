@@ -45,6 +45,24 @@ TEST_F(MessageLoopTest, DeliverPendingRunsWhatWasPostedOrIsDueAndReturns) {
     EXPECT_EQ(runs, 101);
 }
 
+TEST_F(MessageLoopTest, WhatTheUserHasDoneComesBeforeTheTicksThatAreDue) {
+    show(form);
+    form.Timer1.Enabled = false;
+    let_loop_come_round();
+    std::vector<std::string> order;
+    form.MouseDown.connect([&](MouseButton) { order.emplace_back("press"); });
+    platform.set_wake_handler([&] { order.emplace_back("ticks"); });
+    QTimer user;
+    user.setSingleShot(true);
+    user.callOnTimeout([&] {
+        platform.mailbox().post([&] { QTest::mousePress(&window(form), Qt::LeftButton); });
+    });
+    user.start(0);
+    platform.wake_at(platform.now());
+    EXPECT_TRUE(comes_true([&] { return order.size() == 2; }));
+    EXPECT_EQ(order, (std::vector<std::string>{"press", "ticks"}));
+}
+
 TEST_F(MessageLoopTest, MessageBoxesAnswerAsTheyAreClosedAndLetTicksComeEvenInATick) {
     using enum MessageBoxFlag;
     const struct {

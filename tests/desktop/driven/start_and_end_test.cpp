@@ -68,13 +68,23 @@ TEST_F(Start, WaitsForNoBusAndTellsAssistiveTechnologyOnceItIsThere) {
         expect_good_end();
         // Now nothing but the session's bus knows where that of assistive technology is.
         ASSERT_EQ(std::system("xprop -root -remove AT_SPI_BUS"), 0);
-        launch();
+        lookfar::testing::write_file("xdg-open", "#!/bin/sh\n"
+                                                 "printf %s \"$DBUS_SESSION_BUS_ADDRESS\" >bus\n");
+        std::filesystem::permissions("xdg-open", std::filesystem::perms::owner_all);
+        launch("PATH=$PWD:$PATH exec \"$0\"");
         EXPECT_TRUE(comes_true(
             [] { return std::system("xprop -name Lookfar WM_STATE >/dev/null 2>&1") == 0; }));
         EXPECT_TRUE(windows().empty());
     }
     EXPECT_TRUE(comes_up(title::main_window));
     EXPECT_TRUE(comes_to_read(title::main_window, "combo box 'Harbour"));
+    open_menu([this] { hands.click(picture(), MouseButton::right); });
+    hands.type("a");
+    ASSERT_TRUE(comes_up(title::about_window));
+    click(title::about_window, "link '" LOOKFAR_HOMEPAGE "'");
+    const std::string session_bus = qgetenv("DBUS_SESSION_BUS_ADDRESS").toStdString();
+    EXPECT_TRUE(comes_true([&] { return lookfar::testing::content_of("bus") == session_bus; }))
+        << "what the program opens for its user finds the bus";
 }
 
 TEST_F(End, ComesInGoodOrderWhenASignalAsksForIt) {

@@ -76,6 +76,9 @@ TEST_F(TwoScreensTest, AreTheOneWhereTheMainWindowStands) {
     cover.Hide();
     show(main);
     EXPECT_TRUE(comes_true([&] { return window(main).pos() == QPoint(550, 60); }));
+    main.Hide();
+    ASSERT_TRUE(comes_true([&] { return !window(main).isVisible(); }));
+    EXPECT_EQ(runtime.Screen(), (Size{6000, 9000})) << "where it stood when it was hidden";
 }
 
 TEST_F(TwoScreensTest, KeepTheMainWindowWithinReachWhenTheyMoveOrShrinkOrGo) {
@@ -153,6 +156,13 @@ TEST_F(WindowTest, LeavesNoWayFromItsWidgetsToControlsThatAreGone) {
     entry.setText("7");
     EXPECT_EQ(told, 0);
     EXPECT_EQ(entries.rowCount(), 0);
+}
+
+TEST_F(WindowTest, HearsNoPressOnAWidgetOfItsOwn) {
+    int presses = 0;
+    form.MouseDown.connect([&](MouseButton) { ++presses; });
+    QTest::mouseClick(&widget(form.Command1), Qt::RightButton);
+    EXPECT_EQ(presses, 0);
 }
 
 TEST_F(WindowTest, KeepsItsSizeAndTellsWhereItWasMoved) {
