@@ -1,3 +1,4 @@
+#include "support/failure_of.h"
 #include "support/started.h"
 
 #include <tuple>
@@ -26,13 +27,6 @@ TEST_F(Fetch, FitsThePictureWholeAndCentredIntoBothWindows) {
         EXPECT_TRUE(Form1->ImagNT1.Stretch && Form2->Image3.Stretch);
     }
     EXPECT_EQ(Form1->ImagNT1.bounds(), (Bounds{60, 121.875F, 4815, 3611.25F}));
-}
-
-TEST_F(Fetch, GivesEveryControlAPictureObjectOfItsOwn) {
-    refresh();
-    const std::set pictures{Form2->Picture1.Picture.get(), Form2->Image3.Picture.get(),
-                            Form1->ImagNT1.Picture.get()};
-    EXPECT_EQ(pictures.size(), 3U);
 }
 
 TEST_F(Fetch, WritesTheAnswerOverTheOldOneWithoutShorteningIt) {
@@ -137,13 +131,34 @@ TEST_F(Fetch, ReportsTheDifferenceWhereverTheClockIsSetAndAcrossMidnight) {
 
 TEST_F(Fetch, OfATextGivesTheBodyOrShowsTheFailure) {
     platform.cameras["page"] = {.outcome = Bytes{'t', 'e', 'x', 't'}};
+    EXPECT_TRUE(platform.is_proxy_asked);
     EXPECT_EQ(Form1->GetHTML("page"), "text");
+    EXPECT_FALSE(platform.is_proxy_asked);
     EXPECT_EQ(Form1->GetHTML("nowhere"), "");
     EXPECT_FALSE(Form2->Image3.Visible || Form2->Label3.Visible) << "the text comes with a blink";
     platform.run_for(milliseconds(500));
     expect_error_display(true);
     EXPECT_EQ(Form1->Label2.Caption.get(), "Error #6 ");
     EXPECT_EQ(Form2->Label3.Caption.get(), "Could not resolve host");
+}
+
+TEST_F(Fetch, FailsWhereItTakesTooLongOrComesSecondOrIsCancelled) {
+    platform.cameras = {{"good", {.outcome = Bytes{7}}},
+                        {"slow", {.outcome = Bytes{7}, .after = milliseconds(2001)}}};
+    Inet& Inet1 = Form1->Inet1;
+    Inet1.RequestTimeout = 2;
+    const auto number_of = [&](const std::string& url) {
+        const auto failure = failure_of([&] { Inet1.OpenURL(url, DataType::icByteArray); });
+        return failure ? failure->Number : 0;
+    };
+    EXPECT_EQ(number_of("slow"), 28) << "the whole wait is bounded by the time-out";
+    platform.after(milliseconds(50), [&] {
+        EXPECT_EQ(number_of("good"), 35764) << "only one at a time";
+        Inet1.Cancel();
+    });
+    EXPECT_EQ(number_of("good"), 35766);
+    EXPECT_EQ(platform.abandoned_transfers, 1);
+    EXPECT_EQ(number_of("good"), 0);
 }
 
 } // namespace

@@ -22,14 +22,6 @@ TEST(StartUp, DrawsEveryCamera) {
     EXPECT_EQ(drawn, (std::set<std::string>{"a", "b", "c"}));
 }
 
-TEST(StartUp, InAnEmptyFolderAsksForTheCameraOfAListOfItsOwn) {
-    Machine machine(0);
-    machine.start();
-    EXPECT_EQ(machine.platform.requests.size(), 1U);
-    EXPECT_TRUE(machine.platform.requests[0].starts_with("http://" LOOKFAR_DEFAULT_CAMERA_HOST));
-    EXPECT_TRUE(machine.platform.is_proxy_asked);
-}
-
 TEST(StartUp, SaysWhyTheListCantBeMadeAndGoesOnWithoutOne) {
     Machine machine(0);
     machine.platform.faulty_disk.fail("open-create-new Cams.inf.", EROFS);

@@ -3,7 +3,6 @@
 #include "decoder/channel.h"
 #include "decoder/memory_file.h"
 #include "decoder/messages.h"
-#include "runtime/pictures/picture.h"
 
 #include <array>
 #include <cerrno>

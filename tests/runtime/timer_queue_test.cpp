@@ -93,20 +93,6 @@ TEST_F(TimerTicks, FollowAHandlerThatStopsOrRestartsTimers) {
     EXPECT_EQ(armed_in(), std::nullopt);
 }
 
-TEST_F(TimerTicks, AtTheNextOpportunityAreHeldBackUntilAPropertyChanges) {
-    start(0, 1, {}, TickRule::after_a_change);
-    serve_after(1);
-    EXPECT_EQ(ticks, "A");
-    EXPECT_EQ(armed_in(), std::nullopt) << "at rest nothing wakes the process";
-    serve_after(500);
-    EXPECT_EQ(ticks, "A");
-
-    queue.count_change();
-    EXPECT_LE(armed_in(), 1);
-    serve_after(1);
-    EXPECT_EQ(ticks, "AA");
-}
-
 TEST_F(TimerTicks, FollowASlowHandlersChangesUnlessAnotherIsDueBefore) {
     start(0, 100, [this] {
         now += milliseconds(30);

@@ -41,18 +41,9 @@ class Fullscreen : public DrivenTest {
         ASSERT_TRUE(comes_up(title::fullscreen_window));
     }
 
-    void close_panel() {
-        const QRect selector = panel_selector();
-        // The arrow that moves the panel stands at its left end, in front of the selector.
-        hands.click({selector.left() - 22, selector.center().y()});
-        EXPECT_TRUE(stops_reading(title::fullscreen_window, "combo box"));
-    }
-
-    QRect panel_selector() const { return place(title::fullscreen_window, "combo box"); }
-
     /// Opens the selector's list and picks from it.
     void pick(const std::string& camera) {
-        hands.click(panel_selector().center());
+        click(title::fullscreen_window, "combo box");
         click(title::fullscreen_window, "list item '" + camera + "'");
         EXPECT_TRUE(comes_to_read(title::fullscreen_window, "combo box '" + camera + "'"));
         EXPECT_TRUE(comes_to_read(title::fullscreen_window, "label '" + camera + "'"));
@@ -89,24 +80,11 @@ TEST_F(Fullscreen, OpensAndLeavesOnADoubleClickAndHasAPanelThatPicksCameras) {
             << "a gap between the windows shows " << std::hex << colour;
 }
 
-TEST_F(Fullscreen, SlidesItsPanelOutOfTheWayAndGivesWayItselfWhenItIsClosed) {
-    open();
-    const QPoint under_panel = panel_selector().topLeft() - QPoint(4, 0);
-    const QColor nothing = colour_at({under_panel.y(), under_panel.y()});
-    EXPECT_FALSE(is_like(colour_at(under_panel), nothing));
-    close_panel();
-    EXPECT_TRUE(comes_to_show(under_panel, nothing));
-
-    close_window();
-    ASSERT_TRUE(comes_up(title::main_window));
-    EXPECT_TRUE(goes(title::fullscreen_window));
-    EXPECT_FALSE(has_ended());
-}
-
 TEST_F(Fullscreen, IsLaidOutAnewWhenTheScreenGetsAnotherSize) {
     const QColor shown = colour_of.at(selected_camera());
     open();
-    close_panel();
+    click(title::fullscreen_window, "push button");
+    EXPECT_TRUE(stops_reading(title::fullscreen_window, "combo box"));
     for (const char* const camera : {"/Harbour", "/Tower"})
         cameras->answer(camera, demo::stall());
     ASSERT_EQ(std::system("xrandr --newmode small 0 800 0 0 0 600 0 0 0 && "

@@ -1,7 +1,5 @@
 #include "desktop/driven/driven_test.h"
 
-#include <sys/types.h>
-
 namespace lookfar::driven {
 namespace {
 
@@ -32,25 +30,6 @@ TEST_F(MainWindow, IsItsUsersWhileACameraIsSlow) {
     click(title::about_window, "push button 'Ok'");
     EXPECT_TRUE(goes(title::about_window));
     EXPECT_TRUE(comes_up(title::main_window));
-}
-
-TEST_F(MainWindow, LivesThroughAStormOfPressesOnAStalledDesktop) {
-    constexpr int presses = 8000;
-    start({"Harbour"});
-    click(title::main_window, "push button 'Reload'");
-    EXPECT_TRUE(comes_to_be(State::focused, title::main_window, "push button 'Reload'"));
-    const auto process = static_cast<pid_t>(program.processId());
-    ::kill(process, SIGSTOP);
-    for (int press = 0; press < presses; ++press) {
-        hands.type(" ");
-        // A key that is pressed again at once would pass for one that is held.
-        hands.press(Key::shift);
-    }
-    ::kill(process, SIGCONT);
-    cameras->answer("/Harbour", showing(colour::blue));
-    EXPECT_TRUE(comes_to_show(picture(), colour::blue));
-    close_window();
-    expect_good_end();
 }
 
 } // namespace
