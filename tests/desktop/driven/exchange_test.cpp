@@ -113,6 +113,13 @@ TEST_F(Exchange, CopiesThePictureByTheKeyAndTakesAnAddressThatIsPasted) {
 
     fill_in(title::main_window, "Seconds until Refresh", "60");
     const auto before = cameras->requests();
+    const QPoint middle = picture();
+    // A drag that is over before the program hears of it is none, and keeps nothing from the keys.
+    ::kill(static_cast<pid_t>(program.processId()), SIGSTOP);
+    hands.take(middle);
+    hands.point_at(middle + QPoint(40, 0));
+    hands.let_go();
+    ::kill(static_cast<pid_t>(program.processId()), SIGCONT);
     hands.press(Key::f5);
     hands.press(Key::c, Key::control);
     EXPECT_TRUE(comes_true([&] { return cameras->requests() > before; }));
