@@ -30,6 +30,10 @@ TEST_F(MainWindow, IsItsUsersWhileACameraIsSlow) {
     click(title::about_window, "push button 'Ok'");
     EXPECT_TRUE(goes(title::about_window));
     EXPECT_TRUE(comes_up(title::main_window));
+
+    click(title::main_window, "push button 'Seconds until Refresh -'");
+    EXPECT_TRUE(comes_to_read(title::main_window, "text 'Seconds until Refresh' holding '9'"));
+    EXPECT_TRUE(comes_true([this] { return reader.heard("accessible-value"); }));
 }
 
 } // namespace

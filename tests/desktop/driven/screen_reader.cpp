@@ -14,7 +14,8 @@ namespace {
 
 constexpr std::string_view state_change = "object:state-changed:";
 constexpr std::array kinds{"object:announcement", "object:text-changed",
-                           "object:state-changed:expanded", "object:state-changed:showing"};
+                           "object:state-changed:expanded", "object:state-changed:showing",
+                           "object:property-change:accessible-value"};
 
 /// Takes an object of libatspi over.
 template <class Object>
