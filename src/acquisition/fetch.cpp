@@ -150,7 +150,7 @@ std::string MainWindow::GetHTML(const std::string& WWW_Adresse) {
         Inet1.AccessType = 1;
         Inet1.Protocol = 4;
         const auto body = Inet1.OpenURL(WWW_Adresse, DataType::icString);
-        return {body->bytes.begin(), body->bytes.end()};
+        return {body->bytes->begin(), body->bytes->end()};
     } catch (const Failure& failure) {
         write_error_captions(failure);
         Label2.Visible = true;

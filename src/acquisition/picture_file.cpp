@@ -18,7 +18,7 @@ PictureFile::PictureFile(Runtime& runtime, const DecodedBodyReference& body,
     : runtime_(runtime),
       path_(picture_path(runtime)),
       loader_(runtime.platform().disk(), body,
-              original_file_name(title, runtime.LocalTime(), body->bytes)) {
+              original_file_name(title, runtime.LocalTime(), *body->bytes)) {
     store();
 }
 

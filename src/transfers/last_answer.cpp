@@ -38,7 +38,7 @@ LastAnswer::outcome_without_decoding(const Answer& answer, const std::string& ad
     if (answer.status == not_modified)
         return Failure(not_modified,
                        "The camera answered 304 Not Modified without having been asked.");
-    if (!last_ || last_->body->bytes != answer.body)
+    if (!last_ || *last_->body->bytes != answer.body)
         return std::nullopt;
     last_ = known_answer(answer, address, last_->body);
     return last_->body;

@@ -85,7 +85,8 @@ PictureReference load(const DecodedBodyReference& body, const Bytes& file) {
 
 TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     Bytes file = picture_file(40, 30);
-    const auto body = decoded_body(file, decoded_picture(file), "");
+    auto body = decoded_body(file, decoded_picture(file), "");
+    const std::weak_ptr pixels = std::get<Pixels>(body->picture).bytes;
     const Bytes tail = detailed_jpeg(100, 100);
     file.insert(file.end(), tail.begin() + 500, tail.end());
     EXPECT_EQ(decode_pixels(file).width, 40) << "a picture ends where it ends";
@@ -105,6 +106,9 @@ TEST(Pictures, AreLoadedAsObjectsOfTheirOwnOnPixelsThatNeverChange) {
     }
     EXPECT_EQ(load(body, file)->bytes()[0], raw);
     EXPECT_THROW(load(body, picture_file(41, 30)), Failure) << "another program's picture";
+    body.reset();
+    EXPECT_TRUE(pixels.expired()) << "pictures with bytes of their own keep only their file";
+    EXPECT_EQ(first->original()->bytes->size() + tail.size() - 500, file.size());
 }
 
 /// A picture of 32 x 16 pixels with a white corner and an orientation mark.

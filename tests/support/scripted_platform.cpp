@@ -106,7 +106,7 @@ TransferOutcome ScriptedPlatform::decoded(Answer answer) {
     auto& body = std::get<Bytes>(answer);
     const std::string complaint = body.empty() ? "The camera's answer holds no bytes."
                                                : "The camera's answer is not a picture.";
-    if (!last_body_ || last_body_->bytes != body) {
+    if (!last_body_ || *last_body_->bytes != body) {
         auto picture = decoded_picture(body);
         last_body_ = decoded_body(std::move(body), std::move(picture), complaint);
     }

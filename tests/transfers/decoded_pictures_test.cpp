@@ -34,7 +34,7 @@ class DecodedPictures : public Transfers {
             loop.run_until([first = true]() mutable { return !std::exchange(first, false); });
         }
         auto body = std::get<DecodedBodyReference>(*std::move(outcome));
-        testing::write_file("picture", {body->bytes.begin(), body->bytes.end()});
+        testing::write_file("picture", {body->bytes->begin(), body->bytes->end()});
         return {*disk, std::move(body)};
     }
 

@@ -74,7 +74,7 @@ inline std::string text_of(const TransferOutcome& outcome) {
     const auto& [body, picture] = *std::get<DecodedBodyReference>(outcome);
     if (const auto* failure = std::get_if<Failure>(&picture))
         return failure->Description;
-    return {body.begin(), body.end()};
+    return {body->begin(), body->end()};
 }
 
 /// A variable of the environment for as long as this lives.

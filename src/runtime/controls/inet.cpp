@@ -18,7 +18,7 @@ DecodedBodyReference body_of(const TransferOutcome& outcome) {
     if (const auto* failure = std::get_if<Failure>(&outcome))
         throw *failure;
     auto body = std::get<DecodedBodyReference>(outcome);
-    if (body->bytes.empty())
+    if (body->bytes->empty())
         throw Failure(FailureKind::transfer_without_bytes,
                       std::get<Failure>(body->picture).Description);
     return body;

@@ -9,8 +9,8 @@ DecodedBodyReference decoded_body(Bytes bytes, DecodedPicture picture,
     const auto* const failure = std::get_if<Failure>(&picture);
     if (failure && failure->Kind == FailureKind::unknown_picture_format)
         picture = Failure(FailureKind::invalid_picture, complaint);
-    return std::make_shared<const DecodedBody>(
-        DecodedBody{.bytes = std::move(bytes), .picture = std::move(picture)});
+    return std::make_shared<const DecodedBody>(DecodedBody{
+        .bytes = std::make_shared<const Bytes>(std::move(bytes)), .picture = std::move(picture)});
 }
 
 } // namespace lookfar

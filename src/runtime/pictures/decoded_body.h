@@ -10,7 +10,8 @@ namespace lookfar {
 
 /// The body of an answer, and the picture that it holds or the reason why it holds none.
 struct DecodedBody {
-    Bytes bytes;
+    /// Shared by themselves: who keeps a picture's file needs none of its pixels.
+    std::shared_ptr<const Bytes> bytes;
     DecodedPicture picture;
 };
 

@@ -34,7 +34,7 @@ PictureLoader::PictureLoader(Disk& disk, DecodedBodyReference body, std::string 
     : disk_(disk),
       body_(std::move(body)),
       original_(std::make_shared<const OriginalFile>(
-          OriginalFile{.name = std::move(original_name), .bytes = {body_, &body_->bytes}})) {}
+          OriginalFile{.name = std::move(original_name), .bytes = body_->bytes})) {}
 
 PictureReference PictureLoader::LoadPicture(const std::string& path) {
     if (!begins_with_last_body(*disk_.open(path, OpenMode::read)))

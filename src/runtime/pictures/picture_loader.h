@@ -16,7 +16,7 @@ class PictureLoader {
     PictureLoader(Disk& disk, DecodedBodyReference body, std::string original_name = {});
 
     /// What a file must begin with.
-    const Bytes& bytes() const { return body_->bytes; }
+    const Bytes& bytes() const { return *body_->bytes; }
 
     /// A picture object of its own, whatever stands behind the body in the file. Throws the body's
     /// failure where it is no picture, one of the kind `file_in_use` where the file begins
